@@ -1,0 +1,68 @@
+#include "TerminalInteractionDriver.h"
+
+#include <string>
+
+#include "QL/CopySetting.h"
+
+namespace igd {
+
+int TerminalInteractionDriver::AskMessageBox(const Fnd::MessageBoxRequest& request) {
+    out_ << Fnd::ToUTF8(request.title) << ": " << Fnd::ToUTF8(request.text) << "\n";
+    if (!interactive_ || request.buttons.size() < 2)
+        return request.defaultButton;
+    for (std::size_t i = 0; i < request.buttons.size(); ++i)
+        out_ << "  " << (i + 1) << ") " << Fnd::ToUTF8(request.buttons[i])
+             << (static_cast<int>(i) == request.defaultButton ? " (default)" : "") << "\n";
+    out_ << "> " << std::flush;
+    std::string line;
+    if (!std::getline(in_, line))
+        return request.defaultButton;
+    try {
+        const int choice = std::stoi(line) - 1;
+        if (choice >= 0 && choice < static_cast<int>(request.buttons.size()))
+            return choice;
+    } catch (const std::exception&) {
+    }
+    return request.defaultButton;
+}
+
+Fnd::ExistingPathAnswer
+TerminalInteractionDriver::AskExistingPath(const Fnd::ExistingPathQuestion& question) {
+    Fnd::ExistingPathAnswer answer;
+    if (conflictAction_) {
+        answer.proceed = *conflictAction_ != 0;
+        answer.action = *conflictAction_;
+        answer.applyToAll = true;
+        return answer;
+    }
+    out_ << Fnd::ToUTF8(question.target)
+         << (question.onlyInCopyList ? " will be written by a waiting ingest.\n" : " exists already.\n");
+    if (!interactive_) {
+        out_ << "Cancelled: say what to do with --on-conflict.\n";
+        return answer;
+    }
+    out_ << "  s) skip   k) keep both   r) replace   c) cancel   (capital letter: the same for all)\n> "
+         << std::flush;
+    std::string line;
+    if (!std::getline(in_, line) || line.empty())
+        return answer;
+    const char key = line[0];
+    answer.applyToAll = key >= 'A' && key <= 'Z';
+    switch (key | 0x20) {
+    case 's':
+        answer.action = QL::kCopyActionSkip;
+        break;
+    case 'k':
+        answer.action = QL::kCopyActionKeepBoth;
+        break;
+    case 'r':
+        answer.action = QL::kCopyActionReplace;
+        break;
+    default:
+        return Fnd::ExistingPathAnswer{};
+    }
+    answer.proceed = true;
+    return answer;
+}
+
+} // namespace igd

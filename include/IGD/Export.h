@@ -1,0 +1,3 @@
+#pragma once
+
+#define IGD_EXPORT __attribute__((visibility("default")))

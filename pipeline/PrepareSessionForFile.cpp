@@ -1,0 +1,53 @@
+#include "pipeline/PrepareSessionForFile.h"
+
+#include "Fnd/PathUtils.h"
+#include "IGD/SelectedClipItem.h"
+#include "pipeline/CopyDecisions.h"
+#include "pipeline/GatherPathItems.h"
+#include "pipeline/ItemFormats.h"
+#include "pipeline/SingleFileSidecars.h"
+
+namespace IGD {
+namespace {
+
+// The file as a clip of its own, with the sidecars beside it. False when the path names no file.
+bool AddSingleFileItem(const Fnd::WString& path, IIngestDialogData& session) {
+    if (path.empty() || !Fnd::PathUtils::ExistsOnDisk(path, false) || Fnd::PathUtils::IsDirectory(path))
+        return false;
+    Fnd::WString drive;
+    Fnd::WString directory;
+    Fnd::WString stem;
+    Fnd::WString extension;
+    Fnd::PathUtils::SplitPath(path, &drive, &directory, &stem, &extension);
+    const Fnd::WString root = drive + directory;
+    const Fnd::WString fileName = stem + extension;
+
+    SelectedClipItemRef item(new SelectedClipItem(fileName));
+    AddExistingSidecars(*item, root, stem, extension);
+    item->SetItemFormat(kPlainDirectoryItemFormat);
+    item->SetClipGuid(fluxcore::utility::Guid::CreateUnique());
+    item->SetIsSingleFileType(true);
+    item->SetClipName(fileName);
+    session.AddSelectedItem(item);
+    session.SetSourceRoot(root);
+    return true;
+}
+
+} // namespace
+
+void PrepareSessionForFile(const Fnd::WString& path, IIngestDialogData& session, const Fnd::Date& /*date*/,
+                           bool gather, bool /*forceNames*/) {
+    if (gather)
+        GatherPathItems(session, path);
+    if (session.GetSelectedItems().empty() && !AddSingleFileItem(path, session))
+        return;
+    // Output names from the rename template are generated here.
+    CopyDecisionMap decisions;
+    if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),
+                            decisions))
+        return;
+    session.SetCopyDecisions(decisions);
+    // The metadata template's field set goes into the custom data here.
+}
+
+} // namespace IGD

@@ -1,0 +1,51 @@
+#pragma once
+// Every question the system asks a person goes through one interaction driver: the desktop host
+// shows real dialogs, the command-line host answers from flags or the terminal, tests script it.
+#include <memory>
+#include <vector>
+
+#include "Fnd/WString.h"
+
+namespace Fnd {
+
+enum class BoxIcon { None, Information, Warning, Error, Question, Stop };
+
+struct MessageBoxRequest {
+    WString title;
+    WString text;
+    std::vector<WString> buttons; // in display order; at least one
+    int defaultButton = 0;        // index into buttons
+    BoxIcon icon = BoxIcon::None;
+};
+
+// What to do about a copy target that exists already, or that a waiting task will create.
+struct ExistingPathQuestion {
+    WString source;
+    WString target;
+    bool isDirectory = false;
+    bool onlyInCopyList = false; // not on disk yet, but a queued task will write it
+    bool offerApplyToAll = true; // show the apply-to-all box
+    bool offerCancel = true;     // show Cancel, which gives up the whole request
+};
+
+// Copy actions: 1 skip (keep the existing target), 2 keep both (new unique name), 3 replace.
+struct ExistingPathAnswer {
+    bool proceed = false; // false: the user cancelled the whole request
+    int action = 0;
+    bool applyToAll = false;
+};
+
+class IInteractionDriver {
+public:
+    virtual ~IInteractionDriver() = default;
+    // Answers the index of the button pressed.
+    virtual int AskMessageBox(const MessageBoxRequest& request) = 0;
+    virtual ExistingPathAnswer AskExistingPath(const ExistingPathQuestion& question) = 0;
+};
+
+// Without an installed driver nobody can answer: every box answers its default button and every
+// existing-path question is cancelled, so nothing is ever overwritten unasked.
+IInteractionDriver& GetInteractionDriver();
+void SetInteractionDriver(std::shared_ptr<IInteractionDriver> driver);
+
+} // namespace Fnd

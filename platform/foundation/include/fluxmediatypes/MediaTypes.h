@@ -1,0 +1,15 @@
+#pragma once
+#include <cstdint>
+#include <limits>
+
+namespace fluxmediatypes {
+
+// Media time in ticks; the invalid value marks an unset point.
+using Time = std::int64_t;
+inline constexpr Time kTime_Invalid = std::numeric_limits<std::int64_t>::min();
+
+// Frame rate as the duration of one frame in ticks; zero means unset.
+using FrameRate = std::int64_t;
+inline constexpr FrameRate kFrameRate_Zero = 0;
+
+} // namespace fluxmediatypes

@@ -1,0 +1,175 @@
+#include "Fnd/WString.h"
+
+namespace Fnd {
+
+namespace {
+
+constexpr char32_t kReplacementCharacter = 0xFFFD;
+
+bool IsContinuation(unsigned char byte) {
+    return (byte & 0xC0) == 0x80;
+}
+
+void AppendCodePoint(WString& out, char32_t cp) {
+    if (cp < 0x10000) {
+        out.push_back(static_cast<WChar>(cp));
+    } else {
+        cp -= 0x10000;
+        out.push_back(static_cast<WChar>(0xD800 + (cp >> 10)));
+        out.push_back(static_cast<WChar>(0xDC00 + (cp & 0x3FF)));
+    }
+}
+
+void AppendUTF8(std::string& out, char32_t cp) {
+    if (cp < 0x80) {
+        out.push_back(static_cast<char>(cp));
+    } else if (cp < 0x800) {
+        out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
+        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    } else if (cp < 0x10000) {
+        out.push_back(static_cast<char>(0xE0 | (cp >> 12)));
+        out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    } else {
+        out.push_back(static_cast<char>(0xF0 | (cp >> 18)));
+        out.push_back(static_cast<char>(0x80 | ((cp >> 12) & 0x3F)));
+        out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
+        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+    }
+}
+
+// Decodes one sequence starting at utf8[i]. An ill-formed sequence yields one replacement
+// character for its longest valid prefix (at least one byte), so decoding resynchronises on the
+// next byte that could start a character, as Unicode recommends. Overlong forms, surrogates and
+// values above U+10FFFF are ill-formed.
+char32_t DecodeOne(std::string_view utf8, std::size_t& i) {
+    const auto lead = static_cast<unsigned char>(utf8[i++]);
+    if (lead < 0x80)
+        return lead;
+
+    int trailing = 0;
+    char32_t cp = 0;
+    unsigned char low = 0x80, high = 0xBF; // allowed range of the first continuation byte
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        trailing = 1;
+        cp = lead & 0x1F;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        trailing = 2;
+        cp = lead & 0x0F;
+        if (lead == 0xE0)
+            low = 0xA0; // overlong
+        else if (lead == 0xED)
+            high = 0x9F; // surrogates
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        trailing = 3;
+        cp = lead & 0x07;
+        if (lead == 0xF0)
+            low = 0x90; // overlong
+        else if (lead == 0xF4)
+            high = 0x8F; // above U+10FFFF
+    } else {
+        return kReplacementCharacter;
+    }
+
+    for (int k = 0; k < trailing; ++k) {
+        if (i >= utf8.size())
+            return kReplacementCharacter;
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if (k == 0 ? (byte < low || byte > high) : !IsContinuation(byte))
+            return kReplacementCharacter;
+        cp = (cp << 6) | (byte & 0x3F);
+        ++i;
+    }
+    return cp;
+}
+
+} // namespace
+
+WString FromUTF8(std::string_view utf8) {
+    WString out;
+    out.reserve(utf8.size());
+    std::size_t i = 0;
+    while (i < utf8.size()) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if (byte < 0x80) {
+            out.push_back(byte);
+            ++i;
+        } else {
+            AppendCodePoint(out, DecodeOne(utf8, i));
+        }
+    }
+    return out;
+}
+
+std::string ToUTF8(WStringView wide) {
+    // Paths are nearly always ASCII, and every existence test of a plan converts one: copy the
+    // ASCII run directly and fall into the general loop only at the first other character.
+    std::string out(wide.size(), '\0');
+    std::size_t ascii = 0;
+    while (ascii < wide.size() && wide[ascii] < 0x80) {
+        out[ascii] = static_cast<char>(wide[ascii]);
+        ++ascii;
+    }
+    out.resize(ascii);
+    if (ascii == wide.size())
+        return out;
+    out.reserve(wide.size() + wide.size() / 2);
+    for (std::size_t i = ascii; i < wide.size(); ++i) {
+        const char32_t unit = wide[i];
+        if (unit < 0xD800 || unit > 0xDFFF) {
+            AppendUTF8(out, unit);
+        } else if (unit <= 0xDBFF && i + 1 < wide.size() && wide[i + 1] >= 0xDC00 && wide[i + 1] <= 0xDFFF) {
+            AppendUTF8(out, 0x10000 + ((unit - 0xD800) << 10) + (wide[i + 1] - 0xDC00));
+            ++i;
+        } else {
+            // An unpaired surrogate cannot be written as UTF-8.
+            AppendUTF8(out, kReplacementCharacter);
+        }
+    }
+    return out;
+}
+
+WString FromASCII(std::string_view ascii) {
+    WString out;
+    out.reserve(ascii.size());
+    for (char c : ascii) {
+        const auto byte = static_cast<unsigned char>(c);
+        out.push_back(byte < 0x80 ? static_cast<WChar>(byte) : static_cast<WChar>(kReplacementCharacter));
+    }
+    return out;
+}
+
+WString ToDecimal(std::uint64_t value) {
+    WChar digits[20];
+    std::size_t count = 0;
+    do {
+        digits[count++] = static_cast<WChar>(u'0' + value % 10);
+        value /= 10;
+    } while (value != 0);
+    WString out;
+    out.reserve(count);
+    while (count > 0)
+        out.push_back(digits[--count]);
+    return out;
+}
+
+bool EqualsIgnoringASCIICase(WStringView a, WStringView b) {
+    if (a.size() != b.size())
+        return false;
+    auto fold = [](WChar c) { return (c >= u'A' && c <= u'Z') ? static_cast<WChar>(c + (u'a' - u'A')) : c; };
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (fold(a[i]) != fold(b[i]))
+            return false;
+    }
+    return true;
+}
+
+WString Trim(WStringView text, WStringView characters) {
+    const auto first = text.find_first_not_of(characters);
+    if (first == WStringView::npos)
+        return {};
+    const auto last = text.find_last_not_of(characters);
+    return WString(text.substr(first, last - first + 1));
+}
+
+} // namespace Fnd

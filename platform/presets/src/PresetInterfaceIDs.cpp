@@ -1,0 +1,16 @@
+#include "QL/IQLPreset.h"
+#include "QL/IQLPresetField.h"
+
+namespace QL {
+
+const Fnd::InterfaceID& IQLPreset::GetInterfaceID() {
+    static const Fnd::InterfaceID id = Fnd::MakeInterfaceID("{2C7A9E51-3F0B-4D86-B2E4-71A05C9D3E62}");
+    return id;
+}
+
+const Fnd::InterfaceID& IQLPresetField::GetInterfaceID() {
+    static const Fnd::InterfaceID id = Fnd::MakeInterfaceID("{C41D6B08-8A2F-4E97-95C3-0F6E2B7A1D58}");
+    return id;
+}
+
+} // namespace QL

@@ -1,0 +1,36 @@
+#pragma once
+#include <string_view>
+#include <utility>
+
+#include "Fnd/Listener.h"
+#include "Fnd/Message.h"
+#include "Fnd/WString.h"
+#include "fluxcore/Guid.h"
+
+namespace QL {
+
+// The station of all ingest messages.
+inline const Fnd::StationID kStation_IngestMedia{"QL.IngestMedia"};
+
+// Run all tasks submitted under the batch. target is the dialog's target bin, else empty.
+struct StartIngestMessage : Fnd::MessageT<StartIngestMessage> {
+    static constexpr std::string_view kTypeName = "QL::StartIngestMessage";
+    StartIngestMessage() = default;
+    StartIngestMessage(fluxcore::utility::Guid b, Fnd::WString t) : batch(b), target(std::move(t)) {}
+    fluxcore::utility::Guid batch;
+    Fnd::WString target;
+};
+
+struct PauseIngestMessage : Fnd::MessageT<PauseIngestMessage> {
+    static constexpr std::string_view kTypeName = "QL::PauseIngestMessage";
+};
+
+struct ResumeIngestMessage : Fnd::MessageT<ResumeIngestMessage> {
+    static constexpr std::string_view kTypeName = "QL::ResumeIngestMessage";
+};
+
+struct CancelIngestMessage : Fnd::MessageT<CancelIngestMessage> {
+    static constexpr std::string_view kTypeName = "QL::CancelIngestMessage";
+};
+
+} // namespace QL

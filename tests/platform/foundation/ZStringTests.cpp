@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include "fluxcore/ConfigError.h"
+#include "fluxcore/Localizer.h"
+#include "fluxcore/ZString.h"
+#include "support/TempTree.h"
+
+using fluxcore::Localize;
+using fluxcore::ZString;
+using fluxcore::config::Localizer;
+using Fnd::WString;
+
+class LocalizedTextTest : public ::testing::Test {
+protected:
+    void SetUp() override { Localizer::Get().Clear(); }
+    void TearDown() override { Localizer::Get().Clear(); }
+};
+
+TEST_F(LocalizedTextTest, SplitsKeyAndDefaultAtTheFirstEquals) {
+    const ZString text("$$$/IGD/Summary/Ratio=a=b");
+    EXPECT_EQ(text.Key(), "$$$/IGD/Summary/Ratio");
+    EXPECT_EQ(text.DefaultText(), "a=b");
+
+    const ZString plain("Ingest");
+    EXPECT_EQ(plain.Key(), "");
+    EXPECT_EQ(plain.ToWString(), WString(u"Ingest"));
+
+    const ZString keyOnly("$$$/IGD/Missing/Text");
+    EXPECT_EQ(keyOnly.Key(), "$$$/IGD/Missing/Text");
+    EXPECT_EQ(keyOnly.ToWString(), WString(u"$$$/IGD/Missing/Text"));
+}
+
+TEST_F(LocalizedTextTest, ReplacesPlaceholdersAndLineBreaksInOnePass) {
+    EXPECT_EQ(Localize("$$$/IGD/Copy=Copy @0 to @1.", {u"clip.MOV", u"/media"}),
+              WString(u"Copy clip.MOV to /media."));
+    EXPECT_EQ(Localize("$$$/IGD/Two=First^nSecond"), WString(u"First\nSecond"));
+    // An argument's own text is never read as placeholders or breaks.
+    EXPECT_EQ(Localize("$$$/IGD/Args=@0|@1", {u"@1^n", u"x"}), WString(u"@1^n|x"));
+    // Missing arguments and lone markers stay as written.
+    EXPECT_EQ(Localize("$$$/IGD/Few=@0 @2 @a ^x @", {u"one"}), WString(u"one @2 @a ^x @"));
+    EXPECT_EQ(Localize("$$$/IGD/End=ends with ^"), WString(u"ends with ^"));
+    EXPECT_EQ(Localize("$$$/IGD/Utf8=Caf\xC3\xA9 \xF0\x9F\x8E\xAC"), WString(u"Caf\xE9 \xD83C\xDFAC"));
+}
+
+TEST_F(LocalizedTextTest, CatalogueOverridesTheDefault) {
+    Localizer::Get().SetTranslation("$$$/IGD/Copy", u"Kopiere @0^nnach @1");
+    EXPECT_EQ(Localize("$$$/IGD/Copy=Copy @0 to @1", {u"a", u"b"}), WString(u"Kopiere a\nnach b"));
+    EXPECT_EQ(Localize("$$$/IGD/Other=Other"), WString(u"Other"));
+    Localizer::Get().Clear();
+    EXPECT_EQ(Localize("$$$/IGD/Copy=Copy @0 to @1", {u"a", u"b"}), WString(u"Copy a to b"));
+}
+
+TEST_F(LocalizedTextTest, LoadsACatalogueFile) {
+    igd::test::TempTree folder;
+    folder.MakeFile("de.txt", "\xEF\xBB\xBF$$$/IGD/Title=Aufnahme\n"
+                              "# a comment\n"
+                              "\n"
+                              "$$$/IGD/Windows=Zeile\r\n"
+                              "not a catalogue line=ignored\n"
+                              "$$$/IGD/NoEquals\n"
+                              "$$$/IGD/Formula=a=b \xC3\xA4\n");
+    Localizer::Get().SetTranslation("$$$/IGD/Stale", u"replaced by the load");
+    ASSERT_TRUE(Localizer::Get().LoadCatalogue(folder.NativePath("de.txt")));
+
+    EXPECT_EQ(Localize("$$$/IGD/Title=Ingest"), WString(u"Aufnahme"));
+    EXPECT_EQ(Localize("$$$/IGD/Windows=Line"), WString(u"Zeile"));
+    EXPECT_EQ(Localize("$$$/IGD/Formula=x"), WString(u"a=b \xE4"));
+    EXPECT_FALSE(Localizer::Get().Lookup("$$$/IGD/NoEquals"));
+    EXPECT_FALSE(Localizer::Get().Lookup("not a catalogue line"));
+    EXPECT_FALSE(Localizer::Get().Lookup("$$$/IGD/Stale"));
+
+    EXPECT_FALSE(Localizer::Get().LoadCatalogue(folder.NativePath("missing.txt")));
+    EXPECT_EQ(Localize("$$$/IGD/Title=Ingest"), WString(u"Aufnahme"));
+}
+
+TEST_F(LocalizedTextTest, ThrowErrorCarriesKeyAndLocalisedText) {
+    constexpr const char* kInvalidConversion =
+        "$$$/fluxcore/utility/Error/InvalidTypeConversion=Invalid type conversion.";
+    try {
+        fluxcore::config::ThrowError(kInvalidConversion);
+        FAIL() << "ThrowError returned";
+    } catch (const fluxcore::config::Error& error) {
+        EXPECT_EQ(error.Key(), "$$$/fluxcore/utility/Error/InvalidTypeConversion");
+        EXPECT_EQ(error.Text(), WString(u"Invalid type conversion."));
+        EXPECT_STREQ(error.what(), "Invalid type conversion.");
+    }
+
+    Localizer::Get().SetTranslation("$$$/fluxcore/utility/Error/InvalidTypeConversion",
+                                    u"Ung\xFCltige Umwandlung");
+    try {
+        fluxcore::config::ThrowError(kInvalidConversion);
+        FAIL() << "ThrowError returned";
+    } catch (const fluxcore::config::Error& error) {
+        EXPECT_STREQ(error.what(), "Ung\xC3\xBCltige Umwandlung");
+    }
+}

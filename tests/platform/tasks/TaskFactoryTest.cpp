@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "Fnd/NullInterfaceException.h"
+#include "QL/TaskFactory.h"
+#include "support/RecordingTaskService.h"
+
+namespace {
+
+using namespace QL::IngestTask;
+using igd::test::ScopedTaskService;
+using igd::test::TaskKind;
+
+QL::IngestCustomData CustomDataWithPreset(const Fnd::WString& presetName) {
+    QL::IngestCustomData data;
+    auto set = std::make_shared<QL::MetadataFieldSet>();
+    set->presetName = presetName;
+    set->values[u"dc:creator"] = u"Ana";
+    data.metadataSets.push_back(set);
+    data.minimumMetadata.keywords.insert(u"rushes");
+    return data;
+}
+
+struct ForwardCase {
+    const char* operation;
+    TaskKind kind;
+    std::function<void(const fluxcore::utility::Guid&, const QL::IngestCustomData&)> submit;
+};
+
+class TaskFactoryForwarding : public testing::TestWithParam<ForwardCase> {};
+
+TEST_P(TaskFactoryForwarding, ReachesTheInstalledServiceWithBatchAndCustomData) {
+    ScopedTaskService tasks;
+    const auto batch = fluxcore::utility::Guid::CreateUnique();
+    GetParam().submit(batch, CustomDataWithPreset(u"Interview"));
+
+    ASSERT_EQ(tasks->Tasks().size(), 1u);
+    const igd::test::RecordedTask& task = tasks->Tasks()[0];
+    EXPECT_EQ(task.kind, GetParam().kind);
+    EXPECT_EQ(task.batch, batch);
+    ASSERT_EQ(task.customData.metadataSets.size(), 1u);
+    EXPECT_EQ(task.customData.metadataSets.front()->presetName, u"Interview");
+    EXPECT_EQ(task.customData.minimumMetadata.keywords.count(u"rushes"), 1u);
+}
+
+TEST_P(TaskFactoryForwarding, WithoutAServiceThrowsNamingTheOperation) {
+    ASSERT_EQ(GetTaskService(), nullptr);
+    try {
+        GetParam().submit(fluxcore::utility::Guid::CreateUnique(), {});
+        FAIL() << "no exception";
+    } catch (const Fnd::NullInterfaceException& e) {
+        EXPECT_NE(std::string(e.what()).find(GetParam().operation), std::string::npos) << e.what();
+        EXPECT_NE(std::string(e.what()).find("no task service"), std::string::npos) << e.what();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    AllOperations, TaskFactoryForwarding,
+    testing::Values(
+        ForwardCase{"SubmitCopyTask", TaskKind::Copy,
+                    [](auto& b, auto& d) { TaskFactory::SubmitCopyTask(CopySetting{}, b, d); }},
+        ForwardCase{"SubmitTranscodeTask", TaskKind::Transcode,
+                    [](auto& b, auto& d) { TaskFactory::SubmitTranscodeTask(TranscodeSetting{}, b, d); }},
+        ForwardCase{"SubmitConcatenateTask", TaskKind::Concatenate,
+                    [](auto& b, auto& d) { TaskFactory::SubmitConcatenateTask(TranscodeSetting{}, b, d); }},
+        ForwardCase{"SubmitImportTask", TaskKind::Import,
+                    [](auto& b, auto& d) { TaskFactory::SubmitImportTask(ImportSetting{}, b, d); }},
+        ForwardCase{
+            "SubmitUpdateMetadataTask", TaskKind::UpdateMetadata,
+            [](auto& b, auto& d) { TaskFactory::SubmitUpdateMetadataTask(UpdateMetadataSetting{}, b, d); }}),
+    [](const testing::TestParamInfo<ForwardCase>& c) { return std::string(c.param.operation); });
+
+TEST(TaskFactory, SubmissionsAreRecordedInOrder) {
+    ScopedTaskService tasks;
+    const auto batch = fluxcore::utility::Guid::CreateUnique();
+    TaskFactory::SubmitCopyTask(CopySetting{}, batch, {});
+    TaskFactory::SubmitCopyTask(CopySetting{}, batch, {});
+    TaskFactory::SubmitImportTask(ImportSetting{}, batch, {});
+
+    ASSERT_EQ(tasks->Tasks().size(), 3u);
+    EXPECT_EQ(tasks->Tasks()[2].kind, TaskKind::Import);
+    EXPECT_EQ(tasks->Count(TaskKind::Copy), 2u);
+    EXPECT_EQ(tasks->Count(TaskKind::Transcode), 0u);
+}
+
+// The planner reuses its objects between submissions; the record must show what was submitted
+// then, not what the objects hold later.
+TEST(TaskFactory, RecordIsADeepCopyOfTheSubmission) {
+    ScopedTaskService tasks;
+    CopySetting setting;
+    CopyUnitRef unit(new CopyUnit);
+    unit->entries.push_back({u"/card/A001.MOV", u"/dest/A001.MOV", QL::kCopyActionNone, false});
+    auto item = std::make_shared<QL::IngestItem>();
+    item->name = u"A001";
+    unit->importItems[u"/dest/A001.MOV"] = item;
+    setting.units.push_back(unit);
+    QL::IngestCustomData data = CustomDataWithPreset(u"Before");
+
+    TaskFactory::SubmitCopyTask(setting, fluxcore::utility::Guid::CreateUnique(), data);
+    unit->entries.front().target = u"/elsewhere";
+    item->name = u"changed";
+    data.metadataSets.front()->presetName = u"After";
+
+    const CopySetting& recorded = tasks->Tasks()[0].Copy();
+    ASSERT_EQ(recorded.units.size(), 1u);
+    EXPECT_NE(recorded.units.front().get(), unit.get());
+    EXPECT_EQ(recorded.units.front()->entries.front().target, u"/dest/A001.MOV");
+    EXPECT_EQ(recorded.units.front()->importItems.at(u"/dest/A001.MOV")->name, u"A001");
+    EXPECT_EQ(tasks->Tasks()[0].customData.metadataSets.front()->presetName, u"Before");
+}
+
+TEST(TaskFactory, ScopedServiceIsRemovedAtTheEndOfItsScope) {
+    {
+        ScopedTaskService tasks;
+        EXPECT_EQ(GetTaskService(), &tasks.Service());
+    }
+    EXPECT_EQ(GetTaskService(), nullptr);
+}
+
+TEST(TaskScheduler, IsPathInCopyListAsksTheServiceAndIsFalseWithoutOne) {
+    EXPECT_FALSE(TaskScheduler::IsPathInCopyList(u"/dest/A001.MOV"));
+    ScopedTaskService tasks;
+    tasks->AddPathInCopyList(u"/dest/A001.MOV");
+    EXPECT_TRUE(TaskScheduler::IsPathInCopyList(u"/dest/A001.MOV"));
+    EXPECT_FALSE(TaskScheduler::IsPathInCopyList(u"/dest/A002.MOV"));
+}
+
+} // namespace

@@ -1,0 +1,53 @@
+#include "support/ScriptedInteractionDriver.h"
+
+#include <gtest/gtest.h>
+
+namespace igd::test {
+
+void ScriptedInteractionDriver::QueueExistingPathAnswer(int action, bool applyToAll) {
+    existingPathAnswers_.push_back({true, action, applyToAll});
+}
+
+void ScriptedInteractionDriver::QueueExistingPathCancel() {
+    existingPathAnswers_.push_back({false, 0, false});
+}
+
+int ScriptedInteractionDriver::AskMessageBox(const Fnd::MessageBoxRequest& request) {
+    boxes_.push_back(request);
+    if (boxAnswers_.empty()) {
+        ADD_FAILURE() << "unscripted message box \"" << Fnd::ToUTF8(request.title)
+                      << "\": " << Fnd::ToUTF8(request.text);
+        return request.defaultButton;
+    }
+    const int answer = boxAnswers_.front();
+    boxAnswers_.pop_front();
+    if (answer < 0 || static_cast<std::size_t>(answer) >= request.buttons.size()) {
+        ADD_FAILURE() << "scripted answer " << answer << " is not a button of the box \""
+                      << Fnd::ToUTF8(request.title) << "\", which has " << request.buttons.size();
+        return request.defaultButton;
+    }
+    return answer;
+}
+
+Fnd::ExistingPathAnswer
+ScriptedInteractionDriver::AskExistingPath(const Fnd::ExistingPathQuestion& question) {
+    existingPaths_.push_back(question);
+    if (existingPathAnswers_.empty()) {
+        ADD_FAILURE() << "unscripted existing-path question for " << Fnd::ToUTF8(question.target);
+        return {};
+    }
+    const Fnd::ExistingPathAnswer answer = existingPathAnswers_.front();
+    existingPathAnswers_.pop_front();
+    return answer;
+}
+
+ScopedInteractionDriver::ScopedInteractionDriver() : driver_(std::make_shared<ScriptedInteractionDriver>()) {
+    Fnd::SetInteractionDriver(driver_);
+}
+
+ScopedInteractionDriver::~ScopedInteractionDriver() {
+    Fnd::SetInteractionDriver(nullptr);
+    EXPECT_EQ(driver_->UnusedAnswers(), 0u) << "scripted answers were queued but never asked for";
+}
+
+} // namespace igd::test

@@ -1,0 +1,67 @@
+#pragma once
+// An interaction driver for tests: it answers from a script and records every question.
+//
+//     igd::test::ScopedInteractionDriver ui;     // installed until the end of the scope
+//     ui->QueueBoxAnswer(1);                     // the next message box: second button
+//     ui->QueueExistingPathAnswer(QL::kCopyActionSkip, /*applyToAll=*/true);
+//     RunSomethingThatAsks();
+//     ASSERT_EQ(ui->Boxes().size(), 1u);
+//     EXPECT_EQ(ui->Boxes()[0].title, u"Destination path does not exist");
+//
+// Box answers and existing-path answers are two separate queues, each used in order. A question
+// with no answer queued is a test failure (ADD_FAILURE naming the question) and gets the safe
+// answer: the box's default button, or cancel for an existing path. ScopedInteractionDriver also
+// fails the test if answers are left over when it ends: the code did not ask what the test
+// expected it to ask.
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <vector>
+
+#include "Fnd/InteractionDriver.h"
+
+namespace igd::test {
+
+class ScriptedInteractionDriver : public Fnd::IInteractionDriver {
+public:
+    // The index of the button the next message box answers with.
+    void QueueBoxAnswer(int buttonIndex) { boxAnswers_.push_back(buttonIndex); }
+    // The next existing-path question proceeds with this copy action.
+    void QueueExistingPathAnswer(int action, bool applyToAll = false);
+    // The next existing-path question is cancelled: the user gives up the request.
+    void QueueExistingPathCancel();
+
+    int AskMessageBox(const Fnd::MessageBoxRequest& request) override;
+    Fnd::ExistingPathAnswer AskExistingPath(const Fnd::ExistingPathQuestion& question) override;
+
+    // Every question asked, in order.
+    const std::vector<Fnd::MessageBoxRequest>& Boxes() const { return boxes_; }
+    const std::vector<Fnd::ExistingPathQuestion>& ExistingPathQuestions() const { return existingPaths_; }
+
+    // Answers queued and not asked for yet.
+    std::size_t UnusedAnswers() const { return boxAnswers_.size() + existingPathAnswers_.size(); }
+
+private:
+    std::deque<int> boxAnswers_;
+    std::deque<Fnd::ExistingPathAnswer> existingPathAnswers_;
+    std::vector<Fnd::MessageBoxRequest> boxes_;
+    std::vector<Fnd::ExistingPathQuestion> existingPaths_;
+};
+
+// Installs a fresh ScriptedInteractionDriver for its lifetime and then restores the default
+// driver (which answers every box with its default button and cancels every existing path).
+class ScopedInteractionDriver {
+public:
+    ScopedInteractionDriver();
+    ~ScopedInteractionDriver();
+    ScopedInteractionDriver(const ScopedInteractionDriver&) = delete;
+    ScopedInteractionDriver& operator=(const ScopedInteractionDriver&) = delete;
+
+    ScriptedInteractionDriver& Driver() const { return *driver_; }
+    ScriptedInteractionDriver* operator->() const { return driver_.get(); }
+
+private:
+    std::shared_ptr<ScriptedInteractionDriver> driver_;
+};
+
+} // namespace igd::test
