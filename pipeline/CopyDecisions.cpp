@@ -18,6 +18,15 @@ namespace {
 
 constexpr std::int32_t kInheritNothing = 0;
 
+// Items usually arrive in path order, so most answers belong at the end of the map: hinting
+// there makes a large selection's bookkeeping linear instead of a tree search per path.
+void SetAction(CopyActionMap& actions, const Fnd::WString& path, std::int32_t action) {
+    if (actions.empty() || actions.rbegin()->first < path)
+        actions.emplace_hint(actions.end(), path, action);
+    else
+        actions.insert_or_assign(path, action);
+}
+
 // What the item's extra paths take over from the answer for the item itself, kInheritNothing
 // meaning each is decided on its own. A folder's "skip" covers its content; any other answer
 // for a folder says nothing about the files in it. A clip's files go the way of the clip.
@@ -35,18 +44,18 @@ bool AskForEachPath(const SelectedItem& item, const NormalizedRoot& sourceRoot,
     std::int32_t action = QL::kCopyActionNone;
     if (!DecidePathCopy(sourceRoot.ItemPath(item), target, action, applyToAll))
         return false;
-    actions[item.GetItemPath()] = action;
+    SetAction(actions, item.GetItemPath(), action);
 
     const std::int32_t inherited = InheritedAction(item, action);
     for (const Fnd::WString& extra : item.ExtraPaths()) {
         if (inherited != kInheritNothing) {
-            actions[extra] = inherited;
+            SetAction(actions, extra, inherited);
             continue;
         }
         std::int32_t extraAction = QL::kCopyActionNone;
         if (!DecidePathCopy(sourceRoot.Join(extra), targetFolder.Join(extra), extraAction, applyToAll))
             return false;
-        actions[extra] = extraAction;
+        SetAction(actions, extra, extraAction);
     }
     return true;
 }
@@ -65,9 +74,9 @@ void KeepBothUnasked(SelectedItem& item, IngestDestination& destination, const F
         }
     }
     applyToAll = QL::kCopyActionKeepBoth;
-    actions[item.GetItemPath()] = QL::kCopyActionKeepBoth;
+    SetAction(actions, item.GetItemPath(), QL::kCopyActionKeepBoth);
     for (const Fnd::WString& extra : item.ExtraPaths())
-        actions[extra] = QL::kCopyActionKeepBoth;
+        SetAction(actions, extra, QL::kCopyActionKeepBoth);
 }
 
 // The roots and the host kind come from the caller, which knows them for all items at once.

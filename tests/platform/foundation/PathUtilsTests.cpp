@@ -1,30 +1,27 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include "Fnd/PathUtils.h"
+#include "Mid/Utilities.h"
 #include "fluxcore/FileUtils.h"
 #include "support/TempTree.h"
 
 using Fnd::WString;
 namespace PathUtils = Fnd::PathUtils;
 namespace FileUtils = fluxcore::utility::FileUtils;
+namespace Utilities = Mid::Utilities;
 
-TEST(SplitPath, SplitsIntoDirectoryStemAndExtension) {
+TEST(SplitPath, SplitsIntoDirectoryStemAndExtensionAndMakePathJoinsThem) {
     struct Case {
         WString path, directory, stem, extension;
     };
-    const Case cases[] = {
-        {u"/a/b/clip.MOV", u"/a/b/", u"clip", u".MOV"},
-        {u"/a/b/", u"/a/b/", u"", u""},
-        {u"clip.tar.gz", u"", u"clip.tar", u".gz"},
-        {u".profile", u"", u".profile", u""},
-        {u"/home/u/.config", u"/home/u/", u".config", u""},
-        {u"dir.d/readme", u"dir.d/", u"readme", u""},
-        {u"/x/..", u"/x/", u"..", u""},
-        {u"take.", u"", u"take", u"."},
-        {u"/", u"/", u"", u""},
-        {u"", u"", u"", u""},
-    };
-    for (const auto& c : cases) {
+    for (const Case& c :
+         {Case{u"/a/b/clip.MOV", u"/a/b/", u"clip", u".MOV"}, Case{u"/a/b/", u"/a/b/", u"", u""},
+          Case{u"clip.tar.gz", u"", u"clip.tar", u".gz"}, Case{u".profile", u"", u".profile", u""},
+          Case{u"/home/u/.config", u"/home/u/", u".config", u""},
+          Case{u"dir.d/readme", u"dir.d/", u"readme", u""}, Case{u"/x/..", u"/x/", u"..", u""},
+          Case{u"take.", u"", u"take", u"."}, Case{u"/", u"/", u"", u""}, Case{u"", u"", u"", u""}}) {
         SCOPED_TRACE(Fnd::ToUTF8(c.path));
         WString drive = u"stale", directory, stem, extension;
         PathUtils::SplitPath(c.path, &drive, &directory, &stem, &extension);
@@ -34,146 +31,89 @@ TEST(SplitPath, SplitsIntoDirectoryStemAndExtension) {
         EXPECT_EQ(extension, c.extension);
         EXPECT_EQ(PathUtils::MakePath(drive, directory, stem, extension), c.path);
     }
-}
-
-TEST(SplitPath, AcceptsNullForPartsNotWanted) {
     WString extension;
     PathUtils::SplitPath(u"/a/clip.mxf", nullptr, nullptr, nullptr, &extension);
     EXPECT_EQ(extension, WString(u".mxf"));
-}
-
-TEST(MakePath, AddsMissingSeparatorAndDot) {
     EXPECT_EQ(PathUtils::MakePath(u"", u"/a/b", u"clip", u"MOV"), WString(u"/a/b/clip.MOV"));
-    EXPECT_EQ(PathUtils::MakePath(u"", u"", u"clip", u""), WString(u"clip"));
-    EXPECT_EQ(PathUtils::MakePath(u"", u"/a/", u"", u""), WString(u"/a/"));
 }
 
-TEST(CombinePaths, PutsExactlyOneSeparatorBetween) {
-    struct Case {
+TEST(PathJoining, CombineRemoveTrailingSlashAndParentPath) {
+    struct Join {
         WString first, second, expected;
     };
-    const Case cases[] = {
-        {u"/a", u"b", u"/a/b"}, {u"/a/", u"b", u"/a/b"}, {u"/a//", u"/b", u"/a/b"},  {u"/", u"b", u"/b"},
-        {u"", u"b", u"b"},      {u"/a", u"", u"/a"},     {u"a", u"b/c/", u"a/b/c/"},
-    };
-    for (const auto& c : cases) {
+    for (const Join& c : {Join{u"/a", u"b", u"/a/b"}, Join{u"/a//", u"/b", u"/a/b"}, Join{u"/", u"b", u"/b"},
+                          Join{u"", u"b", u"b"}, Join{u"/a", u"", u"/a"}, Join{u"a", u"b/c/", u"a/b/c/"}}) {
         SCOPED_TRACE(Fnd::ToUTF8(c.first + u" + " + c.second));
         EXPECT_EQ(PathUtils::CombinePaths(c.first, c.second), c.expected);
     }
-}
-
-TEST(RemoveTrailingSlash, KeepsTheRoot) {
-    EXPECT_EQ(PathUtils::RemoveTrailingSlash(u"/a/b/"), WString(u"/a/b"));
-    EXPECT_EQ(PathUtils::RemoveTrailingSlash(u"/a//"), WString(u"/a"));
-    EXPECT_EQ(PathUtils::RemoveTrailingSlash(u"/"), WString(u"/"));
-    EXPECT_EQ(PathUtils::RemoveTrailingSlash(u"//"), WString(u"/"));
-    EXPECT_EQ(PathUtils::RemoveTrailingSlash(u"a"), WString(u"a"));
-    EXPECT_EQ(PathUtils::RemoveTrailingSlash(u""), WString());
-}
-
-TEST(GetParentPath, AnswersTheHoldingFolder) {
-    struct Case {
-        WString path, parent;
+    struct Trim {
+        WString path, withoutSlash, parent;
     };
-    const Case cases[] = {
-        {u"/a/b", u"/a"}, {u"/a/b/", u"/a"}, {u"/a//b", u"/a"}, {u"/a", u"/"},
-        {u"a/b", u"a"},   {u"b", u""},       {u"/", u""},       {u"", u""},
-    };
-    for (const auto& c : cases) {
+    for (const Trim& c : {Trim{u"/a/b/", u"/a/b", u"/a"}, Trim{u"/a//", u"/a", u"/"},
+                          Trim{u"/a//b", u"/a//b", u"/a"}, Trim{u"/", u"/", u""}, Trim{u"//", u"/", u""},
+                          Trim{u"a/b", u"a/b", u"a"}, Trim{u"b", u"b", u""}, Trim{u"", u"", u""}}) {
         SCOPED_TRACE(Fnd::ToUTF8(c.path));
+        EXPECT_EQ(PathUtils::RemoveTrailingSlash(c.path), c.withoutSlash);
         EXPECT_EQ(FileUtils::GetParentPath(c.path), c.parent);
     }
 }
 
-TEST(FileNameValidity, RefusesIllegalCharactersReservedNamesAndLongNames) {
-    struct Case {
-        WString name;
-        bool valid;
-    };
-    const Case cases[] = {
-        {u"clip 01 (copy).MOV", true},
-        {u"...", true},
-        {u"\xD83C\xDFAC take", true},
-        {u"", false},
-        {u".", false},
-        {u"..", false},
-        {u"a\\b", false},
-        {u"a/b", false},
-        {u"a:b", false},
-        {u"a*b", false},
-        {u"a?b", false},
-        {u"a\"b", false},
-        {u"a<b", false},
-        {u"a>b", false},
-        {u"a|b", false},
-        {u"a\tb", false},
-        {u"a\x1F", false},
-        {WString(255, u'a'), true},
-        {WString(256, u'a'), false},
-        {WString(127, u'\xE9'), true},  // 254 bytes in UTF-8
-        {WString(128, u'\xE9'), false}, // 256 bytes: the limit counts bytes, not characters
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(Fnd::ToUTF8(c.name.substr(0, 20)));
-        EXPECT_EQ(PathUtils::IsValidFileName(c.name), c.valid);
+TEST(FileNameValidity, RefusesIllegalCharactersReservedNamesAndLongNamesAndRemovesOrReplaces) {
+    for (const char16_t illegal : WString(u"\\/:*?\"<>|\t\x1F")) {
+        SCOPED_TRACE(static_cast<int>(illegal));
+        EXPECT_FALSE(PathUtils::IsValidFileName(u"a" + WString(1, illegal) + u"b"));
     }
-}
+    // The length limit counts UTF-8 bytes, not characters: 127 x U+00E9 is 254 bytes, 128 are 256.
+    for (const WString& name : {WString(u"clip 01 (copy).MOV"), WString(u"..."),
+                                WString(u"\xD83C\xDFAC take"), WString(255, u'a'), WString(127, u'\xE9')})
+        EXPECT_TRUE(PathUtils::IsValidFileName(name)) << Fnd::ToUTF8(name);
+    for (const WString& name :
+         {WString(), WString(u"."), WString(u".."), WString(256, u'a'), WString(128, u'\xE9')})
+        EXPECT_FALSE(PathUtils::IsValidFileName(name)) << Fnd::ToUTF8(name);
 
-TEST(FileNameValidity, RemoveAndReplaceIllegalCharacters) {
     WString name = u"a:b*c\x01?.mov";
     EXPECT_TRUE(PathUtils::RemoveIllegalFileNameCharacters(name));
     EXPECT_EQ(name, WString(u"abc.mov"));
     EXPECT_FALSE(PathUtils::RemoveIllegalFileNameCharacters(name));
-    EXPECT_EQ(name, WString(u"abc.mov"));
 
     WString other = u"10:30/scene|2";
     EXPECT_TRUE(FileUtils::ReplaceIllegalFileNameCharacters(other, u'_'));
     EXPECT_EQ(other, WString(u"10_30_scene_2"));
-    EXPECT_TRUE(PathUtils::IsValidFileName(other));
     EXPECT_FALSE(FileUtils::ReplaceIllegalFileNameCharacters(other, u'_'));
-
-    WString untouched = u"x";
-    EXPECT_THROW(FileUtils::ReplaceIllegalFileNameCharacters(untouched, u'/'), std::invalid_argument);
+    EXPECT_THROW(FileUtils::ReplaceIllegalFileNameCharacters(other, u'/'), std::invalid_argument);
 }
 
 TEST(PathValidity, ChecksComponentAndWholeLength) {
-    EXPECT_TRUE(PathUtils::IsValidPath(u"/media/card/clip.MOV"));
     EXPECT_TRUE(PathUtils::IsValidPath(u"relative/clip.MOV"));
     EXPECT_FALSE(PathUtils::IsValidPath(u""));
     EXPECT_FALSE(PathUtils::IsValidPath(WString(u"/a\0b", 4)));
     EXPECT_TRUE(PathUtils::IsValidPath(u"/a/" + WString(255, u'n')));
     EXPECT_FALSE(PathUtils::IsValidPath(u"/a/" + WString(256, u'n') + u"/b"));
 
-    WString longest; // 4095 bytes: 39 components of "/" + 100 bytes, then "/" + 155
-    for (int i = 0; i < 39; ++i)
-        longest += u"/" + WString(100, u'd');
-    longest += u"/" + WString(155, u'f');
-    ASSERT_EQ(longest.size(), 4095u);
+    WString longest(4095, u'd'); // the longest whole path: a separator every 100 bytes
+    for (std::size_t i = 0; i < longest.size(); i += 100)
+        longest[i] = u'/';
     EXPECT_TRUE(PathUtils::IsValidPath(longest));
     EXPECT_FALSE(PathUtils::IsValidPath(longest + u"f"));
 }
 
-class ExistsOnDiskTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        tree.MakeFile("file.MOV", "data");
-        tree.MakeFolder("folder");
-        tree.MakeSymlink("link-to-file", tree.NativePath("file.MOV"));
-        tree.MakeSymlink("link-to-folder", "folder");
-        tree.MakeSymlink("dangling", tree.NativePath("gone"));
-    }
+TEST(ExistsOnDisk, FollowsLinksAndHonoursRequireDirectory) {
     igd::test::TempTree tree;
-};
-
-TEST_F(ExistsOnDiskTest, FollowsLinksAndHonoursRequireDirectory) {
+    tree.MakeFile("file.MOV", "data");
+    tree.MakeFile("Caf\xC3\xA9 \xF0\x9F\x8E\xAC.mov", "x");
+    tree.MakeFolder("folder");
+    tree.MakeSymlink("link-to-file", tree.NativePath("file.MOV"));
+    tree.MakeSymlink("link-to-folder", "folder");
+    tree.MakeSymlink("dangling", tree.NativePath("gone"));
     struct Case {
         std::string entry;
         bool exists, isDirectory;
     };
     const Case cases[] = {
-        {"file.MOV", true, false},     {"folder", true, true},         {"folder/", true, true},
-        {"link-to-file", true, false}, {"link-to-folder", true, true}, {"dangling", false, false},
-        {"missing", false, false},
+        {"file.MOV", true, false},      {"folder", true, true},
+        {"folder/", true, true},        {"link-to-file", true, false},
+        {"link-to-folder", true, true}, {"dangling", false, false},
+        {"missing", false, false},      {"Caf\xC3\xA9 \xF0\x9F\x8E\xAC.mov", true, false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.entry);
@@ -186,7 +126,45 @@ TEST_F(ExistsOnDiskTest, FollowsLinksAndHonoursRequireDirectory) {
     EXPECT_FALSE(PathUtils::ExistsOnDisk(tree.Path("file.MOV") + WString(1, u'\0'), false));
 }
 
-TEST_F(ExistsOnDiskTest, FindsNamesOutsideASCII) {
-    tree.MakeFile("Caf\xC3\xA9 \xF0\x9F\x8E\xAC.mov", "x");
-    EXPECT_TRUE(PathUtils::ExistsOnDisk(tree.Path() + u"/Caf\xE9 \xD83C\xDFAC.mov", false));
+TEST(NormalizePathWithoutUNC, ResolvesLexically) {
+    struct Case {
+        WString path, expected;
+    };
+    // Never above the root, but a relative path may start above itself.
+    for (const Case& c : {Case{u"", u""}, Case{u"/", u"/"}, Case{u"//media//card/", u"/media/card"},
+                          Case{u"/a/./b/.", u"/a/b"}, Case{u"/a/b/../c", u"/a/c"}, Case{u"/../a", u"/a"},
+                          Case{u"/a/../..", u"/"}, Case{u"../a", u"../a"}, Case{u"a/../../b", u"../b"},
+                          Case{u"../../", u"../.."}, Case{u"./a/", u"a"}, Case{u"a/..", u"."}}) {
+        SCOPED_TRACE(Fnd::ToUTF8(c.path));
+        EXPECT_EQ(Utilities::NormalizePathWithoutUNC(c.path), c.expected);
+    }
+    EXPECT_EQ(Utilities::CombinePaths(u"/a/b/..", u"c"), WString(u"/a/c"));
+    EXPECT_EQ(Utilities::CombinePaths(u"", u"c"), WString(u"c"));
+}
+
+TEST(ArePathsRelative, AnswersTheWayFromBaseToPathOnlyOnTheSameFilesystem) {
+    igd::test::TempTree tree;
+    tree.MakeFile("a/clip.MOV", "x");
+    tree.MakeFolder("b/sub");
+    const auto relative = [](const WString& base, bool baseIsFolder, const WString& path, bool pathIsFolder) {
+        WString way;
+        if (!Utilities::ArePathsRelative(base, baseIsFolder, path, pathIsFolder, way))
+            way = u"<unrelated>";
+        return way;
+    };
+    EXPECT_EQ(relative(tree.Path(), true, tree.Path(), true), u".");
+    EXPECT_EQ(relative(tree.Path(), true, tree.Path() + u"/./b/sub/", true), u"b/sub");
+    EXPECT_EQ(relative(tree.Path("b/sub"), true, tree.Path("a/clip.MOV"), false), u"../../a/clip.MOV");
+    // A file as base: the way starts from the folder that holds it.
+    EXPECT_EQ(relative(tree.Path("a/clip.MOV"), false, tree.Path("a/proxy"), true), u"proxy");
+    // Paths that do not exist yet are placed by their nearest existing ancestor.
+    EXPECT_EQ(relative(tree.Path(), true, tree.Path("new/deeper"), true), u"new/deeper");
+    EXPECT_EQ(relative(tree.Path("not/yet"), true, tree.Path("b"), true), u"../../b");
+
+    struct stat proc = {}, temp = {};
+    if (::stat("/proc/self", &proc) != 0 || ::stat(tree.NativePath().c_str(), &temp) != 0 ||
+        proc.st_dev == temp.st_dev)
+        GTEST_SKIP() << "needs /proc on its own filesystem";
+    EXPECT_EQ(relative(tree.Path(), true, u"/proc/self", true), u"<unrelated>");
+    EXPECT_EQ(relative(u"/proc/self/not-there", true, tree.Path("a"), true), u"<unrelated>");
 }

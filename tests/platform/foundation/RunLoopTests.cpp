@@ -1,27 +1,32 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
+#include <string>
+#include <thread>
 #include <vector>
 
 #include "Fnd/RunLoop.h"
+#include "Fnd/StationUtils.h"
 #include "fluxcore/Threads.h"
+
+namespace StationUtils = Fnd::StationUtils;
+using Fnd::StationID;
+using Log = std::vector<std::string>;
 
 namespace {
 
-// Records what it is given instead of running it.
-class RecordingRunLoop : public Fnd::RunLoop {
-public:
-    void Post(Fnd::Task task, bool urgent) override { posts.push_back({std::move(task), urgent}); }
-    std::vector<std::pair<Fnd::Task, bool>> posts;
-};
-
+// Every test starts with the default queue installed and empty.
 class RunLoopTest : public ::testing::Test {
 protected:
     void SetUp() override {
         Fnd::SetRunLoop(nullptr);
         Fnd::GetDefaultQueue().Drain();
     }
-    void TearDown() override { Fnd::SetRunLoop(nullptr); }
+    void TearDown() override {
+        Fnd::SetRunLoop(nullptr);
+        Fnd::GetDefaultQueue().Drain();
+    }
 
     Fnd::Task Record(int n) {
         return [this, n] { ran.push_back(n); };
@@ -30,9 +35,53 @@ protected:
     std::vector<int> ran;
 };
 
+struct TakeMessage : Fnd::MessageT<TakeMessage> {
+    static constexpr std::string_view kTypeName = "Test.TakeMessage";
+    explicit TakeMessage(int n) : number(n) {}
+    int number;
+};
+
+struct OtherMessage : Fnd::MessageT<OtherMessage> {
+    static constexpr std::string_view kTypeName = "Test.OtherMessage";
+};
+
+// Writes "name:number" to the shared log and then runs its reaction, if any.
+struct RecordingListener : Fnd::Listener {
+    RecordingListener(std::string name, Log& log) : name(std::move(name)), log(log) {}
+    void ListenToMessage(const StationID&, const Fnd::Message& message) override {
+        const auto* take = Fnd::MessageCast<TakeMessage>(message);
+        log.push_back(name + ":" + (take ? std::to_string(take->number) : "other"));
+        if (react)
+            react();
+    }
+    std::string name;
+    Log& log;
+    std::function<void()> react;
+};
+
+class StationTest : public RunLoopTest {
+protected:
+    void TearDown() override {
+        for (auto* listener : {&a, &b, &c})
+            StationUtils::RemoveListener(station, listener);
+        RunLoopTest::TearDown();
+    }
+    void Add(std::initializer_list<RecordingListener*> listeners) {
+        for (auto* listener : listeners)
+            StationUtils::AddListener(station, listener);
+    }
+    void Broadcast(int number) { StationUtils::BroadcastMessage(station, TakeMessage(number)); }
+
+    // Each test has its own station, so that a failed test cannot leave listeners for the next.
+    const StationID station{std::string("test.station.") +
+                            ::testing::UnitTest::GetInstance()->current_test_info()->name()};
+    Log log;
+    RecordingListener a{"a", log}, b{"b", log}, c{"c", log};
+};
+
 } // namespace
 
-TEST_F(RunLoopTest, DrainRunsInOrderIncludingWhatTasksPost) {
+TEST_F(RunLoopTest, DrainRunsInOrderIncludingWhatTasksPostUpToMaxTasks) {
     queue.Post(Record(1), false);
     queue.Post(
         [this] {
@@ -41,20 +90,15 @@ TEST_F(RunLoopTest, DrainRunsInOrderIncludingWhatTasksPost) {
         },
         false);
     queue.Post(Record(3), false);
-    EXPECT_EQ(queue.Pending(), 3u);
-    EXPECT_EQ(queue.Drain(), 4u);
-    EXPECT_EQ(ran, (std::vector<int>{1, 2, 3, 4}));
-    EXPECT_EQ(queue.Pending(), 0u);
-    EXPECT_EQ(queue.Drain(), 0u);
-}
-
-TEST_F(RunLoopTest, DrainStopsAfterMaxTasks) {
-    for (int i = 1; i <= 5; ++i)
-        queue.Post(Record(i), false);
     EXPECT_EQ(queue.Drain(2), 2u);
-    EXPECT_EQ(queue.Pending(), 3u);
     EXPECT_EQ(ran, (std::vector<int>{1, 2}));
-    EXPECT_EQ(queue.Drain(), 3u);
+    EXPECT_EQ(queue.Pending(), 2u);
+    EXPECT_EQ(queue.Drain(), 2u);
+    EXPECT_EQ(ran, (std::vector<int>{1, 2, 3, 4}));
+
+    // An empty task would fail only when drained, far from the code that posted it.
+    EXPECT_THROW(queue.Post(Fnd::Task(), false), std::invalid_argument);
+    EXPECT_EQ(queue.Pending(), 0u);
 }
 
 TEST_F(RunLoopTest, UrgentTasksGoAheadInTheOrderPosted) {
@@ -71,28 +115,78 @@ TEST_F(RunLoopTest, UrgentTasksGoAheadInTheOrderPosted) {
     EXPECT_EQ(ran, (std::vector<int>{2, 3, 5, 1, 4}));
 }
 
-TEST_F(RunLoopTest, PostingAnEmptyTaskIsAFault) {
-    EXPECT_THROW(queue.Post(Fnd::Task(), false), std::invalid_argument);
-    EXPECT_EQ(queue.Pending(), 0u);
+TEST_F(RunLoopTest, InstalledLoopReceivesPostsUntilRemoved) {
+    auto installed = std::make_shared<Fnd::QueueRunLoop>();
+    Fnd::SetRunLoop(installed);
+    fluxcore::threads::AsyncCallFromMainThread(Record(1));
+    installed->Post(Record(2), true); // overtakes 1, which is not urgent
+    Fnd::SetRunLoop(nullptr);
+    fluxcore::threads::AsyncCallFromMainThread(Record(3));
+    EXPECT_EQ(installed->Drain(), 2u);
+    EXPECT_EQ(Fnd::GetDefaultQueue().Drain(), 1u);
+    EXPECT_EQ(ran, (std::vector<int>{2, 1, 3}));
 }
 
-TEST_F(RunLoopTest, InstalledLoopReceivesPostsUntilRemoved) {
-    EXPECT_EQ(&Fnd::GetRunLoop(), &Fnd::GetDefaultQueue());
-    auto recording = std::make_shared<RecordingRunLoop>();
-    Fnd::SetRunLoop(recording);
-    EXPECT_EQ(&Fnd::GetRunLoop(), recording.get());
+TEST_F(StationTest, DeliversInTheOrderListenersWereAdded) {
+    Add({&b, &a, &c, &a}); // a second add of a is ignored
+    StationUtils::AddListener("test.station.elsewhere", &c);
+    Broadcast(1);
+    StationUtils::RemoveListener("test.station.elsewhere", &c);
+    EXPECT_EQ(log, (Log{"b:1", "a:1", "c:1"}));
+}
 
-    fluxcore::threads::AsyncCallFromMainThread(Record(1));
-    ASSERT_EQ(recording->posts.size(), 1u);
-    EXPECT_FALSE(recording->posts[0].second);
-    recording->posts[0].first();
-    EXPECT_EQ(ran, (std::vector<int>{1}));
+// Removing the listener being called must not shift the next one out of its turn.
+TEST_F(StationTest, RemovalDuringDeliveryTakesEffectAtOnceAndAdditionWithTheNextMessage) {
+    Add({&a, &b, &c});
+    a.react = [&] {
+        StationUtils::RemoveListener(station, &a);
+        StationUtils::RemoveListener(station, &b);
+    };
+    c.react = [&] { StationUtils::AddListener(station, &b); };
+    Broadcast(1);
+    Broadcast(2);
+    EXPECT_EQ(log, (Log{"a:1", "c:1", "c:2", "b:2"}));
+}
 
-    Fnd::SetRunLoop(nullptr);
-    EXPECT_EQ(&Fnd::GetRunLoop(), &Fnd::GetDefaultQueue());
-    fluxcore::threads::AsyncCallFromMainThread(Record(2));
-    Fnd::GetDefaultQueue().Post(Record(3), true);
-    EXPECT_EQ(recording->posts.size(), 1u);
-    Fnd::GetDefaultQueue().Drain();
-    EXPECT_EQ(ran, (std::vector<int>{1, 3, 2}));
+TEST_F(StationTest, NestedAndThrowingListenersLeaveTheStationUsable) {
+    Add({&a, &b});
+    a.react = [&] {
+        a.react = nullptr;
+        StationUtils::RemoveListener(station, &b);
+        Broadcast(2);
+        throw std::runtime_error("listener failed");
+    };
+    EXPECT_THROW(Broadcast(1), std::runtime_error);
+    Add({&c});
+    Broadcast(3);
+    EXPECT_EQ(log, (Log{"a:1", "a:2", "a:3", "c:3"}));
+}
+
+TEST_F(StationTest, PostsFromOtherThreadsArriveInOrderWhenDrainedAndUrgentOnesFirst) {
+    Add({&a});
+    constexpr int kThreads = 6, kEach = 200;
+    std::vector<std::thread> workers;
+    for (int t = 0; t < kThreads; ++t)
+        workers.emplace_back([this, t] {
+            for (int i = 0; i < kEach; ++i)
+                StationUtils::PostMessageToUIThread(station, TakeMessage(t * kEach + i), false);
+        });
+    for (auto& worker : workers)
+        worker.join();
+    StationUtils::PostMessageToUIThread(station, OtherMessage(), true);
+    EXPECT_TRUE(log.empty());
+    EXPECT_EQ(Fnd::GetDefaultQueue().Drain(), static_cast<std::size_t>(kThreads * kEach + 1));
+    ASSERT_EQ(log.size(), static_cast<std::size_t>(kThreads * kEach + 1));
+    EXPECT_EQ(log[0], "a:other");
+    std::vector<int> next(kThreads, 0);
+    for (std::size_t i = 1; i < log.size(); ++i) {
+        const int n = std::stoi(log[i].substr(2));
+        ASSERT_EQ(n % kEach, next[n / kEach]++) << log[i];
+    }
+}
+
+TEST(MessageID, IsTheFNV1aHashOfTheTypeName) {
+    EXPECT_EQ(Fnd::HashMessageTypeNameToMessageID("foobar"), 0xBF9CF968u);
+    EXPECT_EQ(TakeMessage(5).GetMessageID(), Fnd::HashMessageTypeNameToMessageID("Test.TakeMessage"));
+    EXPECT_NE(OtherMessage::ID(), TakeMessage::ID());
 }

@@ -20,14 +20,9 @@ TEST_F(LocalizedTextTest, SplitsKeyAndDefaultAtTheFirstEquals) {
     const ZString text("$$$/IGD/Summary/Ratio=a=b");
     EXPECT_EQ(text.Key(), "$$$/IGD/Summary/Ratio");
     EXPECT_EQ(text.DefaultText(), "a=b");
-
-    const ZString plain("Ingest");
-    EXPECT_EQ(plain.Key(), "");
-    EXPECT_EQ(plain.ToWString(), WString(u"Ingest"));
-
-    const ZString keyOnly("$$$/IGD/Missing/Text");
-    EXPECT_EQ(keyOnly.Key(), "$$$/IGD/Missing/Text");
-    EXPECT_EQ(keyOnly.ToWString(), WString(u"$$$/IGD/Missing/Text"));
+    EXPECT_EQ(ZString("Ingest").Key(), "");
+    EXPECT_EQ(ZString("Ingest").ToWString(), WString(u"Ingest"));
+    EXPECT_EQ(ZString("$$$/IGD/Missing/Text").ToWString(), WString(u"$$$/IGD/Missing/Text"));
 }
 
 TEST_F(LocalizedTextTest, ReplacesPlaceholdersAndLineBreaksInOnePass) {
@@ -40,14 +35,6 @@ TEST_F(LocalizedTextTest, ReplacesPlaceholdersAndLineBreaksInOnePass) {
     EXPECT_EQ(Localize("$$$/IGD/Few=@0 @2 @a ^x @", {u"one"}), WString(u"one @2 @a ^x @"));
     EXPECT_EQ(Localize("$$$/IGD/End=ends with ^"), WString(u"ends with ^"));
     EXPECT_EQ(Localize("$$$/IGD/Utf8=Caf\xC3\xA9 \xF0\x9F\x8E\xAC"), WString(u"Caf\xE9 \xD83C\xDFAC"));
-}
-
-TEST_F(LocalizedTextTest, CatalogueOverridesTheDefault) {
-    Localizer::Get().SetTranslation("$$$/IGD/Copy", u"Kopiere @0^nnach @1");
-    EXPECT_EQ(Localize("$$$/IGD/Copy=Copy @0 to @1", {u"a", u"b"}), WString(u"Kopiere a\nnach b"));
-    EXPECT_EQ(Localize("$$$/IGD/Other=Other"), WString(u"Other"));
-    Localizer::Get().Clear();
-    EXPECT_EQ(Localize("$$$/IGD/Copy=Copy @0 to @1", {u"a", u"b"}), WString(u"Copy a to b"));
 }
 
 TEST_F(LocalizedTextTest, LoadsACatalogueFile) {
@@ -73,24 +60,18 @@ TEST_F(LocalizedTextTest, LoadsACatalogueFile) {
     EXPECT_EQ(Localize("$$$/IGD/Title=Ingest"), WString(u"Aufnahme"));
 }
 
-TEST_F(LocalizedTextTest, ThrowErrorCarriesKeyAndLocalisedText) {
-    constexpr const char* kInvalidConversion =
-        "$$$/fluxcore/utility/Error/InvalidTypeConversion=Invalid type conversion.";
-    try {
-        fluxcore::config::ThrowError(kInvalidConversion);
-        FAIL() << "ThrowError returned";
-    } catch (const fluxcore::config::Error& error) {
-        EXPECT_EQ(error.Key(), "$$$/fluxcore/utility/Error/InvalidTypeConversion");
-        EXPECT_EQ(error.Text(), WString(u"Invalid type conversion."));
-        EXPECT_STREQ(error.what(), "Invalid type conversion.");
-    }
+TEST_F(LocalizedTextTest, TranslationOverridesTheDefaultInTextsAndErrors) {
+    Localizer::Get().SetTranslation("$$$/IGD/Copy", u"Kopiere @0^nnach @1");
+    EXPECT_EQ(Localize("$$$/IGD/Copy=Copy @0 to @1", {u"a", u"b"}), WString(u"Kopiere a\nnach b"));
+    EXPECT_EQ(Localize("$$$/IGD/Other=Other"), WString(u"Other"));
 
-    Localizer::Get().SetTranslation("$$$/fluxcore/utility/Error/InvalidTypeConversion",
-                                    u"Ung\xFCltige Umwandlung");
+    Localizer::Get().SetTranslation("$$$/fluxcore/utility/Error/Conversion", u"Ung\xFCltige Umwandlung");
     try {
-        fluxcore::config::ThrowError(kInvalidConversion);
+        fluxcore::config::ThrowError("$$$/fluxcore/utility/Error/Conversion=Invalid type conversion.");
         FAIL() << "ThrowError returned";
     } catch (const fluxcore::config::Error& error) {
+        EXPECT_EQ(error.Key(), "$$$/fluxcore/utility/Error/Conversion");
+        EXPECT_EQ(error.Text(), WString(u"Ung\xFCltige Umwandlung"));
         EXPECT_STREQ(error.what(), "Ung\xC3\xBCltige Umwandlung");
     }
 }

@@ -15,180 +15,135 @@ namespace {
 
 using QL::IngestUtils;
 
-using PathCheck = bool (*)(const std::vector<Fnd::WString>&, Fnd::WString&);
-
-// Paths are relative to a tree holding "clip.mov", "folder/", "link-to-folder" -> "folder" and
-// "dangling" -> "nowhere"; "" stays an empty entry.
-struct PathCheckCase {
-    const char* name;
-    PathCheck check;
-    std::vector<std::string> paths;
-    bool expected;
-    std::string failing; // "" for an empty failing path
-};
-
-class PathChecks : public testing::TestWithParam<PathCheckCase> {
+class IngestUtilsOnDisk : public testing::Test {
 protected:
-    PathChecks() {
+    IngestUtilsOnDisk() {
         tree.MakeFile("clip.mov", "x");
-        tree.MakeFolder("folder");
+        tree.MakeFolder("folder/sub");
         tree.MakeSymlink("link-to-folder", "folder");
         tree.MakeSymlink("dangling", "nowhere");
     }
+    // "" stays an empty entry.
     Fnd::WString Resolve(const std::string& relative) const {
         return relative.empty() ? Fnd::WString() : tree.Path(relative);
     }
     igd::test::TempTree tree;
 };
 
-TEST_P(PathChecks, AnswerAndFailingPath) {
-    const PathCheckCase& c = GetParam();
-    std::vector<Fnd::WString> paths;
-    for (const std::string& p : c.paths)
-        paths.push_back(Resolve(p));
-    Fnd::WString failing = u"untouched";
-    EXPECT_EQ(c.check(paths, failing), c.expected);
-    EXPECT_EQ(failing, c.expected ? u"untouched" : Resolve(c.failing));
+TEST_F(IngestUtilsOnDisk, PathChecksNameTheFirstFailingPath) {
+    using Check = bool (*)(const std::vector<Fnd::WString>&, Fnd::WString&);
+    const Check exist = &IngestUtils::PathsExist, writable = &IngestUtils::PathsAreWritable,
+                distinct = &IngestUtils::NoDuplicatedPaths;
+    struct Case {
+        Check check;
+        std::vector<std::string> paths;
+        bool passes;
+        std::string failing;
+    };
+    for (const Case& c : {
+             Case{exist, {"clip.mov", "folder", "link-to-folder"}, true, ""},
+             Case{exist, {}, true, ""},
+             Case{exist, {"clip.mov", "gone", "lost"}, false, "gone"},
+             Case{exist, {"dangling"}, false, "dangling"},
+             Case{exist, {"clip.mov", "", "gone"}, false, ""},
+             Case{writable, {"folder", "clip.mov"}, true, ""},
+             Case{writable, {"folder", "gone/sub"}, false, "gone/sub"},
+             Case{writable, {""}, false, ""},
+             Case{distinct, {"folder", "clip.mov", "gone"}, true, ""},
+             Case{distinct, {"folder", "clip.mov", "folder/./"}, false, "folder/./"},
+             Case{distinct, {"gone", "gone"}, false, "gone"},
+             Case{distinct, {"folder", "link-to-folder"}, false, "link-to-folder"},
+             Case{distinct, {"a", "b", "b", "a"}, false, "b"},
+             Case{distinct, {"folder", ""}, false, ""},
+         }) {
+        std::vector<Fnd::WString> paths;
+        for (const std::string& p : c.paths)
+            paths.push_back(Resolve(p));
+        SCOPED_TRACE(testing::PrintToString(c.paths));
+        Fnd::WString failing = u"untouched";
+        EXPECT_EQ(c.check(paths, failing), c.passes);
+        EXPECT_EQ(failing, c.passes ? u"untouched" : Resolve(c.failing));
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    IngestUtils, PathChecks,
-    testing::Values(
-        PathCheckCase{
-            "ExistAll", &IngestUtils::PathsExist, {"clip.mov", "folder", "link-to-folder"}, true, ""},
-        PathCheckCase{"ExistNone", &IngestUtils::PathsExist, {}, true, ""},
-        PathCheckCase{
-            "ExistNamesFirstMissing", &IngestUtils::PathsExist, {"clip.mov", "gone", "lost"}, false, "gone"},
-        PathCheckCase{"ExistDanglingLink", &IngestUtils::PathsExist, {"dangling"}, false, "dangling"},
-        PathCheckCase{"ExistEmptyEntry", &IngestUtils::PathsExist, {"clip.mov", "", "gone"}, false, ""},
-        PathCheckCase{"WritableAll", &IngestUtils::PathsAreWritable, {"folder", "clip.mov"}, true, ""},
-        PathCheckCase{
-            "WritableMissing", &IngestUtils::PathsAreWritable, {"folder", "gone/sub"}, false, "gone/sub"},
-        PathCheckCase{"WritableEmptyEntry", &IngestUtils::PathsAreWritable, {""}, false, ""},
-        PathCheckCase{
-            "DistinctPaths", &IngestUtils::NoDuplicatedPaths, {"folder", "clip.mov", "gone"}, true, ""},
-        PathCheckCase{"SameAfterNormalising",
-                      &IngestUtils::NoDuplicatedPaths,
-                      {"folder", "clip.mov", "folder/./"},
-                      false,
-                      "folder/./"},
-        PathCheckCase{"SameMissingPath", &IngestUtils::NoDuplicatedPaths, {"gone", "gone"}, false, "gone"},
-        PathCheckCase{"SameFolderThroughLink",
-                      &IngestUtils::NoDuplicatedPaths,
-                      {"folder", "link-to-folder"},
-                      false,
-                      "link-to-folder"},
-        PathCheckCase{
-            "FirstDuplicateInOrder", &IngestUtils::NoDuplicatedPaths, {"a", "b", "b", "a"}, false, "b"},
-        PathCheckCase{"DuplicateEmptyEntry", &IngestUtils::NoDuplicatedPaths, {"folder", ""}, false, ""}),
-    [](const testing::TestParamInfo<PathCheckCase>& c) { return std::string(c.param.name); });
-
-TEST(IngestUtilsWritable, ReadOnlyFolderIsNamed) {
+TEST_F(IngestUtilsOnDisk, ReadOnlyFolderIsNotWritable) {
     if (::geteuid() == 0)
         GTEST_SKIP() << "root may write into read-only folders; the missing-path case covers refusal";
-    igd::test::TempTree tree;
-    const Fnd::WString readOnly = tree.MakeFolder("locked");
-    ASSERT_EQ(::chmod(tree.NativePath("locked").c_str(), 0555), 0);
+    ASSERT_EQ(::chmod(tree.NativePath("folder").c_str(), 0555), 0);
     Fnd::WString failing;
-    EXPECT_FALSE(IngestUtils::PathsAreWritable({tree.Path(), readOnly}, failing));
-    EXPECT_EQ(failing, readOnly);
+    EXPECT_FALSE(IngestUtils::PathsAreWritable({tree.Path(), tree.Path("folder")}, failing));
+    EXPECT_EQ(failing, tree.Path("folder"));
 }
 
-struct ContainCase {
-    const char* folder;
-    const char* path;
-    bool recursive;
-    bool expected;
-};
-
-class FolderContain : public testing::TestWithParam<ContainCase> {};
-
-TEST_P(FolderContain, Lexically) {
-    const ContainCase& c = GetParam();
-    EXPECT_EQ(IngestUtils::FolderContain(Fnd::FromUTF8(c.folder), Fnd::FromUTF8(c.path), c.recursive),
-              c.expected)
-        << c.folder << " / " << c.path << " recursive " << c.recursive;
+TEST_F(IngestUtilsOnDisk, FolderContainSeesThroughLinksIntoTheFolder) {
+    EXPECT_TRUE(IngestUtils::FolderContain(tree.Path("folder"), tree.Path("link-to-folder/sub"), true));
+    EXPECT_FALSE(IngestUtils::FolderContain(tree.Path("folder/sub"), tree.Path("link-to-folder"), true));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    IngestUtils, FolderContain,
-    testing::Values(ContainCase{"/a/b", "/a/b/c", true, true}, ContainCase{"/a/b", "/a/b/c/d", true, true},
-                    ContainCase{"/a/b", "/a/b/c", false, true}, ContainCase{"/a/b", "/a/b/c/d", false, false},
-                    ContainCase{"/a/b/", "/a/b/c/", true, true}, ContainCase{"/a/b", "/a/bc", true, false},
-                    ContainCase{"/a/b", "/a/bcd/e", true, false}, ContainCase{"/a/b", "/a/b", true, false},
-                    ContainCase{"/a/b", "/a", true, false}, ContainCase{"/a/b", "/a/b/../c", true, false},
-                    ContainCase{"/", "/a", false, true}, ContainCase{"", "/a", true, false}));
-
-TEST(IngestUtilsFolderContain, PathReachedThroughALinkIntoTheFolder) {
-    igd::test::TempTree tree;
-    tree.MakeFolder("source/sub");
-    tree.MakeSymlink("shortcut", "source");
-    EXPECT_TRUE(IngestUtils::FolderContain(tree.Path("source"), tree.Path("shortcut/sub"), true));
-    EXPECT_FALSE(IngestUtils::FolderContain(tree.Path("source/sub"), tree.Path("shortcut"), true));
-}
-
-TEST(IngestUtilsIsLinkFile, OnlySymbolicLinksDanglingOrNot) {
-    igd::test::TempTree tree;
-    tree.MakeFile("clip.mov");
-    tree.MakeFolder("folder");
+TEST_F(IngestUtilsOnDisk, IsLinkFileOnlyForSymbolicLinksDanglingOrNot) {
+    EXPECT_TRUE(IngestUtils::IsLinkFile(tree.Path("link-to-folder")));
+    EXPECT_TRUE(IngestUtils::IsLinkFile(tree.Path("dangling")));
     EXPECT_TRUE(IngestUtils::IsLinkFile(tree.MakeSymlink("to-clip", "clip.mov")));
-    EXPECT_TRUE(IngestUtils::IsLinkFile(tree.MakeSymlink("to-folder", "folder")));
-    EXPECT_TRUE(IngestUtils::IsLinkFile(tree.MakeSymlink("dangling", "nowhere")));
-    EXPECT_FALSE(IngestUtils::IsLinkFile(tree.Path("clip.mov")));
-    EXPECT_FALSE(IngestUtils::IsLinkFile(tree.Path("folder")));
-    EXPECT_FALSE(IngestUtils::IsLinkFile(tree.Path("missing")));
+    for (const char* entry : {"clip.mov", "folder", "missing"})
+        EXPECT_FALSE(IngestUtils::IsLinkFile(tree.Path(entry))) << entry;
     EXPECT_FALSE(IngestUtils::IsLinkFile(u""));
+}
+
+// The prefix trap: "/a/bc" starts with "/a/b" but is not inside it.
+TEST(IngestUtilsFolderContain, LexicallyStrictlyInside) {
+    struct Case {
+        const char *folder, *path;
+        bool recursive, expected;
+    };
+    for (const Case& c : {Case{"/a/b", "/a/b/c", true, true}, Case{"/a/b", "/a/b/c/d", true, true},
+                          Case{"/a/b", "/a/b/c", false, true}, Case{"/a/b", "/a/b/c/d", false, false},
+                          Case{"/a/b/", "/a/b/c/", true, true}, Case{"/a/b", "/a/bc", true, false},
+                          Case{"/a/b", "/a/bcd/e", true, false}, Case{"/a/b", "/a/b", true, false},
+                          Case{"/a/b", "/a", true, false}, Case{"/a/b", "/a/b/../c", true, false},
+                          Case{"/", "/a", false, true}, Case{"", "/a", true, false}})
+        EXPECT_EQ(IngestUtils::FolderContain(Fnd::FromUTF8(c.folder), Fnd::FromUTF8(c.path), c.recursive),
+                  c.expected)
+            << c.folder << " / " << c.path << " recursive " << c.recursive;
 }
 
 class WarnUserForExistPath : public testing::Test {
 protected:
-    bool Warn(bool allowApplyToAll, bool onlyInCopyList) {
-        return IngestUtils::WarnUserForExistPath(u"/card/A001.MOV", u"/dest/A001.MOV", false, action,
+    bool Warn(bool isDirectory, bool allowApplyToAll, bool onlyInCopyList) {
+        return IngestUtils::WarnUserForExistPath(u"/card/A001", u"/dest/A001", isDirectory, action,
                                                  applyToAll, allowApplyToAll, onlyInCopyList, true);
     }
-    igd::test::ScopedInteractionDriver ui;
     int action = -7;
     int applyToAll = -7;
 };
 
-TEST_F(WarnUserForExistPath, CancelAnswersFalseAndLeavesTheOutValues) {
+TEST_F(WarnUserForExistPath, NobodyToAskOrCancelAnswersFalseAndLeavesTheOutValues) {
+    EXPECT_FALSE(Warn(false, true, false));
+    igd::test::ScopedInteractionDriver ui;
     ui->QueueExistingPathCancel();
-    EXPECT_FALSE(Warn(true, false));
+    EXPECT_FALSE(Warn(false, true, false));
     EXPECT_EQ(action, -7);
     EXPECT_EQ(applyToAll, -7);
 }
 
-TEST_F(WarnUserForExistPath, AsksAboutTheTargetAndPassesTheFlags) {
-    ui->QueueExistingPathAnswer(QL::kCopyActionSkip);
-    ASSERT_TRUE(IngestUtils::WarnUserForExistPath(u"/card/CLIPS", u"/dest/CLIPS", true, action, applyToAll,
-                                                  true, true, true));
-    ASSERT_EQ(ui->ExistingPathQuestions().size(), 1u);
-    const Fnd::ExistingPathQuestion& q = ui->ExistingPathQuestions()[0];
-    EXPECT_EQ(q.source, u"/card/CLIPS");
-    EXPECT_EQ(q.target, u"/dest/CLIPS");
-    EXPECT_TRUE(q.isDirectory);
-    EXPECT_TRUE(q.onlyInCopyList);
-    EXPECT_EQ(action, QL::kCopyActionSkip);
-    EXPECT_EQ(applyToAll, 0);
-}
-
-TEST_F(WarnUserForExistPath, ApplyToAllOnlyWhereOffered) {
+TEST_F(WarnUserForExistPath, AsksAboutTheTargetAndHonoursApplyToAllOnlyWhereOffered) {
+    igd::test::ScopedInteractionDriver ui;
     ui->QueueExistingPathAnswer(QL::kCopyActionReplace, true);
     ui->QueueExistingPathAnswer(QL::kCopyActionKeepBoth, true);
-    ASSERT_TRUE(Warn(true, false));
+    ASSERT_TRUE(Warn(true, true, true));
     EXPECT_EQ(action, QL::kCopyActionReplace);
     EXPECT_EQ(applyToAll, 1);
-    EXPECT_FALSE(ui->ExistingPathQuestions()[0].onlyInCopyList);
-
-    ASSERT_TRUE(Warn(false, false));
+    ASSERT_TRUE(Warn(false, false, false));
     EXPECT_EQ(action, QL::kCopyActionKeepBoth);
     EXPECT_EQ(applyToAll, 0);
-}
 
-TEST(IngestUtilsWarnUser, NobodyToAskMeansCancel) {
-    int action = 0, applyToAll = 0;
-    EXPECT_FALSE(
-        IngestUtils::WarnUserForExistPath(u"/s", u"/t", false, action, applyToAll, true, false, true));
+    ASSERT_EQ(ui->ExistingPathQuestions().size(), 2u);
+    const Fnd::ExistingPathQuestion& q = ui->ExistingPathQuestions()[0];
+    EXPECT_EQ(q.source, u"/card/A001");
+    EXPECT_EQ(q.target, u"/dest/A001");
+    EXPECT_TRUE(q.isDirectory && q.onlyInCopyList && q.offerApplyToAll && q.offerCancel);
+    EXPECT_FALSE(ui->ExistingPathQuestions()[1].isDirectory ||
+                 ui->ExistingPathQuestions()[1].onlyInCopyList ||
+                 ui->ExistingPathQuestions()[1].offerApplyToAll);
 }
 
 } // namespace

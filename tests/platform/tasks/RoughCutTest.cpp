@@ -2,17 +2,9 @@
 
 #include "QL/RoughCut.h"
 
-namespace {
-
 TEST(IsRoughCutFileExtension, EitherFormatInAnyCaseOfTheExtensionOnly) {
-    EXPECT_TRUE(QL::IsRoughCutFileExtension(u"/p/cut.roughcut"));
-    EXPECT_TRUE(QL::IsRoughCutFileExtension(u"/p/cut.RoughCut"));
-    EXPECT_TRUE(QL::IsRoughCutFileExtension(u"/p/cut.rcut"));
-    EXPECT_TRUE(QL::IsRoughCutFileExtension(u"/p/cut.RCUT"));
-    EXPECT_FALSE(QL::IsRoughCutFileExtension(u"/p/cut.roughcut.mov"));
-    EXPECT_FALSE(QL::IsRoughCutFileExtension(u"/p/roughcut"));
-    EXPECT_FALSE(QL::IsRoughCutFileExtension(u"/p.rcut/cut"));
-    EXPECT_FALSE(QL::IsRoughCutFileExtension(u"/p/cut.rcu"));
+    for (const char16_t* path : {u"/p/cut.roughcut", u"/p/cut.RoughCut", u"/p/cut.rcut", u"/p/cut.RCUT"})
+        EXPECT_TRUE(QL::IsRoughCutFileExtension(path)) << Fnd::ToUTF8(path);
+    for (const char16_t* path : {u"/p/cut.roughcut.mov", u"/p/roughcut", u"/p.rcut/cut", u"/p/cut.rcu"})
+        EXPECT_FALSE(QL::IsRoughCutFileExtension(path)) << Fnd::ToUTF8(path);
 }
-
-} // namespace

@@ -9,129 +9,83 @@
 namespace {
 
 using QL::Utilities;
+using Paths = std::vector<Fnd::WString>;
 
-class ExtendFolderPaths : public testing::Test {
-protected:
-    ExtendFolderPaths() {
-        tree.MakeFile("card/b/x.mov");
-        tree.MakeFile("card/a.mov");
-        tree.MakeFile("card/a");
-        tree.MakeFile("card/.hidden");
-        tree.MakeFile("card/z.mov");
-        tree.MakeFile("card/\xC3\xA9.mov"); // é sorts after every ASCII name
-        tree.MakeFolder("card/B");
-        tree.MakeSymlink("card/c-link", "b");
-    }
-    std::vector<Fnd::WString> Expected(const std::vector<std::string>& relative) const {
-        std::vector<Fnd::WString> paths;
-        for (const std::string& r : relative)
-            paths.push_back(tree.Path("card/" + r));
-        return paths;
-    }
+TEST(ExtendFolderPaths, FoldersBeforeTheirContentInByteOrderWithoutEnteringLinks) {
     igd::test::TempTree tree;
-};
+    for (const char* file : {"card/b/x.mov", "card/a.mov", "card/a", "card/.hidden", "card/z.mov",
+                             "card/\xC3\xA9.mov"}) // é sorts after every ASCII name
+        tree.MakeFile(file);
+    tree.MakeFolder("card/B");
+    tree.MakeSymlink("card/c-link", "b");
 
-TEST_F(ExtendFolderPaths, FoldersBeforeTheirContentInByteOrderWithoutEnteringLinks) {
-    std::vector<Fnd::WString> paths{u"/kept"};
+    Paths paths{u"/kept"};
     Utilities::ExtendFolderPaths(tree.Path("card"), paths);
-    std::vector<Fnd::WString> expected{u"/kept"};
-    for (Fnd::WString& p :
-         Expected({".hidden", "B", "a", "a.mov", "b", "b/x.mov", "c-link", "z.mov", "\xC3\xA9.mov"}))
-        expected.push_back(std::move(p));
+    Paths expected{u"/kept"};
+    for (const char* entry :
+         {".hidden", "B", "a", "a.mov", "b", "b/x.mov", "c-link", "z.mov", "\xC3\xA9.mov"})
+        expected.push_back(tree.Path(std::string("card/") + entry));
     EXPECT_EQ(paths, expected);
-}
 
-TEST_F(ExtendFolderPaths, TrailingSeparatorMakesNoDifference) {
-    std::vector<Fnd::WString> plain, slashed;
-    Utilities::ExtendFolderPaths(tree.Path("card/b"), plain);
+    Paths slashed, nothing;
     Utilities::ExtendFolderPaths(tree.Path("card/b/"), slashed);
-    EXPECT_EQ(plain, Expected({"b/x.mov"}));
-    EXPECT_EQ(slashed, plain);
-}
-
-TEST_F(ExtendFolderPaths, EmptyOrMissingFolderAddsNothing) {
-    std::vector<Fnd::WString> paths;
-    Utilities::ExtendFolderPaths(tree.Path("card/B"), paths);
-    Utilities::ExtendFolderPaths(tree.Path("missing"), paths);
-    Utilities::ExtendFolderPaths(tree.Path("card/a.mov"), paths);
-    EXPECT_TRUE(paths.empty());
+    EXPECT_EQ(slashed, Paths{tree.Path("card/b/x.mov")});
+    for (const char* notAFolderWithContent : {"card/B", "missing", "card/a.mov"})
+        Utilities::ExtendFolderPaths(tree.Path(notAFolderWithContent), nothing);
+    EXPECT_TRUE(nothing.empty());
 }
 
 TEST(GetXMPPath, PrefersStemSidecarThenNameSidecarThenDefault) {
     igd::test::TempTree tree;
     const Fnd::WString media = tree.MakeFile("A001.MOV");
     EXPECT_EQ(Utilities::GetXMPPath(media), tree.Path("A001.xmp"));
-
     const Fnd::WString nameSidecar = tree.MakeFile("A001.MOV.xmp");
     EXPECT_EQ(Utilities::GetXMPPath(media), nameSidecar);
-
     const Fnd::WString stemSidecar = tree.MakeFile("A001.XMP");
     EXPECT_EQ(Utilities::GetXMPPath(media), stemSidecar);
-}
 
-TEST(GetXMPPath, AnyCaseOfTheExtensionAndFoldersAreNotSidecars) {
-    igd::test::TempTree tree;
+    // Any case of the extension counts; a folder is not a sidecar.
     tree.MakeFolder("B002.xmp");
     const Fnd::WString sidecar = tree.MakeFile("B002.MXF.Xmp");
     EXPECT_EQ(Utilities::GetXMPPath(tree.Path("B002.MXF")), sidecar);
     EXPECT_EQ(Utilities::GetXMPPath(tree.Path("noext")), tree.Path("noext.xmp"));
 }
 
-TEST(MergePathList, AppendsWhatIsMissingInOrderOnce) {
-    std::vector<Fnd::WString> paths{u"/a"};
+TEST(MergePathList, AppendsWhatIsMissingInOrderOnceEvenFromItself) {
+    Paths paths{u"/a"};
     Utilities::MergePathList(paths, {u"/b", u"/a", u"/c", u"/b"}, {u"/c", u"/d"});
-    EXPECT_EQ(paths, (std::vector<Fnd::WString>{u"/a", u"/b", u"/c", u"/d"}));
+    EXPECT_EQ(paths, (Paths{u"/a", u"/b", u"/c", u"/d"}));
+    Utilities::MergePathList(paths, paths, {u"/e"});
+    EXPECT_EQ(paths, (Paths{u"/a", u"/b", u"/c", u"/d", u"/e"}));
 }
 
-TEST(MergePathList, ListMayBeMergedWithItself) {
-    std::vector<Fnd::WString> paths{u"/a", u"/b"};
-    Utilities::MergePathList(paths, paths, {u"/c"});
-    EXPECT_EQ(paths, (std::vector<Fnd::WString>{u"/a", u"/b", u"/c"}));
+TEST(GetRelativePath, LexicallyFromTheRoot) {
+    struct Case {
+        const char *root, *path, *expected;
+    };
+    for (const Case& c :
+         {Case{"/r", "/r/a/b.mov", "a/b.mov"}, Case{"/r", "/r", ""}, Case{"/r/", "/r/a", "a"},
+          Case{"/r", "/r//a/./b", "a/b"}, Case{"/r/a", "/r/b/c", "../b/c"}, Case{"/r/a/b", "/r", "../.."},
+          Case{"/r", "/rx/y", "../rx/y"}, Case{"/", "/x/y", "x/y"}, Case{"/r", "a/b", "a/b"}})
+        EXPECT_EQ(Utilities::GetRelativePath(Fnd::FromUTF8(c.root), Fnd::FromUTF8(c.path)),
+                  Fnd::FromUTF8(c.expected))
+            << c.root << " -> " << c.path;
 }
 
-struct RelativeCase {
-    const char* root;
-    const char* path;
-    const char* expected;
-};
-
-class GetRelativePath : public testing::TestWithParam<RelativeCase> {};
-
-TEST_P(GetRelativePath, Answers) {
-    const RelativeCase& c = GetParam();
-    EXPECT_EQ(Utilities::GetRelativePath(Fnd::FromUTF8(c.root), Fnd::FromUTF8(c.path)),
-              Fnd::FromUTF8(c.expected))
-        << c.root << " -> " << c.path;
+// The sidecar follows the media's new name and folder, keeping its own form of extension.
+TEST(RenameSideCarFile, FollowsTheNewNameBesideTheMedia) {
+    struct Case {
+        const char *sidecar, *expected;
+    };
+    for (const Case& c :
+         {Case{"/card/A001.XMP", "/dest/day1/Interview.XMP"},
+          Case{"/card/A001.MOV.xmp", "/dest/day1/Interview.MOV.xmp"},
+          Case{"A001.xmp", "/dest/day1/Interview.xmp"}, Case{"/card/other.XMP", "/dest/day1/Interview.XMP"},
+          Case{"/card/A001x.xmp", "/dest/day1/Interview.xmp"}, Case{"", "/dest/day1/Interview.xmp"}})
+        EXPECT_EQ(Utilities::RenameSideCarFile(u"/dest/day1/Interview.MOV", u"A001", u"Interview",
+                                               Fnd::FromUTF8(c.sidecar)),
+                  Fnd::FromUTF8(c.expected))
+            << c.sidecar;
 }
-
-INSTANTIATE_TEST_SUITE_P(Utilities, GetRelativePath,
-                         testing::Values(RelativeCase{"/r", "/r/a/b.mov", "a/b.mov"},
-                                         RelativeCase{"/r", "/r", ""}, RelativeCase{"/r/", "/r/a", "a"},
-                                         RelativeCase{"/r", "/r//a/./b", "a/b"},
-                                         RelativeCase{"/r/a", "/r/b/c", "../b/c"},
-                                         RelativeCase{"/r/a/b", "/r", "../.."},
-                                         RelativeCase{"/r", "/rx/y", "../rx/y"},
-                                         RelativeCase{"/", "/x/y", "x/y"}, RelativeCase{"/r", "a/b", "a/b"}));
-
-struct SidecarCase {
-    const char* sidecar;
-    const char* expected;
-};
-
-class RenameSideCarFile : public testing::TestWithParam<SidecarCase> {};
-
-TEST_P(RenameSideCarFile, FollowsTheNewNameBesideTheMedia) {
-    EXPECT_EQ(Utilities::RenameSideCarFile(u"/dest/day1/Interview.MOV", u"A001", u"Interview",
-                                           Fnd::FromUTF8(GetParam().sidecar)),
-              Fnd::FromUTF8(GetParam().expected));
-}
-
-INSTANTIATE_TEST_SUITE_P(Utilities, RenameSideCarFile,
-                         testing::Values(SidecarCase{"/card/A001.XMP", "/dest/day1/Interview.XMP"},
-                                         SidecarCase{"/card/A001.MOV.xmp", "/dest/day1/Interview.MOV.xmp"},
-                                         SidecarCase{"A001.xmp", "/dest/day1/Interview.xmp"},
-                                         SidecarCase{"/card/other.XMP", "/dest/day1/Interview.XMP"},
-                                         SidecarCase{"/card/A001x.xmp", "/dest/day1/Interview.xmp"},
-                                         SidecarCase{"", "/dest/day1/Interview.xmp"}));
 
 } // namespace
