@@ -1,6 +1,7 @@
+// What the user is asked before a copy, and what each answer decides for the paths of an item.
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <ostream>
 
 #include "HostApp/ApplicationType.h"
 #include "IGD/IngestApi.h"
@@ -12,190 +13,123 @@ namespace igd::test {
 namespace {
 
 using Fnd::WString;
+using Map = IGD::CopyActionMap;
+constexpr int kSkip = QL::kCopyActionSkip;
+constexpr int kKeepBoth = QL::kCopyActionKeepBoth;
+constexpr int kReplace = QL::kCopyActionReplace;
 
 class CopyDecisionsTest : public PlanTest {
 protected:
-    const IGD::CopyActionMap& DecisionsFor(IGD::IIngestDialogData& session,
-                                           const IGD::IngestDestinationRef& destination) {
+    const Map& DecisionsFor(IGD::IIngestDialogData& session, const IGD::IngestDestinationRef& destination) {
         return session.GetCopyDecisions()->at(destination);
+    }
+
+    // Each question as "source > target", marked when it is about a folder or about a path that
+    // only a waiting task will write.
+    Strings Asked() const {
+        Strings asked;
+        for (const Fnd::ExistingPathQuestion& question : ui->ExistingPathQuestions())
+            asked.push_back(Rel(question.source) + " > " + Rel(question.target) +
+                            (question.isDirectory ? " (folder)" : "") +
+                            (question.onlyInCopyList ? " (waiting)" : ""));
+        return asked;
     }
 };
 
-TEST_F(CopyDecisionsTest, NothingInTheWayAsksNothing) {
-    tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV", {"A001.XMP"});
-    auto primary = AddDestination(*session, "p", true);
+// The clip A001.MOV with its sidecar, under a new name if one is given, or the folder Card with
+// its content, against what already lies in the destination folder p.
+struct DecisionCase {
+    const char* name;
+    const char* item;
+    Strings existing; // below p; a trailing slash makes a folder
+    std::vector<int> answers;
+    Strings asked;
+    Map expected;
+};
 
-    ASSERT_TRUE(Decide(*session));
-    EXPECT_TRUE(ui->ExistingPathQuestions().empty());
-    EXPECT_EQ(DecisionsFor(*session, primary), (IGD::CopyActionMap{{u"A001.MOV", 0}, {u"A001.XMP", 0}}));
+void PrintTo(const DecisionCase& c, std::ostream* os) {
+    *os << c.name;
 }
 
-TEST_F(CopyDecisionsTest, AnExistingClipIsAskedOnceAndItsFilesFollowTheAnswer) {
+class DecisionTableTest : public CopyDecisionsTest, public ::testing::WithParamInterface<DecisionCase> {};
+
+TEST_P(DecisionTableTest, AsksAboutWhatIsInTheWayAndRecordsTheAnswers) {
+    const DecisionCase& c = GetParam();
+    for (const std::string& path : c.existing) {
+        if (path.back() == '/')
+            tree.MakeFolder("p/" + path);
+        else
+            tree.MakeFile("p/" + path);
+    }
+    auto session = SessionWithClips();
+    if (std::string(c.item) == "Card")
+        AddFolder(*session, "Card", {"Card/CLIP", "Card/CLIP/a.mxf", "Card/b.mxf"});
+    else
+        AddClip(*session, "A001.MOV", {"A001.XMP"}, c.item);
+    auto primary = AddDestination(*session, "p", true);
+    for (int answer : c.answers)
+        ui->QueueExistingPathAnswer(answer);
+
+    ASSERT_TRUE(Decide(*session));
+    EXPECT_EQ(Asked(), c.asked);
+    EXPECT_EQ(DecisionsFor(*session, primary), c.expected);
+}
+
+const char* const kCard = "src/Card > p/Card (folder)";
+const Strings kCardPaths{kCard, "src/Card/CLIP > p/Card/CLIP (folder)", "src/Card/b.mxf > p/Card/b.mxf"};
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Cases, DecisionTableTest, ::testing::Values(
+    DecisionCase{"AClipInTheWayIsAskedOnceAndItsFilesFollow", "", {"A001.MOV", "A001.XMP"}, {kReplace},
+                 {"src/A001.MOV > p/A001.MOV"}, {{u"A001.MOV", 3}, {u"A001.XMP", 3}}},
+    DecisionCase{"AFreeClipStillHasItsFilesInTheWayAsked", "", {"A001.XMP"}, {kKeepBoth},
+                 {"src/A001.XMP > p/A001.XMP"}, {{u"A001.MOV", 0}, {u"A001.XMP", 2}}},
+    DecisionCase{"ARenamedClipIsJudgedByItsNewName", "Shot_01", {"A001.MOV", "Shot_01.MOV"}, {kSkip},
+                 {"src/A001.MOV > p/Shot_01.MOV"}, {{u"A001.MOV", 1}, {u"A001.XMP", 1}}},
+    DecisionCase{"ASkippedFolderSkipsAllItsContentUnasked", "Card", {"Card/b.mxf", "Card/CLIP/a.mxf"}, {kSkip},
+                 {kCard}, {{u"Card", 1}, {u"Card/CLIP", 1}, {u"Card/CLIP/a.mxf", 1}, {u"Card/b.mxf", 1}}},
+    DecisionCase{"AFolderKeptBothHasEachOfItsPathsAsked", "Card", {"Card/b.mxf", "Card/CLIP/"},
+                 {kKeepBoth, kSkip, kKeepBoth}, kCardPaths,
+                 {{u"Card", 2}, {u"Card/CLIP", 1}, {u"Card/CLIP/a.mxf", 0}, {u"Card/b.mxf", 2}}},
+    DecisionCase{"AFolderReplacedHasEachOfItsPathsAsked", "Card", {"Card/b.mxf", "Card/CLIP/"},
+                 {kReplace, kSkip, kKeepBoth}, kCardPaths,
+                 {{u"Card", 3}, {u"Card/CLIP", 1}, {u"Card/CLIP/a.mxf", 0}, {u"Card/b.mxf", 2}}}),
+    [](const auto& info) { return std::string(info.param.name); });
+// clang-format on
+
+class ApplyToAllTest : public CopyDecisionsTest, public ::testing::WithParamInterface<bool> {};
+
+// Between the two, a disabled and a transcoding destination with the file in the way are never
+// asked about. The backup's target is not on disk yet, only in a waiting task: that is in the way
+// too, and its transcode setting, being off, makes it no less a copy.
+TEST_P(ApplyToAllTest, AnAnswerForAllCarriesOverToTheNextDestination) {
+    const bool forAll = GetParam();
     tree.MakeFile("p/A001.MOV");
-    tree.MakeFile("p/A001.XMP");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV", {"A001.XMP"});
-    auto primary = AddDestination(*session, "p", true);
-    ui->QueueExistingPathAnswer(QL::kCopyActionReplace);
-
-    ASSERT_TRUE(Decide(*session));
-    ASSERT_EQ(ui->ExistingPathQuestions().size(), 1u);
-    const Fnd::ExistingPathQuestion& question = ui->ExistingPathQuestions()[0];
-    EXPECT_EQ(question.source, tree.Path("src/A001.MOV"));
-    EXPECT_EQ(question.target, tree.Path("p/A001.MOV"));
-    EXPECT_FALSE(question.isDirectory);
-    EXPECT_FALSE(question.onlyInCopyList);
-    EXPECT_EQ(DecisionsFor(*session, primary), (IGD::CopyActionMap{{u"A001.MOV", 3}, {u"A001.XMP", 3}}));
-}
-
-TEST_F(CopyDecisionsTest, AClipWithNothingInTheWayStillHasItsExistingFilesAsked) {
-    tree.MakeFile("p/A001.XMP");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV", {"A001.XMP"});
-    auto primary = AddDestination(*session, "p", true);
-    ui->QueueExistingPathAnswer(QL::kCopyActionKeepBoth);
-
-    ASSERT_TRUE(Decide(*session));
-    ASSERT_EQ(ui->ExistingPathQuestions().size(), 1u);
-    EXPECT_EQ(ui->ExistingPathQuestions()[0].source, tree.Path("src/A001.XMP"));
-    EXPECT_EQ(ui->ExistingPathQuestions()[0].target, tree.Path("p/A001.XMP"));
-    EXPECT_EQ(DecisionsFor(*session, primary), (IGD::CopyActionMap{{u"A001.MOV", 0}, {u"A001.XMP", 2}}));
-}
-
-TEST_F(CopyDecisionsTest, ARenamedFileIsJudgedByItsNewName) {
-    tree.MakeFile("p/A001.MOV"); // the old name in the way does not matter
-    tree.MakeFile("p/Shot_01.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV", {}, "Shot_01");
-    auto primary = AddDestination(*session, "p", true, /*applyRename=*/true);
-    ui->QueueExistingPathAnswer(QL::kCopyActionSkip);
-
-    ASSERT_TRUE(Decide(*session));
-    ASSERT_EQ(ui->ExistingPathQuestions().size(), 1u);
-    EXPECT_EQ(ui->ExistingPathQuestions()[0].target, tree.Path("p/Shot_01.MOV"));
-    EXPECT_EQ(DecisionsFor(*session, primary).at(u"A001.MOV"), 1);
-}
-
-TEST_F(CopyDecisionsTest, AFolderSkippedKeepsAllItsContentUnasked) {
-    tree.MakeFile("p/Card/b.mxf");
-    tree.MakeFile("p/Card/CLIP/a.mxf");
-    auto session = NewSessionOverSource();
-    AddFolder(*session, "Card", {"Card/CLIP", "Card/CLIP/a.mxf", "Card/b.mxf"});
-    auto primary = AddDestination(*session, "p", true);
-    ui->QueueExistingPathAnswer(QL::kCopyActionSkip);
-
-    ASSERT_TRUE(Decide(*session));
-    ASSERT_EQ(ui->ExistingPathQuestions().size(), 1u);
-    EXPECT_TRUE(ui->ExistingPathQuestions()[0].isDirectory);
-    EXPECT_EQ(
-        DecisionsFor(*session, primary),
-        (IGD::CopyActionMap{{u"Card", 1}, {u"Card/CLIP", 1}, {u"Card/CLIP/a.mxf", 1}, {u"Card/b.mxf", 1}}));
-}
-
-class FolderAnswerTest : public CopyDecisionsTest, public ::testing::WithParamInterface<int> {};
-
-TEST_P(FolderAnswerTest, AnyOtherAnswerForAFolderLooksAtEachFileByItself) {
-    tree.MakeFile("p/Card/b.mxf");
-    tree.MakeFolder("p/Card/CLIP"); // exists, but its file does not
-    auto session = NewSessionOverSource();
-    AddFolder(*session, "Card", {"Card/CLIP", "Card/CLIP/a.mxf", "Card/b.mxf"});
-    auto primary = AddDestination(*session, "p", true);
-    ui->QueueExistingPathAnswer(GetParam());
-    ui->QueueExistingPathAnswer(QL::kCopyActionSkip);     // Card/CLIP
-    ui->QueueExistingPathAnswer(QL::kCopyActionKeepBoth); // Card/b.mxf
-
-    ASSERT_TRUE(Decide(*session));
-    ASSERT_EQ(ui->ExistingPathQuestions().size(), 3u);
-    EXPECT_EQ(ui->ExistingPathQuestions()[1].target, tree.Path("p/Card/CLIP"));
-    EXPECT_TRUE(ui->ExistingPathQuestions()[1].isDirectory);
-    EXPECT_EQ(ui->ExistingPathQuestions()[2].target, tree.Path("p/Card/b.mxf"));
-    EXPECT_FALSE(ui->ExistingPathQuestions()[2].isDirectory);
-    EXPECT_EQ(DecisionsFor(*session, primary),
-              (IGD::CopyActionMap{
-                  {u"Card", GetParam()}, {u"Card/CLIP", 1}, {u"Card/CLIP/a.mxf", 0}, {u"Card/b.mxf", 2}}));
-}
-
-INSTANTIATE_TEST_SUITE_P(KeepBothOrReplace, FolderAnswerTest, ::testing::Values(2, 3));
-
-TEST_F(CopyDecisionsTest, AnAnswerForAllCarriesOverToTheNextDestination) {
-    for (const char* path : {"p/A001.MOV", "p/A002.MOV", "b/A001.MOV", "b/A002.MOV"})
-        tree.MakeFile(path);
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddClip(*session, "A002.MOV");
-    auto primary = AddDestination(*session, "p", true);
-    auto backup = AddDestination(*session, "b", false);
-    ui->QueueExistingPathAnswer(QL::kCopyActionReplace, /*applyToAll=*/true);
-
-    ASSERT_TRUE(Decide(*session));
-    EXPECT_EQ(ui->ExistingPathQuestions().size(), 1u);
-    const IGD::CopyActionMap all{{u"A001.MOV", 3}, {u"A002.MOV", 3}};
-    EXPECT_EQ(DecisionsFor(*session, primary), all);
-    EXPECT_EQ(DecisionsFor(*session, backup), all);
-}
-
-TEST_F(CopyDecisionsTest, WithoutAnAnswerForAllEachConflictIsAsked) {
-    tree.MakeFile("p/A001.MOV");
-    tree.MakeFile("b/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    auto primary = AddDestination(*session, "p", true);
-    auto backup = AddDestination(*session, "b", false);
-    ui->QueueExistingPathAnswer(QL::kCopyActionSkip);
-    ui->QueueExistingPathAnswer(QL::kCopyActionKeepBoth);
-
-    ASSERT_TRUE(Decide(*session));
-    EXPECT_EQ(DecisionsFor(*session, primary).at(u"A001.MOV"), 1);
-    EXPECT_EQ(DecisionsFor(*session, backup).at(u"A001.MOV"), 2);
-}
-
-TEST_F(CopyDecisionsTest, GivingUpAnswersFalseAndAsksNothingMore) {
-    tree.MakeFile("p/A001.MOV");
-    tree.MakeFile("p/A002.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddClip(*session, "A002.MOV");
-    AddDestination(*session, "p", true);
-    ui->QueueExistingPathCancel();
-
-    EXPECT_FALSE(Decide(*session));
-    EXPECT_EQ(ui->ExistingPathQuestions().size(), 1u);
-}
-
-TEST_F(CopyDecisionsTest, ATargetThatAWaitingTaskWillWriteIsAskedAbout) {
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    auto primary = AddDestination(*session, "p", true);
-    tasks->AddPathInCopyList(tree.Path("p/A001.MOV"));
-    ui->QueueExistingPathAnswer(QL::kCopyActionKeepBoth);
-
-    ASSERT_TRUE(Decide(*session));
-    ASSERT_EQ(ui->ExistingPathQuestions().size(), 1u);
-    EXPECT_TRUE(ui->ExistingPathQuestions()[0].onlyInCopyList);
-    EXPECT_EQ(DecisionsFor(*session, primary).at(u"A001.MOV"), 2);
-}
-
-TEST_F(CopyDecisionsTest, DisabledAndTranscodingDestinationsGetNoDecisions) {
     tree.MakeFile("off/A001.MOV");
     tree.MakeFile("tc/A001.MOV");
-    auto session = NewSessionOverSource();
+    tasks->AddPathInCopyList(tree.Path("b/A001.MOV"));
+    auto session = SessionWithClips();
     AddClip(*session, "A001.MOV");
-    auto disabled = AddDestination(*session, "off", true);
-    disabled->SetEnabled(false);
-    auto transcoding = AddDestination(*session, "tc", false);
-    Transcode(*transcoding);
-    auto transcodeOff = AddDestination(*session, "copy", false);
-    transcodeOff->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
+    auto primary = AddDestination(*session, "p", true);
+    AddDestination(*session, "off", false)->SetEnabled(false);
+    Transcode(*AddDestination(*session, "tc", false));
+    auto backup = AddDestination(*session, "b", false);
+    backup->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
+    ui->QueueExistingPathAnswer(kReplace, forAll);
+    if (!forAll)
+        ui->QueueExistingPathAnswer(kKeepBoth);
 
     ASSERT_TRUE(Decide(*session));
-    EXPECT_TRUE(ui->ExistingPathQuestions().empty());
-    const IGD::CopyDecisionMap& decisions = *session->GetCopyDecisions();
-    EXPECT_EQ(decisions.count(disabled), 0u);
-    EXPECT_EQ(decisions.count(transcoding), 0u);
-    EXPECT_EQ(decisions.count(transcodeOff), 1u);
+    Strings asked{"src/A001.MOV > p/A001.MOV"};
+    if (!forAll)
+        asked.push_back("src/A001.MOV > b/A001.MOV (waiting)");
+    EXPECT_EQ(Asked(), asked);
+    EXPECT_EQ(session->GetCopyDecisions()->size(), 2u);
+    EXPECT_EQ(DecisionsFor(*session, primary), (Map{{u"A001.MOV", kReplace}}));
+    EXPECT_EQ(DecisionsFor(*session, backup), (Map{{u"A001.MOV", forAll ? kReplace : kKeepBoth}}));
 }
+
+INSTANTIATE_TEST_SUITE_P(ForAllOrNot, ApplyToAllTest, ::testing::Bool());
 
 // Kinds 5 and 8: the host gives the destinations and nobody is asked.
 class HostedCopyDecisionsTest : public CopyDecisionsTest, public ::testing::WithParamInterface<int> {
@@ -203,77 +137,31 @@ protected:
     HostedCopyDecisionsTest() { HostApp::SetApplicationType(GetParam()); }
 };
 
-TEST_P(HostedCopyDecisionsTest, KeepsBothUnaskedUnderTheHostsName) {
+TEST_P(HostedCopyDecisionsTest, KeepsBothUnaskedUnderTheNameTheHostGivesPlainFolderItems) {
     tree.MakeFile("p/A001.MOV");
-    auto session = NewSessionOverSource();
+    auto session = SessionWithClips();
     auto clip = AddClip(*session, "A001.MOV", {"A001.XMP"});
+    auto same = AddClip(*session, "A002.MOV");
+    auto card = AddClip(*session, "C0001.MXF");
+    card->SetItemFormat(u"com.veltrix.Kestrel.WinProviderCard");
     auto primary = AddDestination(*session, "p", true);
-    struct Call {
-        WString target, extension, directory, text;
-        std::size_t names, moreNames;
-    };
-    std::vector<Call> calls;
-    IGD::SetGenerateAutomaticFileNameCallback(
-        [&](const WString& target, const WString& extension, const std::vector<WString>& names,
-            const WString& directory, const WString& text, const std::vector<WString>& moreNames) {
-            calls.push_back({target, extension, directory, text, names.size(), moreNames.size()});
-            return tree.Path("p/A001 (1).MOV");
-        });
-
-    ASSERT_TRUE(Decide(*session));
-    EXPECT_TRUE(ui->ExistingPathQuestions().empty());
-    EXPECT_EQ(DecisionsFor(*session, primary), (IGD::CopyActionMap{{u"A001.MOV", 2}, {u"A001.XMP", 2}}));
-    ASSERT_EQ(calls.size(), 1u);
-    EXPECT_EQ(calls[0].target, tree.Path("p/A001.MOV"));
-    EXPECT_EQ(calls[0].extension, u".MOV");
-    EXPECT_EQ(calls[0].directory, tree.Path("p") + u"/");
-    EXPECT_EQ(calls[0].text, u"");
-    EXPECT_EQ(calls[0].names, 0u);
-    EXPECT_EQ(calls[0].moreNames, 0u);
-    EXPECT_EQ(clip->GetOutputName(), u"A001 (1)");
-    EXPECT_TRUE(primary->IsApplyRename());
-}
-
-TEST_P(HostedCopyDecisionsTest, TheHostsSameNameChangesNothing) {
-    auto session = NewSessionOverSource();
-    auto clip = AddClip(*session, "A001.MOV");
-    auto primary = AddDestination(*session, "p", true);
-    IGD::SetGenerateAutomaticFileNameCallback([](const WString& target, const WString&,
-                                                 const std::vector<WString>&, const WString&, const WString&,
-                                                 const std::vector<WString>&) { return target; });
-
-    ASSERT_TRUE(Decide(*session));
-    EXPECT_EQ(DecisionsFor(*session, primary).at(u"A001.MOV"), 2);
-    EXPECT_FALSE(clip->HasOutputName());
-    EXPECT_FALSE(primary->IsApplyRename());
-}
-
-TEST_P(HostedCopyDecisionsTest, OnlyPlainFolderItemsAreOfferedToTheHost) {
-    auto session = NewSessionOverSource();
-    auto clip = AddClip(*session, "A001.MXF");
-    clip->SetItemFormat(u"com.veltrix.Kestrel.WinProviderCard");
-    AddDestination(*session, "p", true);
-    int calls = 0;
-    IGD::SetGenerateAutomaticFileNameCallback([&](const WString&, const WString&, const std::vector<WString>&,
-                                                  const WString&, const WString&,
-                                                  const std::vector<WString>&) {
-        ++calls;
-        return WString(u"/elsewhere/X.MXF");
+    Strings offered;
+    IGD::SetGenerateAutomaticFileNameCallback([&](const WString& target, const WString& extension,
+                                                  const std::vector<WString>&, const WString& directory,
+                                                  const WString&, const std::vector<WString>&) {
+        offered.push_back(Rel(target) + " " + Fnd::ToUTF8(extension) + " in " + Rel(directory));
+        return Rel(target) == "p/A001.MOV" ? tree.Path("p/A001 (1).MOV") : target;
     });
 
     ASSERT_TRUE(Decide(*session));
-    EXPECT_EQ(calls, 0);
-    EXPECT_FALSE(clip->HasOutputName());
-}
-
-TEST_P(HostedCopyDecisionsTest, ADestinationWithATranscodeSettingIsSkippedEvenWhenItIsOff) {
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    auto destination = AddDestination(*session, "p", true);
-    destination->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
-
-    ASSERT_TRUE(Decide(*session));
-    EXPECT_EQ(session->GetCopyDecisions()->count(destination), 0u);
+    EXPECT_TRUE(ui->ExistingPathQuestions().empty());
+    EXPECT_EQ(offered, (Strings{"p/A001.MOV .MOV in p/", "p/A002.MOV .MOV in p/"}));
+    EXPECT_EQ(DecisionsFor(*session, primary),
+              (Map{{u"A001.MOV", 2}, {u"A001.XMP", 2}, {u"A002.MOV", 2}, {u"C0001.MXF", 2}}));
+    EXPECT_EQ(clip->GetOutputName(), u"A001 (1)");
+    EXPECT_FALSE(same->HasOutputName());
+    EXPECT_FALSE(card->HasOutputName());
+    EXPECT_TRUE(primary->IsApplyRename());
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, HostedCopyDecisionsTest, ::testing::Values(5, 8));

@@ -2,218 +2,121 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <list>
-#include <map>
-#include <memory>
 #include <ostream>
 #include <set>
-#include <stdexcept>
-#include <vector>
 
 #include "HostApp/ApplicationType.h"
 #include "IGD/IngestApi.h"
 #include "PlanTestSupport.h"
 #include "pipeline/IngestPlan.h"
+#include "pipeline/RenameTargets.h"
 
 namespace igd::test {
 namespace {
 
 using Fnd::WString;
-using QL::IngestTask::CopySetting;
 using QL::IngestTask::CopyUnit;
+using GuidMap = std::map<WString, fluxcore::utility::Guid>;
 
-std::vector<QL::CopyEntry> Entries(const CopyUnit& unit) {
-    return {unit.entries.begin(), unit.entries.end()};
-}
-
-const CopyUnit& UnitAt(const CopySetting& setting, std::size_t index) {
-    auto it = setting.units.begin();
-    std::advance(it, static_cast<std::ptrdiff_t>(index));
-    return **it;
-}
-
-class CopyPlanTest : public PlanTest {
-protected:
-    // The index-th copy task, as the service recorded it.
-    const CopySetting& CopyAt(std::size_t index) const {
-        for (const RecordedTask& task : tasks->Tasks()) {
-            if (task.kind == TaskKind::Copy && index-- == 0)
-                return task.Copy();
-        }
-        throw std::out_of_range("no such copy task");
-    }
-};
-
-TEST_F(CopyPlanTest, ARenamedSingleFileLandsUnderItsNewNameWithItsSidecar) {
+TEST_F(PlanTest, ARenamedSingleFileTakesItsSidecarAlongAFolderBasedClipKeepsItsFileNames) {
+    auto session = SessionWithClips();
     tree.MakeFile("src/A001.MOV");
-    tree.MakeFile("src/A001.XMP");
-    auto session = NewSessionOverSource();
-    auto clip = AddClip(*session, "A001.MOV", {"A001.XMP"}, "Shot_01");
+    auto clip = AddClip(*session, "A001.MOV", {"A001.XMP", "notes.txt"}, "Shot_01");
     clip->SetInPoint(10);
     clip->SetOutPoint(20);
     clip->SetFrameRate(1001);
+    tree.MakeFile("src/PRIVATE/CLIP/C0001.MXF");
+    AddClip(*session, "PRIVATE/CLIP/C0001.MXF", {"PRIVATE/CLIP/C0001.xmp"}, "Shot_02", /*single=*/false);
     AddDestination(*session, "p", true, /*applyRename=*/true);
     session->SetVerifyMode(QL::IngestTask::kVerifyFileSize);
 
     DecideAndRun(session);
 
-    ASSERT_EQ(tasks->Count(TaskKind::Copy), 1u);
-    const CopySetting& setting = CopyAt(0);
-    EXPECT_EQ(setting.verifyMode, QL::IngestTask::kVerifyFileSize);
-    EXPECT_TRUE(setting.addToProject);
-    ASSERT_EQ(setting.units.size(), 1u);
-    const CopyUnit& unit = UnitAt(setting, 0);
-    const std::vector<QL::CopyEntry> entries = Entries(unit);
-    ASSERT_EQ(entries.size(), 2u);
-    EXPECT_EQ(entries[0].source, tree.Path("src/A001.MOV"));
-    EXPECT_EQ(entries[0].target, tree.Path("p/Shot_01.MOV"));
-    EXPECT_EQ(entries[0].action, 0);
-    EXPECT_FALSE(entries[0].isFolder);
-    EXPECT_EQ(entries[1].source, tree.Path("src/A001.XMP"));
-    EXPECT_EQ(entries[1].target, tree.Path("p/Shot_01.XMP"));
-    EXPECT_FALSE(entries[1].isFolder);
-
-    ASSERT_EQ(unit.importItems.size(), 1u);
-    const QL::IngestItem& imported = *unit.importItems.at(tree.Path("p/Shot_01.MOV"));
-    EXPECT_EQ(imported.path, tree.Path("p/Shot_01.MOV"));
-    EXPECT_EQ(imported.name, u"Shot_01");
-    EXPECT_EQ(imported.format, u"com.veltrix.Kestrel.WinProviderDirectory");
-    EXPECT_EQ(imported.inPoint, 10);
-    EXPECT_EQ(imported.outPoint, 20);
-    EXPECT_EQ(imported.frameRate, 1001);
-    EXPECT_EQ(imported.extraPaths, std::vector<WString>{tree.Path("p/A001.XMP")});
-    EXPECT_EQ(unit.renames, (std::map<WString, WString>{{tree.Path("p/Shot_01.MOV"), u"Shot_01"}}));
-    EXPECT_EQ(unit.clipGuids, (std::map<WString, fluxcore::utility::Guid>{
-                                  {tree.Path("p/Shot_01.MOV"), clip->GetClipGuid()}}));
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
     EXPECT_EQ(tasks->Tasks()[0].batch, batch_);
+    EXPECT_EQ(CopyAt(0).verifyMode, QL::IngestTask::kVerifyFileSize);
+    EXPECT_TRUE(CopyAt(0).addToProject);
+    ASSERT_EQ(CopyAt(0).units.size(), 2u);
+    const CopyUnit& single = UnitAt(CopyAt(0), 0);
+    // The upper-case sidecar follows the new name; other extra files keep theirs.
+    EXPECT_EQ(Moves(single), (Strings{"src/A001.MOV > p/Shot_01.MOV", "src/A001.XMP > p/Shot_01.XMP",
+                                      "src/notes.txt > p/notes.txt"}));
+    EXPECT_EQ(Actions(single), (std::vector<int>{0, 0, 0}));
+    EXPECT_EQ(Named(single.importItems), (NameMap{{"p/Shot_01.MOV", "Shot_01"}}));
+    const QL::IngestItem& imported = *single.importItems.begin()->second;
+    EXPECT_EQ(imported.format, u"com.veltrix.Kestrel.WinProviderDirectory");
+    EXPECT_EQ(Timing(imported), (Ints{10, 20, 1001}));
+    EXPECT_EQ(imported.extraPaths, (std::vector<WString>{tree.Path("p/A001.XMP"), tree.Path("p/notes.txt")}));
+    EXPECT_EQ(Named(single.renames), (NameMap{{"p/Shot_01.MOV", "Shot_01"}}));
+    EXPECT_EQ(single.clipGuids, (GuidMap{{tree.Path("p/Shot_01.MOV"), clip->GetClipGuid()}}));
+
+    // The folder-based clip is renamed in the project only.
+    const CopyUnit& folderBased = UnitAt(CopyAt(0), 1);
+    EXPECT_EQ(Moves(folderBased), (Strings{"src/PRIVATE/CLIP/C0001.MXF > p/PRIVATE/CLIP/C0001.MXF",
+                                           "src/PRIVATE/CLIP/C0001.xmp > p/PRIVATE/CLIP/C0001.xmp"}));
+    EXPECT_EQ(Named(folderBased.renames), (NameMap{{"p/PRIVATE/CLIP/C0001.MXF", "Shot_02"}}));
+    EXPECT_EQ(Named(folderBased.importItems), (NameMap{{"p/PRIVATE/CLIP/C0001.MXF", "Shot_02"}}));
 }
 
-TEST_F(CopyPlanTest, EntriesCarryTheDecisionsOfTheirPaths) {
+// Which of the extra files is the sidecar that follows a rename.
+TEST(FindSidecarPathTest, FindsTheFirstXmpInAnyCase) {
+    EXPECT_EQ(IGD::FindSidecarPath({u"A001.wav", u"A001.XMP", u"A001.xmp"}), u"A001.XMP");
+    EXPECT_EQ(IGD::FindSidecarPath({u"A001.MOV.xmp"}), u"A001.MOV.xmp");
+    EXPECT_EQ(IGD::FindSidecarPath({u"sub/A001.XmP"}), u"sub/A001.XmP");
+    EXPECT_EQ(IGD::FindSidecarPath({}), u"");
+    EXPECT_EQ(IGD::FindSidecarPath({u"A001.wav", u"A001.xmp.bak"}), u"");
+    // A hidden file named ".xmp" has no extension at all.
+    EXPECT_EQ(IGD::FindSidecarPath({u".xmp"}), u"");
+}
+
+class TwoDestinationsTest : public PlanTest, public ::testing::WithParamInterface<unsigned> {};
+
+// The backup comes first: each destination follows its own flags, not its position.
+TEST_P(TwoDestinationsTest, TheBackupRenamesOnlyWithScopeZeroAndOnlyThePrimaryAddsToTheProject) {
+    const bool backupRenames = GetParam() == 0;
     tree.MakeFile("src/A001.MOV");
-    tree.MakeFile("p/A001.MOV");
-    tree.MakeFile("p/A001.XMP");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV", {"A001.XMP", "A001.WAV"});
-    AddDestination(*session, "p", true);
-    ui->QueueExistingPathAnswer(QL::kCopyActionSkip);
-
-    DecideAndRun(session);
-
-    const std::vector<QL::CopyEntry> entries = Entries(UnitAt(CopyAt(0), 0));
-    ASSERT_EQ(entries.size(), 3u);
-    EXPECT_EQ(entries[0].action, 1);
-    EXPECT_EQ(entries[1].action, 1);
-    EXPECT_EQ(entries[2].action, 1);
-}
-
-struct ScopeCase {
-    unsigned scope;
-    bool backupRenames;
-};
-
-void PrintTo(const ScopeCase& c, std::ostream* os) {
-    *os << "scope " << c.scope;
-}
-
-class RenameScopeTest : public CopyPlanTest, public ::testing::WithParamInterface<ScopeCase> {};
-
-TEST_P(RenameScopeTest, TheBackupRenamesOnlyWithScopeZero) {
-    tree.MakeFile("src/A001.MOV");
-    tree.MakeFile("src/A001.xmp");
-    auto session = NewSessionOverSource();
-    session->SetRenameApplyScope(GetParam().scope);
+    auto session = SessionWithClips();
+    session->SetRenameApplyScope(GetParam());
     auto clip = AddClip(*session, "A001.MOV", {"A001.xmp"}, "Shot_01");
     // The apply scope step before the plan turns the scope into these flags.
+    AddDestination(*session, "b", false, /*applyRename=*/backupRenames, /*applyMetadata=*/true);
     AddDestination(*session, "p", true, /*applyRename=*/true);
-    AddDestination(*session, "b", false, /*applyRename=*/GetParam().backupRenames);
+    session->SetCustomData(CustomDataWithMetadata());
+    Strings heard;
+    IGD::SetIngestCopyOutputFileNameCallback([&](const WString& target) { heard.push_back(Rel(target)); });
 
     DecideAndRun(session);
 
-    ASSERT_EQ(tasks->Count(TaskKind::Copy), 2u);
-    const CopyUnit& primary = UnitAt(CopyAt(0), 0);
-    EXPECT_EQ(Entries(primary)[0].target, tree.Path("p/Shot_01.MOV"));
-    EXPECT_EQ(Entries(primary)[1].target, tree.Path("p/Shot_01.xmp"));
-    EXPECT_EQ(primary.renames.size(), 1u);
+    ASSERT_EQ(Kinds(), (KindList{TaskKind::Copy, TaskKind::Copy}));
+    const CopyUnit& backup = UnitAt(CopyAt(0));
+    const std::string stem = backupRenames ? "b/Shot_01" : "b/A001";
+    EXPECT_EQ(Moves(backup), (Strings{"src/A001.MOV > " + stem + ".MOV", "src/A001.xmp > " + stem + ".xmp"}));
+    EXPECT_EQ(Named(backup.renames), (backupRenames ? NameMap{{"b/Shot_01.MOV", "Shot_01"}} : NameMap{}));
+    // The project shows the new name either way, and the clip is the same clip everywhere, filed
+    // under the name it resolves to even where the file keeps its own.
+    EXPECT_EQ(Named(backup.importItems), (NameMap{{stem + ".MOV", "Shot_01"}}));
+    EXPECT_EQ(backup.clipGuids, (GuidMap{{tree.Path("b/Shot_01.MOV"), clip->GetClipGuid()}}));
+    const CopyUnit& primary = UnitAt(CopyAt(1));
+    EXPECT_EQ(Moves(primary), (Strings{"src/A001.MOV > p/Shot_01.MOV", "src/A001.xmp > p/Shot_01.xmp"}));
+    EXPECT_EQ(Named(primary.renames), (NameMap{{"p/Shot_01.MOV", "Shot_01"}}));
+    // The host hears of each main target as it is planned.
+    EXPECT_EQ(heard, (Strings{stem + ".MOV", "p/Shot_01.MOV"}));
 
-    const CopySetting& backupSetting = CopyAt(1);
-    EXPECT_FALSE(backupSetting.addToProject);
-    const CopyUnit& backup = UnitAt(backupSetting, 0);
-    const char* backupMain = GetParam().backupRenames ? "b/Shot_01.MOV" : "b/A001.MOV";
-    const char* backupSidecar = GetParam().backupRenames ? "b/Shot_01.xmp" : "b/A001.xmp";
-    EXPECT_EQ(Entries(backup)[0].target, tree.Path(backupMain));
-    EXPECT_EQ(Entries(backup)[1].target, tree.Path(backupSidecar));
-    EXPECT_EQ(backup.renames.size(), GetParam().backupRenames ? 1u : 0u);
-    // The project shows the new name either way.
-    ASSERT_EQ(backup.importItems.size(), 1u);
-    EXPECT_EQ(backup.importItems.at(tree.Path(backupMain))->name, u"Shot_01");
-    // The identity of the clip is the same at every destination.
-    ASSERT_EQ(backup.clipGuids.size(), 1u);
-    EXPECT_EQ(backup.clipGuids.begin()->second, clip->GetClipGuid());
+    EXPECT_FALSE(CopyAt(0).addToProject);
+    EXPECT_TRUE(CopyAt(1).addToProject);
+    // The template's values go where they are applied; the panel's answers travel everywhere.
+    EXPECT_EQ(tasks->Tasks()[0].customData.metadataSets.size(), 1u);
+    EXPECT_TRUE(tasks->Tasks()[1].customData.metadataSets.empty());
+    EXPECT_EQ(tasks->Tasks()[1].customData.minimumMetadata.keywords, std::set<WString>{u"beach"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Scopes, RenameScopeTest, ::testing::Values(ScopeCase{0, true}, ScopeCase{1, false}));
+INSTANTIATE_TEST_SUITE_P(Scopes, TwoDestinationsTest, ::testing::Values(0u, 1u));
 
-struct SidecarCase {
-    const char* itemPath;
-    const char* sidecar;
-    const char* expectedTarget;
-};
-
-void PrintTo(const SidecarCase& c, std::ostream* os) {
-    *os << c.sidecar;
-}
-
-class SidecarRenameTest : public CopyPlanTest, public ::testing::WithParamInterface<SidecarCase> {};
-
-TEST_P(SidecarRenameTest, TheSidecarFollowsTheRenameAndKeepsItsForm) {
-    tree.MakeFile(std::string("src/") + GetParam().itemPath);
-    auto session = NewSessionOverSource();
-    AddClip(*session, GetParam().itemPath, {GetParam().sidecar, "notes.txt"}, "Shot_01");
-    AddDestination(*session, "p", true, /*applyRename=*/true);
-
-    DecideAndRun(session);
-
-    const std::vector<QL::CopyEntry> entries = Entries(UnitAt(CopyAt(0), 0));
-    ASSERT_EQ(entries.size(), 3u);
-    EXPECT_EQ(entries[1].source, tree.Path(std::string("src/") + GetParam().sidecar));
-    EXPECT_EQ(entries[1].target, tree.Path(GetParam().expectedTarget));
-    // Other extra files keep their names.
-    EXPECT_EQ(entries[2].target, tree.Path("p/notes.txt"));
-}
-
-INSTANTIATE_TEST_SUITE_P(Forms, SidecarRenameTest,
-                         ::testing::Values(SidecarCase{"A001.MOV", "A001.XMP", "p/Shot_01.XMP"},
-                                           SidecarCase{"A001.MOV", "A001.MOV.xmp", "p/Shot_01.MOV.xmp"},
-                                           SidecarCase{"A001.MOV", "A001.xmp", "p/Shot_01.xmp"},
-                                           SidecarCase{"day1/A001.MOV", "day1/A001.XMP",
-                                                       "p/day1/Shot_01.XMP"}));
-
-TEST_F(CopyPlanTest, ARenamedFolderBasedClipKeepsItsFileNames) {
-    tree.MakeFile("src/PRIVATE/CLIP/C0001.MXF");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "PRIVATE/CLIP/C0001.MXF", {"PRIVATE/CLIP/C0001M01.XML", "PRIVATE/CLIP/C0001.xmp"},
-            "Shot_01",
-            /*single=*/false);
-    AddDestination(*session, "p", true, /*applyRename=*/true);
-
-    DecideAndRun(session);
-
-    const CopyUnit& unit = UnitAt(CopyAt(0), 0);
-    const std::vector<QL::CopyEntry> entries = Entries(unit);
-    ASSERT_EQ(entries.size(), 3u);
-    EXPECT_EQ(entries[0].target, tree.Path("p/PRIVATE/CLIP/C0001.MXF"));
-    EXPECT_EQ(entries[1].target, tree.Path("p/PRIVATE/CLIP/C0001M01.XML"));
-    EXPECT_EQ(entries[2].target, tree.Path("p/PRIVATE/CLIP/C0001.xmp"));
-    EXPECT_EQ(unit.renames,
-              (std::map<WString, WString>{{tree.Path("p/PRIVATE/CLIP/C0001.MXF"), u"Shot_01"}}));
-    EXPECT_EQ(unit.importItems.at(tree.Path("p/PRIVATE/CLIP/C0001.MXF"))->name, u"Shot_01");
-}
-
-TEST_F(CopyPlanTest, AFolderIsOneEntryThenOneForEachOfItsPaths) {
+TEST_F(PlanTest, AFolderIsOneEntryThenOneForEachOfItsPaths) {
     tree.MakeFile("src/Card/CLIP/a.mxf");
     tree.MakeFile("src/Card/b.mxf");
     tree.MakeFile("p/Card/b.mxf");
-    auto session = NewSessionOverSource();
+    auto session = SessionWithClips();
     auto folder = AddFolder(*session, "Card", {"Card/CLIP", "Card/CLIP/a.mxf", "Card/b.mxf"});
     folder->SetOutputName(u"Ignored");
     folder->SetClipGuid(fluxcore::utility::Guid::CreateUnique());
@@ -223,112 +126,59 @@ TEST_F(CopyPlanTest, AFolderIsOneEntryThenOneForEachOfItsPaths) {
 
     DecideAndRun(session);
 
-    const CopyUnit& unit = UnitAt(CopyAt(0), 0);
-    const std::vector<QL::CopyEntry> entries = Entries(unit);
-    ASSERT_EQ(entries.size(), 4u);
-    EXPECT_EQ(entries[0].source, tree.Path("src/Card"));
-    EXPECT_EQ(entries[0].target, tree.Path("p/Card"));
-    EXPECT_EQ(entries[0].action, 3);
+    const CopyUnit& unit = UnitAt(CopyAt(0));
+    EXPECT_EQ(Moves(unit),
+              (Strings{"src/Card > p/Card", "src/Card/CLIP > p/Card/CLIP",
+                       "src/Card/CLIP/a.mxf > p/Card/CLIP/a.mxf", "src/Card/b.mxf > p/Card/b.mxf"}));
+    EXPECT_EQ(Actions(unit), (std::vector<int>{3, 0, 0, 2}));
     // The flag is written after the first entry went in: only the entries of the content have it.
-    EXPECT_FALSE(entries[0].isFolder);
-    const char* const content[] = {"Card/CLIP", "Card/CLIP/a.mxf", "Card/b.mxf"};
-    const int actions[] = {0, 0, 2};
-    for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(entries[i + 1].source, tree.Path(std::string("src/") + content[i]));
-        EXPECT_EQ(entries[i + 1].target, tree.Path(std::string("p/") + content[i]));
-        EXPECT_EQ(entries[i + 1].action, actions[i]);
-        EXPECT_TRUE(entries[i + 1].isFolder);
-    }
+    std::vector<bool> folderFlags;
+    for (const QL::CopyEntry& entry : unit.entries)
+        folderFlags.push_back(entry.isFolder);
+    EXPECT_EQ(folderFlags, (std::vector<bool>{false, true, true, true}));
     // Files of the folder are imported, its sub-folders are not; a folder has no rename or identity.
-    ASSERT_EQ(unit.importItems.size(), 2u);
-    EXPECT_EQ(unit.importItems.at(tree.Path("p/Card/CLIP/a.mxf"))->name, u"a.mxf");
-    EXPECT_EQ(unit.importItems.count(tree.Path("p/Card/CLIP")), 0u);
+    EXPECT_EQ(Named(unit.importItems), (NameMap{{"p/Card/CLIP/a.mxf", "a.mxf"}, {"p/Card/b.mxf", "b.mxf"}}));
     EXPECT_TRUE(unit.renames.empty());
     EXPECT_TRUE(unit.clipGuids.empty());
 }
 
-TEST_F(CopyPlanTest, ProjectMediaFollowTheDestinationsPrimaryFlagNotItsPosition) {
-    tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddDestination(*session, "b", false);
+// A destination without decisions ends the plan, keeping what was submitted before it. Disabled
+// after the decisions, a destination has them: only a hosted application (kinds 5 and 8) reads
+// the flag as the end of the request.
+struct StopCase {
+    int hostKind;
+    bool disabledBeforeDecisions;
+    std::size_t copies;
+};
+
+void PrintTo(const StopCase& c, std::ostream* os) {
+    *os << "kind " << c.hostKind << (c.disabledBeforeDecisions ? ", disabled before" : ", disabled after");
+}
+
+class PlanStopTest : public PlanTest, public ::testing::WithParamInterface<StopCase> {};
+
+TEST_P(PlanStopTest, ADisabledDestinationEndsThePlanWhenItHasNoDecisionsOrTheHostHasItsWay) {
+    HostApp::SetApplicationType(GetParam().hostKind);
+    auto session = SessionWithClips({"A001.MOV"});
     AddDestination(*session, "p", true);
-
-    DecideAndRun(session);
-
-    ASSERT_EQ(tasks->Count(TaskKind::Copy), 2u);
-    EXPECT_FALSE(CopyAt(0).addToProject);
-    EXPECT_TRUE(CopyAt(1).addToProject);
-}
-
-TEST_F(CopyPlanTest, MetadataValuesGoOnlyWhereTheDestinationAppliesThem) {
-    tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddDestination(*session, "p", true, false, /*applyMetadata=*/true);
-    AddDestination(*session, "b", false, false, /*applyMetadata=*/false);
-    session->SetCustomData(CustomDataWithMetadata());
-
-    DecideAndRun(session);
-
-    ASSERT_EQ(tasks->Tasks().size(), 2u);
-    EXPECT_EQ(tasks->Tasks()[0].customData.metadataSets.size(), 1u);
-    EXPECT_TRUE(tasks->Tasks()[1].customData.metadataSets.empty());
-    // The panel's answers travel everywhere.
-    EXPECT_EQ(tasks->Tasks()[1].customData.minimumMetadata.keywords, std::set<WString>{u"beach"});
-}
-
-TEST_F(CopyPlanTest, TheHostHearsOfEachMainTarget) {
-    tree.MakeFile("src/A001.MOV");
-    tree.MakeFile("src/A002.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV", {"A001.XMP"}, "Shot_01");
-    AddClip(*session, "A002.MOV");
-    AddDestination(*session, "p", true, /*applyRename=*/true);
-    AddDestination(*session, "b", false);
-    std::vector<WString> heard;
-    IGD::SetIngestCopyOutputFileNameCallback([&](const WString& target) { heard.push_back(target); });
-
-    DecideAndRun(session);
-
-    EXPECT_EQ(heard, (std::vector<WString>{tree.Path("p/Shot_01.MOV"), tree.Path("p/A002.MOV"),
-                                           tree.Path("b/A001.MOV"), tree.Path("b/A002.MOV")}));
-}
-
-TEST_F(CopyPlanTest, ADestinationWithoutDecisionsEndsThePlanKeepingWhatWasSubmitted) {
-    tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddDestination(*session, "p", true);
-    auto undecided = AddDestination(*session, "b1", false);
-    undecided->SetEnabled(false);
+    auto disabled = AddDestination(*session, "b1", false);
     AddDestination(*session, "b2", false);
-
-    DecideAndRun(session);
-
-    ASSERT_EQ(tasks->Count(TaskKind::Copy), 1u);
-    EXPECT_EQ(Entries(UnitAt(CopyAt(0), 0))[0].target, tree.Path("p/A001.MOV"));
-}
-
-TEST_F(CopyPlanTest, ADisabledDestinationWithDecisionsIsStillCopiedOnOtherHosts) {
-    tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    auto destination = AddDestination(*session, "p", true);
+    disabled->SetEnabled(!GetParam().disabledBeforeDecisions);
     ASSERT_TRUE(Decide(*session));
-    destination->SetEnabled(false);
+    disabled->SetEnabled(false);
 
     IGD::RunIngestPlan(session, batch_);
 
-    EXPECT_EQ(tasks->Count(TaskKind::Copy), 1u);
+    ASSERT_EQ(Kinds(), KindList(GetParam().copies, TaskKind::Copy));
+    EXPECT_EQ(Moves(UnitAt(CopyAt(0))), Strings{"src/A001.MOV > p/A001.MOV"});
 }
 
-TEST_F(CopyPlanTest, ASourceThatVanishedIsToldOnceForEachDestinationAndOnlyItsImportIsDropped) {
-    tree.MakeFile("src/A001.MOV");
-    tree.MakeFile("src/A002.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddClip(*session, "A002.MOV");
+INSTANTIATE_TEST_SUITE_P(Cases, PlanStopTest,
+                         ::testing::Values(StopCase{0, true, 1}, StopCase{0, false, 3}, StopCase{5, false, 1},
+                                           StopCase{8, false, 1}));
+
+TEST_F(PlanTest, ASourceThatVanishedIsToldOnceForEachDestinationAndOnlyItsImportIsDropped) {
+    auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
     AddDestination(*session, "p", true);
     AddDestination(*session, "b", false);
     ASSERT_TRUE(Decide(*session));
@@ -339,93 +189,46 @@ TEST_F(CopyPlanTest, ASourceThatVanishedIsToldOnceForEachDestinationAndOnlyItsIm
     IGD::RunIngestPlan(session, batch_);
 
     ASSERT_EQ(ui->Boxes().size(), 2u);
-    EXPECT_EQ(ui->Boxes()[0].title, u"Selected path does not exist");
-    EXPECT_EQ(ui->Boxes()[0].text, u"The selected path " + tree.Path("src/A001.MOV") +
+    EXPECT_EQ(ui->Boxes()[1].text, u"The selected path " + tree.Path("src/A001.MOV") +
                                        u" does not exist. Please select the source clip again.");
-    ASSERT_EQ(tasks->Count(TaskKind::Copy), 2u);
-    for (const CopySetting& setting : tasks->Copies()) {
+    ASSERT_EQ(Kinds(), (KindList{TaskKind::Copy, TaskKind::Copy}));
+    for (const QL::IngestTask::CopySetting& setting : tasks->Copies()) {
         ASSERT_EQ(setting.units.size(), 2u);
-        EXPECT_EQ(Entries(UnitAt(setting, 0)).size(), 1u);
+        EXPECT_EQ(UnitAt(setting, 0).entries.size(), 1u);
         EXPECT_TRUE(UnitAt(setting, 0).importItems.empty());
         EXPECT_EQ(UnitAt(setting, 1).importItems.size(), 1u);
     }
 }
 
-TEST_F(CopyPlanTest, AnEmptySelectionStillSubmitsAnEmptyCopy) {
-    auto session = NewSessionOverSource();
-    AddDestination(*session, "p", true);
-
-    DecideAndRun(session);
-
-    ASSERT_EQ(tasks->Count(TaskKind::Copy), 1u);
-    EXPECT_TRUE(CopyAt(0).units.empty());
-}
-
-class HostedPlanTest : public CopyPlanTest, public ::testing::WithParamInterface<int> {
+class HostedPlanTest : public PlanTest, public ::testing::WithParamInterface<int> {
 protected:
     HostedPlanTest() { HostApp::SetApplicationType(GetParam()); }
 };
 
-TEST_P(HostedPlanTest, TheFirstDisabledDestinationEndsThePlan) {
+TEST_P(HostedPlanTest, OnlyPlainFolderItemsAreRenamedAndATranscodeSettingIsNeverRun) {
     tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddDestination(*session, "p", true);
-    auto disabled = AddDestination(*session, "b1", false);
-    AddDestination(*session, "b2", false);
-    ASSERT_TRUE(Decide(*session));
-    // Decided while enabled: it has decisions, and still stops a hosted plan.
-    disabled->SetEnabled(false);
-
-    IGD::RunIngestPlan(session, batch_);
-
-    ASSERT_EQ(tasks->Count(TaskKind::Copy), 1u);
-    EXPECT_EQ(Entries(UnitAt(CopyAt(0), 0))[0].target, tree.Path("p/A001.MOV"));
-}
-
-TEST_P(HostedPlanTest, ATranscodeSettingIsIgnoredAndTheDestinationCopies) {
-    tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    auto destination = AddDestination(*session, "p", true);
+    tree.MakeFile("src/C0001.MXF");
+    auto session = SessionWithClips();
+    AddClip(*session, "A001.MOV", {}, "Shot_01");
+    AddClip(*session, "C0001.MXF", {}, "Shot_02")->SetItemFormat(u"com.veltrix.Kestrel.WinProviderCard");
+    auto destination = AddDestination(*session, "p", true, /*applyRename=*/true);
     ASSERT_TRUE(Decide(*session));
     Transcode(*destination);
 
+    // Set after the decisions, the setting is ignored and the destination copies...
     IGD::RunIngestPlan(session, batch_);
 
-    EXPECT_EQ(tasks->Count(TaskKind::Copy), 1u);
-    EXPECT_EQ(tasks->Count(TaskKind::Transcode), 0u);
-}
-
-TEST_P(HostedPlanTest, ADestinationWithATranscodeSettingGetsNoDecisionsSoThePlanStops) {
-    tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddDestination(*session, "p", true)
-        ->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
-
-    DecideAndRun(session);
-
-    EXPECT_TRUE(tasks->Tasks().empty());
-}
-
-TEST_P(HostedPlanTest, OnlyItemsFromPlainFoldersAreRenamed) {
-    tree.MakeFile("src/A001.MOV");
-    tree.MakeFile("src/C0001.MXF");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV", {}, "Shot_01");
-    auto card = AddClip(*session, "C0001.MXF", {}, "Shot_02");
-    card->SetItemFormat(u"com.veltrix.Kestrel.WinProviderCard");
-    AddDestination(*session, "p", true, /*applyRename=*/true);
-
-    DecideAndRun(session);
-
     EXPECT_TRUE(ui->ExistingPathQuestions().empty());
-    const CopySetting& setting = CopyAt(0);
-    EXPECT_EQ(Entries(UnitAt(setting, 0))[0].target, tree.Path("p/Shot_01.MOV"));
-    EXPECT_EQ(Entries(UnitAt(setting, 0))[0].action, 2);
-    EXPECT_EQ(Entries(UnitAt(setting, 1))[0].target, tree.Path("p/C0001.MXF"));
-    EXPECT_TRUE(UnitAt(setting, 1).renames.empty());
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
+    EXPECT_EQ(Moves(UnitAt(CopyAt(0), 0)), Strings{"src/A001.MOV > p/Shot_01.MOV"});
+    EXPECT_EQ(Actions(UnitAt(CopyAt(0), 0)), std::vector<int>{QL::kCopyActionKeepBoth});
+    EXPECT_EQ(Moves(UnitAt(CopyAt(0), 1)), Strings{"src/C0001.MXF > p/C0001.MXF"});
+    EXPECT_TRUE(UnitAt(CopyAt(0), 1).renames.empty());
+
+    // ...set before them, it leaves the destination without decisions and the plan stops there.
+    tasks->Clear();
+    DecideAndRun(session);
+    EXPECT_TRUE(tasks->Tasks().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, HostedPlanTest, ::testing::Values(5, 8));

@@ -1,10 +1,7 @@
 // What a request becomes: which tasks, in which order, for each kind of session.
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
 #include <ostream>
-#include <vector>
 
 #include "AppFrame/DocumentManager.h"
 #include "HostApp/ApplicationType.h"
@@ -14,216 +11,120 @@
 namespace igd::test {
 namespace {
 
-class IngestPlanRequestTest;
-
+// The clips A001.MOV and A002.MOV, changed by the words of setup: "none" drops them, "folder"
+// adds one, "named" gives A002 an outputName, "metadata" gives the template values, "local" or
+// "server" installs a project, "importOnly" sets the session's flag.
 struct RequestCase {
-    const char* label;
-    std::function<void(IngestPlanRequestTest&, IGD::IIngestDialogData&)> arrange;
-    std::vector<TaskKind> expected;
+    const char* name;
+    std::string setup;
+    const char* destinations; // one letter each, in order: c copies, t transcodes, s stitches
+    KindList expected;
 };
 
 void PrintTo(const RequestCase& c, std::ostream* os) {
-    *os << c.label;
+    *os << c.name;
 }
 
-class IngestPlanRequestTest : public PlanTest, public ::testing::WithParamInterface<RequestCase> {
-public:
-    using PlanTest::AddDestination;
-    using PlanTest::AddFolder;
-    using PlanTest::Transcode;
-    using PlanTest::tree;
+class RequestTableTest : public PlanTest, public ::testing::WithParamInterface<RequestCase> {
+protected:
+    bool Has(std::string_view word) const { return GetParam().setup.find(word) != std::string::npos; }
 };
 
-TEST_P(IngestPlanRequestTest, SubmitsTheTasksOfItsKindUnderTheBatch) {
-    tree.MakeFile("src/A001.MOV");
-    tree.MakeFile("src/A002.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV");
-    AddClip(*session, "A002.MOV");
-    GetParam().arrange(*this, *session);
+TEST_P(RequestTableTest, SubmitsTheTasksOfItsKindUnderTheBatch) {
+    auto session = Has("none") ? SessionWithClips() : SessionWithClips({"A001.MOV", "A002.MOV"});
+    if (Has("folder")) {
+        tree.MakeFile("src/Card/x.mxf");
+        AddFolder(*session, "Card", {"Card/x.mxf"});
+    }
+    if (Has("named"))
+        session->GetSelectedItems()[1]->SetOutputName(u"Shot_02");
+    if (Has("metadata"))
+        session->SetCustomData(CustomDataWithMetadata());
+    if (Has("local") || Has("server"))
+        AppFrame::DocumentManager::SetInstance(
+            std::make_shared<AppFrame::FixedDocumentManager>(Has("server")));
+    session->SetImportOnly(Has("importOnly"));
+    for (std::size_t i = 0; GetParam().destinations[i] != '\0'; ++i) {
+        const char kind = GetParam().destinations[i];
+        auto destination = AddDestination(*session, std::string(1, kind) + std::to_string(i), i == 0);
+        if (kind != 'c')
+            Transcode(*destination, /*concatenate=*/kind == 's');
+    }
 
     DecideAndRun(session);
 
-    std::vector<TaskKind> kinds;
-    for (const RecordedTask& task : tasks->Tasks()) {
-        kinds.push_back(task.kind);
+    EXPECT_EQ(Kinds(), GetParam().expected);
+    for (const RecordedTask& task : tasks->Tasks())
         EXPECT_EQ(task.batch, batch_);
-    }
-    EXPECT_EQ(kinds, GetParam().expected);
 }
 
-void WithMetadata(IGD::IIngestDialogData& session) {
-    QL::IngestCustomData data;
-    data.metadataSets.push_back(std::make_shared<QL::MetadataFieldSet>());
-    session.SetCustomData(data);
-}
+using K = TaskKind;
 
-void OnServer(bool vault) {
-    AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(vault));
-}
-
-using Test = IngestPlanRequestTest;
-using Session = IGD::IIngestDialogData;
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, IngestPlanRequestTest,
-    ::testing::Values(
-        RequestCase{"NoDestinationsNothingToWriteImports", [](Test&, Session&) {}, {TaskKind::Import}},
-        RequestCase{"NoDestinationsNothingToWriteOnAServerProjectImports",
-                    [](Test&, Session&) { OnServer(true); },
-                    {TaskKind::Import}},
-        RequestCase{"NoDestinationsMetadataOnAServerProjectImports",
-                    [](Test&, Session& session) {
-                        OnServer(true);
-                        WithMetadata(session);
-                    },
-                    {TaskKind::Import}},
-        RequestCase{"NoDestinationsNamesOnALocalProjectUpdatesMetadata",
-                    [](Test&, Session& session) {
-                        OnServer(false);
-                        session.GetSelectedItems()[1]->SetOutputName(u"Shot_02");
-                    },
-                    {TaskKind::UpdateMetadata}},
-        RequestCase{"NoDestinationsMetadataWithoutDocumentManagerUpdatesMetadata",
-                    [](Test&, Session& session) { WithMetadata(session); },
-                    {TaskKind::UpdateMetadata}},
-        RequestCase{"CopyIsOneTaskForEachDestination",
-                    [](Test& test, Session& session) {
-                        test.AddDestination(session, "p", true);
-                        test.AddDestination(session, "b", false);
-                    },
-                    {TaskKind::Copy, TaskKind::Copy}},
-        RequestCase{
-            "TranscodeIsOneTaskForEachItem",
-            [](Test& test, Session& session) { Test::Transcode(*test.AddDestination(session, "p", true)); },
-            {TaskKind::Transcode, TaskKind::Transcode}},
-        RequestCase{"ConcatenateIsOneTaskForAllClips",
-                    [](Test& test, Session& session) {
-                        Test::Transcode(*test.AddDestination(session, "p", true), true);
-                    },
-                    {TaskKind::Concatenate}},
-        RequestCase{"DestinationsGoInTheirOrder",
-                    [](Test& test, Session& session) {
-                        Test::Transcode(*test.AddDestination(session, "p", true));
-                        test.AddDestination(session, "b", false);
-                        Test::Transcode(*test.AddDestination(session, "s", false), true);
-                    },
-                    {TaskKind::Transcode, TaskKind::Transcode, TaskKind::Copy, TaskKind::Concatenate}},
-        RequestCase{"TheImportOnlyFlagIsNotRead",
-                    [](Test& test, Session& session) {
-                        session.SetImportOnly(true);
-                        test.AddDestination(session, "p", true);
-                    },
-                    {TaskKind::Copy}},
-        RequestCase{"ConcatenateWithAFolderGivesThatDestinationNothing",
-                    [](Test& test, Session& session) {
-                        test.tree.MakeFile("src/Card/x.mxf");
-                        test.AddFolder(session, "Card", {"Card/x.mxf"});
-                        Test::Transcode(*test.AddDestination(session, "p", true), true);
-                        test.AddDestination(session, "b", false);
-                    },
-                    {TaskKind::Copy}}),
-    [](const auto& info) { return std::string(info.param.label); });
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Table, RequestTableTest, ::testing::Values(
+    RequestCase{"NothingToWriteImports",                         "",                "",     {K::Import}},
+    RequestCase{"MetadataOnAServerProjectImports",               "server metadata", "",     {K::Import}},
+    RequestCase{"NamesOnALocalProjectUpdateMetadata",            "local named",     "",     {K::UpdateMetadata}},
+    RequestCase{"MetadataWithoutDocumentManagerUpdatesMetadata", "metadata",        "",     {K::UpdateMetadata}},
+    RequestCase{"MetadataWithoutItemsSubmitsNothing",            "none metadata",   "",     {}},
+    RequestCase{"CopyPerDestinationTranscodePerItemStitchOnce",  "",                "tccs",
+                {K::Transcode, K::Transcode, K::Copy, K::Copy, K::Concatenate}},
+    RequestCase{"AnEmptySelectionStillCopies",                   "none",            "c",    {K::Copy}},
+    RequestCase{"TheImportOnlyFlagIsNotRead",                    "importOnly",      "c",    {K::Copy}},
+    RequestCase{"AStitchWithAFolderGivesThatDestinationNothing", "folder",          "sc",   {K::Copy}}),
+    [](const auto& info) { return std::string(info.param.name); });
+// clang-format on
 
 TEST_F(PlanTest, ANullSessionSubmitsNothing) {
     IGD::RunIngestPlan(nullptr, batch_);
     EXPECT_TRUE(tasks->Tasks().empty());
 }
 
-TEST_F(PlanTest, ImportOnlyImportsEachClipWhereItLies) {
+TEST_F(PlanTest, ImportOnlyImportsWhereTheMediaLieAndOnAServerProjectTakesTheMetadataAlong) {
     tree.MakeFile("src/day1/A001.MOV");
-    auto session = NewSessionOverSource();
-    auto clip = AddClip(*session, "day1/A001.MOV", {"day1/A001.XMP"});
-    clip->SetInPoint(100);
-    clip->SetOutPoint(900);
-    clip->SetFrameRate(40);
+    tree.MakeFile("src/Card/CLIP/a.mxf");
+    auto session = SessionWithClips();
+    AddClip(*session, "day1/A001.MOV")->SetInPoint(100);
+    AddFolder(*session, "Card", {"Card/CLIP", "Card/CLIP/a.mxf"});
     session->SetCustomData(CustomDataWithMetadata());
     AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(true));
 
     DecideAndRun(session);
 
-    ASSERT_EQ(tasks->Count(TaskKind::Import), 1u);
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Import});
     const RecordedTask& task = tasks->Tasks()[0];
-    ASSERT_EQ(task.Import().importItems.size(), 1u);
-    const QL::IngestItem& item = *task.Import().importItems.at(tree.Path("src/day1/A001.MOV"));
-    EXPECT_EQ(item.path, tree.Path("src/day1/A001.MOV"));
-    EXPECT_EQ(item.name, u"A001.MOV");
-    EXPECT_EQ(item.format, u"com.veltrix.Kestrel.WinProviderDirectory");
-    EXPECT_EQ(item.extraPaths, std::vector<Fnd::WString>{tree.Path("src/day1/A001.XMP")});
-    EXPECT_EQ(item.inPoint, 100);
-    EXPECT_EQ(item.outPoint, 900);
-    EXPECT_EQ(item.frameRate, 40);
-    // On a server project the metadata travels with the import.
+    const QL::IngestItemMap& items = task.Import().importItems;
+    EXPECT_EQ(Named(items), (NameMap{{"src/day1/A001.MOV", "A001.MOV"}, {"src/Card/CLIP/a.mxf", "a.mxf"}}));
+    EXPECT_EQ(items.at(tree.Path("src/day1/A001.MOV"))->inPoint, 100);
     ASSERT_EQ(task.customData.metadataSets.size(), 1u);
     EXPECT_EQ(task.customData.metadataSets.front()->values.at(u"Scene"), u"12");
 }
 
-TEST_F(PlanTest, ImportOnlyOfAFolderImportsItsFilesButNotItsFolders) {
-    tree.MakeFile("src/Card/CLIP/a.mxf");
-    tree.MakeFile("src/Card/b.mxf");
-    auto session = NewSessionOverSource();
-    AddFolder(*session, "Card", {"Card/CLIP", "Card/CLIP/a.mxf", "Card/b.mxf"});
+class UpdateMetadataTest : public PlanTest, public ::testing::WithParamInterface<int> {};
 
-    DecideAndRun(session);
-
-    ASSERT_EQ(tasks->Count(TaskKind::Import), 1u);
-    const QL::IngestItemMap items = tasks->Imports()[0].importItems;
-    ASSERT_EQ(items.size(), 2u);
-    EXPECT_EQ(items.at(tree.Path("src/Card/CLIP/a.mxf"))->name, u"a.mxf");
-    EXPECT_EQ(items.at(tree.Path("src/Card/b.mxf"))->name, u"b.mxf");
-    EXPECT_EQ(items.at(tree.Path("src/Card/b.mxf"))->inPoint, fluxmediatypes::kTime_Invalid);
-}
-
-TEST_F(PlanTest, UpdateMetadataRenamesProjectItemsUnderTheirSourcePaths) {
+TEST_P(UpdateMetadataTest, RenamesClipsUnderTheirSourcePathsAndOnlyKindEightKeepsThemOutOfTheProject) {
+    HostApp::SetApplicationType(GetParam());
     tree.MakeFile("src/A001.MOV");
-    tree.MakeFile("src/PRIVATE/C0001.MXF");
     tree.MakeFile("src/Card/x.mxf");
-    auto session = NewSessionOverSource();
+    auto session = SessionWithClips();
     AddClip(*session, "A001.MOV", {}, "Shot_01");
-    AddClip(*session, "PRIVATE/C0001.MXF", {}, "Shot_02", /*single=*/false);
-    auto folder = AddFolder(*session, "Card", {"Card/x.mxf"});
-    folder->SetOutputName(u"Card_Renamed");
+    AddFolder(*session, "Card", {"Card/x.mxf"})->SetOutputName(u"Card_Renamed");
     session->SetCustomData(CustomDataWithMetadata());
 
     DecideAndRun(session);
 
-    ASSERT_EQ(tasks->Count(TaskKind::UpdateMetadata), 1u);
-    const QL::IngestTask::UpdateMetadataSetting setting = tasks->UpdateMetadatas()[0];
+    ASSERT_EQ(Kinds(), KindList{TaskKind::UpdateMetadata});
+    const QL::IngestTask::UpdateMetadataSetting& setting = tasks->Tasks()[0].UpdateMetadata();
     // Clips only, and under the paths the media keep on disk.
-    EXPECT_EQ(setting.renames,
-              (std::map<Fnd::WString, Fnd::WString>{{tree.Path("src/A001.MOV"), u"Shot_01"},
-                                                    {tree.Path("src/PRIVATE/C0001.MXF"), u"Shot_02"}}));
+    EXPECT_EQ(Named(setting.renames), (NameMap{{"src/A001.MOV", "Shot_01"}}));
+    EXPECT_EQ(Named(setting.importItems),
+              (NameMap{{"src/A001.MOV", "Shot_01"}, {"src/Card/x.mxf", "x.mxf"}}));
     EXPECT_TRUE(setting.clipGuids.empty());
-    EXPECT_TRUE(setting.addToProject);
-    ASSERT_EQ(setting.importItems.size(), 3u);
-    EXPECT_EQ(setting.importItems.at(tree.Path("src/A001.MOV"))->name, u"Shot_01");
-    EXPECT_EQ(setting.importItems.at(tree.Path("src/Card/x.mxf"))->name, u"x.mxf");
+    EXPECT_EQ(setting.addToProject, GetParam() != 8);
     EXPECT_EQ(tasks->Tasks()[0].customData.metadataSets.size(), 1u);
 }
 
-TEST_F(PlanTest, UpdateMetadataWithoutItemsSubmitsNothing) {
-    auto session = NewSessionOverSource();
-    session->SetCustomData(CustomDataWithMetadata());
-    DecideAndRun(session);
-    EXPECT_TRUE(tasks->Tasks().empty());
-}
-
-class UpdateMetadataHostTest : public PlanTest, public ::testing::WithParamInterface<std::pair<int, bool>> {};
-
-TEST_P(UpdateMetadataHostTest, OnlyKindEightKeepsTheItemsOutOfTheProject) {
-    HostApp::SetApplicationType(GetParam().first);
-    tree.MakeFile("src/A001.MOV");
-    auto session = NewSessionOverSource();
-    AddClip(*session, "A001.MOV", {}, "Shot_01");
-
-    DecideAndRun(session);
-
-    ASSERT_EQ(tasks->Count(TaskKind::UpdateMetadata), 1u);
-    EXPECT_EQ(tasks->UpdateMetadatas()[0].addToProject, GetParam().second);
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, UpdateMetadataHostTest,
-                         ::testing::Values(std::pair{0, true}, std::pair{5, true}, std::pair{8, false}));
+INSTANTIATE_TEST_SUITE_P(Kinds, UpdateMetadataTest, ::testing::Values(0, 5, 8));
 
 } // namespace
 } // namespace igd::test

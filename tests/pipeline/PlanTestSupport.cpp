@@ -2,71 +2,14 @@
 
 #include "AppFrame/DocumentManager.h"
 #include "Fnd/RunLoop.h"
-#include "Fnd/StationUtils.h"
 #include "HostApp/ApplicationType.h"
 #include "IGD/IngestApi.h"
+#include "fluxcore/UsageLogger.h"
 #include "pipeline/CopyDecisions.h"
 #include "pipeline/IngestDialogData.h"
 #include "pipeline/IngestPlan.h"
 
 namespace igd::test {
-
-class RecordingUsageEvent : public fluxcore::config::UsageEvent {
-public:
-    RecordingUsageEvent(RecordingUsageLogger& logger, RecordingUsageLogger::Event event)
-        : logger_(logger), event_(std::move(event)) {}
-    ~RecordingUsageEvent() override {
-        if (logger_.probe_)
-            event_.probeAtSend = logger_.probe_();
-        logger_.sent_.push_back(std::move(event_));
-    }
-    void AddAttribute(std::string_view key, std::string_view value) override {
-        event_.attributes.emplace_back(key, value);
-    }
-
-private:
-    RecordingUsageLogger& logger_;
-    RecordingUsageLogger::Event event_;
-};
-
-fluxcore::config::UsageEventRef RecordingUsageLogger::NewEvent(std::string_view category,
-                                                               std::string_view subcategory,
-                                                               std::string_view name,
-                                                               std::string_view extra) {
-    ++opened_;
-    Event event;
-    event.category = category;
-    event.subcategory = subcategory;
-    event.name = name;
-    event.extra = extra;
-    return std::make_shared<RecordingUsageEvent>(*this, std::move(event));
-}
-
-std::vector<std::string> RecordingUsageLogger::Values(const Event& event) {
-    std::vector<std::string> values;
-    for (const auto& [key, value] : event.attributes)
-        values.push_back(value);
-    return values;
-}
-
-IngestMessageRecorder::IngestMessageRecorder() {
-    Fnd::StationUtils::AddListener(QL::kStation_IngestMedia, this);
-}
-
-IngestMessageRecorder::~IngestMessageRecorder() {
-    Fnd::StationUtils::RemoveListener(QL::kStation_IngestMedia, this);
-}
-
-void IngestMessageRecorder::ListenToMessage(const Fnd::StationID&, const Fnd::Message& message) {
-    ids_.push_back(message.GetMessageID());
-    if (const auto* start = Fnd::MessageCast<QL::StartIngestMessage>(message))
-        starts_.push_back(*start);
-}
-
-const std::vector<Fnd::MessageID>& IngestMessageRecorder::Drain() {
-    Fnd::GetDefaultQueue().Drain();
-    return ids_;
-}
 
 PlanTest::PlanTest() {
     ResetGlobalState();
@@ -90,19 +33,23 @@ IGD::IngestDialogDataRef PlanTest::NewSession() {
     return IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData());
 }
 
-IGD::IngestDialogDataRef PlanTest::NewSessionOverSource() {
+IGD::IngestDialogDataRef PlanTest::SessionWithClips(std::initializer_list<std::string_view> itemPaths) {
     IGD::IngestDialogDataRef session = NewSession();
     session->SetSourceRoot(tree.Path("src"));
+    for (std::string_view itemPath : itemPaths) {
+        tree.MakeFile(std::string("src/").append(itemPath));
+        AddClip(*session, itemPath);
+    }
     return session;
 }
 
 IGD::SelectedClipItemRef PlanTest::AddClip(IGD::IIngestDialogData& session, std::string_view itemPath,
                                            std::initializer_list<std::string_view> extras,
                                            std::string_view outputName, bool single) {
-    IGD::SelectedClipItemRef clip(new IGD::SelectedClipItem(W(itemPath)));
+    IGD::SelectedClipItemRef clip(new IGD::SelectedClipItem(Fnd::FromUTF8(itemPath)));
     for (std::string_view extra : extras)
-        clip->AddExtraPath(W(extra));
-    clip->SetOutputName(W(outputName));
+        clip->AddExtraPath(Fnd::FromUTF8(extra));
+    clip->SetOutputName(Fnd::FromUTF8(outputName));
     clip->SetIsSingleFileType(single);
     clip->SetItemFormat(u"com.veltrix.Kestrel.WinProviderDirectory");
     clip->SetClipGuid(fluxcore::utility::Guid::CreateUnique());
@@ -112,9 +59,9 @@ IGD::SelectedClipItemRef PlanTest::AddClip(IGD::IIngestDialogData& session, std:
 
 IGD::SelectedFolderItemRef PlanTest::AddFolder(IGD::IIngestDialogData& session, std::string_view itemPath,
                                                std::initializer_list<std::string_view> extras) {
-    IGD::SelectedFolderItemRef folder(new IGD::SelectedFolderItem(W(itemPath)));
+    IGD::SelectedFolderItemRef folder(new IGD::SelectedFolderItem(Fnd::FromUTF8(itemPath)));
     for (std::string_view extra : extras)
-        folder->AddExtraPath(W(extra));
+        folder->AddExtraPath(Fnd::FromUTF8(extra));
     folder->SetItemFormat(u"com.veltrix.Kestrel.WinProviderDirectory");
     session.AddSelectedItem(folder);
     return folder;
@@ -159,8 +106,6 @@ void PlanTest::DecideAndRun(const IGD::IngestDialogDataRef& session) {
 QL::IngestCustomData PlanTest::CustomDataWithMetadata() {
     QL::IngestCustomData data;
     auto set = std::make_shared<QL::MetadataFieldSet>();
-    set->presetName = u"Shoot";
-    set->schemaNamespace = u"http://ns.example/Shoot/";
     set->values[u"Scene"] = u"12";
     data.metadataSets.push_back(set);
     data.minimumMetadata.keywords.insert(u"beach");

@@ -1,82 +1,35 @@
 #pragma once
 // What the tests of the plan share: a fixture that owns every piece of global state the plan
 // reads (task service, interaction driver, host kind, document manager, callbacks, usage logger,
-// posted messages) and resets it, a recording usage logger, and builders for sessions.
+// posted messages) and resets it, builders for sessions, and short views of the records so that
+// one comparison shows a whole unit and a failure shows what differs.
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <functional>
+#include <cstdint>
 #include <initializer_list>
+#include <iterator>
+#include <map>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-#include "Fnd/Listener.h"
 #include "IGD/IIngestDialogData.h"
 #include "IGD/SelectedClipItem.h"
 #include "IGD/SelectedFolderItem.h"
-#include "QL/IngestMessages.h"
-#include "fluxcore/UsageLogger.h"
+#include "QL/CopySetting.h"
 #include "support/RecordingTaskService.h"
 #include "support/ScriptedInteractionDriver.h"
 #include "support/TempTree.h"
 
 namespace igd::test {
 
-// A usage logger that keeps every event it was asked for and notes when each was sent.
-class RecordingUsageLogger : public fluxcore::config::UsageLogger {
-public:
-    struct Event {
-        std::string category;
-        std::string subcategory;
-        std::string name;
-        std::string extra;
-        std::vector<std::pair<std::string, std::string>> attributes;
-        // What the probe answered when the event was sent.
-        std::size_t probeAtSend = 0;
-    };
-
-    fluxcore::config::UsageEventRef NewEvent(std::string_view category, std::string_view subcategory,
-                                             std::string_view name, std::string_view extra) override;
-
-    // Called as each event is sent; lets a test see what had happened by then.
-    void SetProbe(std::function<std::size_t()> probe) { probe_ = std::move(probe); }
-
-    std::size_t Opened() const { return opened_; }
-    const std::vector<Event>& Sent() const { return sent_; }
-
-    // The values of one sent event, in the order they were added.
-    static std::vector<std::string> Values(const Event& event);
-
-private:
-    friend class RecordingUsageEvent;
-    std::size_t opened_ = 0;
-    std::vector<Event> sent_;
-    std::function<std::size_t()> probe_;
-};
-
-// Every message posted to the ingest station, once the queue has run.
-class IngestMessageRecorder : public Fnd::Listener {
-public:
-    IngestMessageRecorder();
-    ~IngestMessageRecorder() override;
-    IngestMessageRecorder(const IngestMessageRecorder&) = delete;
-    IngestMessageRecorder& operator=(const IngestMessageRecorder&) = delete;
-
-    void ListenToMessage(const Fnd::StationID& station, const Fnd::Message& message) override;
-
-    // Runs what was posted and answers the ids delivered so far, in order.
-    const std::vector<Fnd::MessageID>& Drain();
-    // The ids delivered so far, without running the queue.
-    const std::vector<Fnd::MessageID>& Delivered() const { return ids_; }
-    const std::vector<QL::StartIngestMessage>& Starts() const { return starts_; }
-
-private:
-    std::vector<Fnd::MessageID> ids_;
-    std::vector<QL::StartIngestMessage> starts_;
-};
+using Strings = std::vector<std::string>;
+using NameMap = std::map<std::string, std::string>;
+using Ints = std::vector<std::int64_t>;
+using KindList = std::vector<TaskKind>;
 
 // Resets all global state the plan reads, before and after each test.
 class PlanTest : public ::testing::Test {
@@ -84,18 +37,17 @@ protected:
     PlanTest();
     ~PlanTest() override;
 
-    static Fnd::WString W(std::string_view text) { return Fnd::FromUTF8(text); }
-
-    IGD::IngestDialogDataRef NewSession();
-    // A session whose source root is the folder "src" of the tree.
-    IGD::IngestDialogDataRef NewSessionOverSource();
+    static IGD::IngestDialogDataRef NewSession();
+    // A session whose source root is the folder "src" of the tree, with a single-file clip for
+    // each path, its file made under "src".
+    IGD::IngestDialogDataRef SessionWithClips(std::initializer_list<std::string_view> itemPaths = {});
 
     // A single-file clip (or a folder-based one with single false) under the session's root.
-    IGD::SelectedClipItemRef AddClip(IGD::IIngestDialogData& session, std::string_view itemPath,
-                                     std::initializer_list<std::string_view> extras = {},
-                                     std::string_view outputName = {}, bool single = true);
-    IGD::SelectedFolderItemRef AddFolder(IGD::IIngestDialogData& session, std::string_view itemPath,
-                                         std::initializer_list<std::string_view> extras);
+    static IGD::SelectedClipItemRef AddClip(IGD::IIngestDialogData& session, std::string_view itemPath,
+                                            std::initializer_list<std::string_view> extras = {},
+                                            std::string_view outputName = {}, bool single = true);
+    static IGD::SelectedFolderItemRef AddFolder(IGD::IIngestDialogData& session, std::string_view itemPath,
+                                                std::initializer_list<std::string_view> extras);
     // An enabled copy destination at the tree's folder, made if missing.
     IGD::IngestDestinationRef AddDestination(IGD::IIngestDialogData& session, std::string_view folder,
                                              bool primary, bool applyRename = false,
@@ -105,17 +57,73 @@ protected:
                                                                        bool concatenate = false);
 
     // Runs the copy decisions into the session; answers their result.
-    bool Decide(IGD::IIngestDialogData& session);
+    static bool Decide(IGD::IIngestDialogData& session);
     // Copy decisions, then the plan, under batch_.
     void DecideAndRun(const IGD::IngestDialogDataRef& session);
 
     // Metadata template values and panel answers, as the finish handler would set them.
     static QL::IngestCustomData CustomDataWithMetadata();
 
+    KindList Kinds() const {
+        KindList kinds;
+        for (const RecordedTask& task : tasks->Tasks())
+            kinds.push_back(task.kind);
+        return kinds;
+    }
+    // The index-th copy task and one of its units.
+    const QL::IngestTask::CopySetting& CopyAt(std::size_t index) const {
+        for (const RecordedTask& task : tasks->Tasks())
+            if (task.kind == TaskKind::Copy && index-- == 0)
+                return task.Copy();
+        throw std::out_of_range("no such copy task");
+    }
+    static const QL::IngestTask::CopyUnit& UnitAt(const QL::IngestTask::CopySetting& setting,
+                                                  std::size_t index = 0) {
+        if (index >= setting.units.size())
+            throw std::out_of_range("no such copy unit");
+        return **std::next(setting.units.begin(), static_cast<std::ptrdiff_t>(index));
+    }
+
+    // A path below the tree as the tests write it ("p/A001.MOV"); any other path unchanged.
+    std::string Rel(const Fnd::WString& path) const {
+        const Fnd::WString root = tree.Path() + u"/";
+        return Fnd::ToUTF8(path.compare(0, root.size(), root) == 0 ? path.substr(root.size()) : path);
+    }
+    // Each entry of the unit as "source > target", and their actions.
+    Strings Moves(const QL::IngestTask::CopyUnit& unit) const {
+        Strings moves;
+        for (const QL::CopyEntry& entry : unit.entries)
+            moves.push_back(Rel(entry.source) + " > " + Rel(entry.target));
+        return moves;
+    }
+    static std::vector<int> Actions(const QL::IngestTask::CopyUnit& unit) {
+        std::vector<int> actions;
+        for (const QL::CopyEntry& entry : unit.entries)
+            actions.push_back(entry.action);
+        return actions;
+    }
+    // Path to the name the project shows, for import items and for rename maps. An item filed
+    // under a key other than its own path shows both.
+    NameMap Named(const QL::IngestItemMap& items) const {
+        NameMap named;
+        for (const auto& [path, item] : items)
+            named[Rel(path)] = Fnd::ToUTF8(item->name) + (item->path == path ? "" : " at " + Rel(item->path));
+        return named;
+    }
+    NameMap Named(const std::map<Fnd::WString, Fnd::WString>& renames) const {
+        NameMap named;
+        for (const auto& [path, name] : renames)
+            named[Rel(path)] = Fnd::ToUTF8(name);
+        return named;
+    }
+    // In point, out point and frame rate of an import item or a transcode clip.
+    template <class Item> static Ints Timing(const Item& item) {
+        return {item.inPoint, item.outPoint, item.frameRate};
+    }
+
     ScopedTaskService tasks;
     ScopedInteractionDriver ui;
     TempTree tree;
-    IngestMessageRecorder messages;
     const fluxcore::utility::Guid batch_ = fluxcore::utility::Guid::CreateUnique();
 
 private:
