@@ -16,6 +16,31 @@
 namespace IGD {
 namespace {
 
+// DecidePathCopy with the source path made only when the user must be asked: nearly every target
+// is free, and a large selection would otherwise build a source path per file for nothing.
+template <class SourcePath>
+bool DecidePathCopyFrom(const SourcePath& sourcePath, const Fnd::WString& target, std::int32_t& action,
+                        std::int32_t& applyToAll) {
+    const bool exists = Fnd::PathUtils::ExistsOnDisk(target, false);
+    if (!exists && !QL::IngestTask::TaskScheduler::IsPathInCopyList(target)) {
+        action = QL::kCopyActionNone;
+        return true;
+    }
+    if (applyToAll != 0) {
+        action = applyToAll;
+        return true;
+    }
+    int choice = 0;
+    int applyChoice = 0;
+    if (!QL::IngestUtils::WarnUserForExistPath(sourcePath(), target, Fnd::PathUtils::IsDirectory(target),
+                                               choice, applyChoice, true, !exists, true))
+        return false;
+    action = choice;
+    if (applyChoice == 1)
+        applyToAll = choice;
+    return true;
+}
+
 constexpr std::int32_t kInheritNothing = 0;
 
 // Items usually arrive in path order, so most answers belong at the end of the map: hinting
@@ -42,7 +67,7 @@ bool AskForEachPath(const SelectedItem& item, const NormalizedRoot& sourceRoot,
                     const NormalizedRoot& targetFolder, const Fnd::WString& target, CopyActionMap& actions,
                     std::int32_t& applyToAll) {
     std::int32_t action = QL::kCopyActionNone;
-    if (!DecidePathCopy(sourceRoot.ItemPath(item), target, action, applyToAll))
+    if (!DecidePathCopyFrom([&] { return sourceRoot.ItemPath(item); }, target, action, applyToAll))
         return false;
     SetAction(actions, item.GetItemPath(), action);
 
@@ -53,7 +78,8 @@ bool AskForEachPath(const SelectedItem& item, const NormalizedRoot& sourceRoot,
             continue;
         }
         std::int32_t extraAction = QL::kCopyActionNone;
-        if (!DecidePathCopy(sourceRoot.Join(extra), targetFolder.Join(extra), extraAction, applyToAll))
+        if (!DecidePathCopyFrom([&] { return sourceRoot.Join(extra); }, targetFolder.Join(extra), extraAction,
+                                applyToAll))
             return false;
         SetAction(actions, extra, extraAction);
     }
@@ -125,24 +151,7 @@ bool DecideItemCopy(SelectedItem& item, const Fnd::WString& sourceRoot, IngestDe
 
 bool DecidePathCopy(const Fnd::WString& source, const Fnd::WString& target, std::int32_t& action,
                     std::int32_t& applyToAll) {
-    const bool exists = Fnd::PathUtils::ExistsOnDisk(target, false);
-    if (!exists && !QL::IngestTask::TaskScheduler::IsPathInCopyList(target)) {
-        action = QL::kCopyActionNone;
-        return true;
-    }
-    if (applyToAll != 0) {
-        action = applyToAll;
-        return true;
-    }
-    int choice = 0;
-    int applyChoice = 0;
-    if (!QL::IngestUtils::WarnUserForExistPath(source, target, Fnd::PathUtils::IsDirectory(target), choice,
-                                               applyChoice, true, !exists, true))
-        return false;
-    action = choice;
-    if (applyChoice == 1)
-        applyToAll = choice;
-    return true;
+    return DecidePathCopyFrom([&source] { return source; }, target, action, applyToAll);
 }
 
 } // namespace IGD

@@ -30,9 +30,9 @@ void BuildFolderImportItems(const NormalizedRoot& sourceRoot, const SelectedFold
 
 void BuildClipImportItem(const NormalizedRoot& sourceRoot, const SelectedClipItem& clip,
                          const NormalizedRoot& targetRoot, QL::IngestItemMap& importItems, bool useRename) {
-    std::vector<Fnd::WString> source;
-    source.push_back(sourceRoot.ItemPath(clip));
-    if (!CheckSourcesExist(source))
+    // The common case, a source that is there, needs no list: only a missing one is reported.
+    Fnd::WString source = sourceRoot.ItemPath(clip);
+    if (!Fnd::PathUtils::ExistsOnDisk(source, false) && !CheckSourcesExist({std::move(source)}))
         return;
     auto imported = std::make_shared<QL::IngestItem>();
     imported->path = useRename ? targetRoot.TargetPath(clip) : targetRoot.ItemPath(clip);

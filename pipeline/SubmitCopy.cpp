@@ -1,5 +1,6 @@
 #include "pipeline/SubmitCopy.h"
 
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -21,11 +22,29 @@
 namespace IGD {
 namespace {
 
-// A path without a decision has nothing in its way.
-std::int32_t ActionFor(const CopyActionMap& decisions, const Fnd::WString& relativePath) {
-    const auto found = decisions.find(relativePath);
-    return found == decisions.end() ? QL::kCopyActionNone : found->second;
-}
+// Looks up the decisions of each unit's paths. The plan walks the items in the order in which
+// their decisions were made, which is usually the map's own order: following the map from the
+// last hit keeps that walk linear and in cache, where a tree search per path would miss the cache
+// at every level of a large selection. A path without a decision has nothing in its way.
+class DecisionCursor {
+public:
+    explicit DecisionCursor(const CopyActionMap& decisions)
+        : decisions_(decisions), next_(decisions.begin()) {}
+
+    std::int32_t ActionFor(const Fnd::WString& relativePath) {
+        if (next_ != decisions_.end() && next_->first == relativePath)
+            return (next_++)->second;
+        const auto found = decisions_.find(relativePath);
+        if (found == decisions_.end())
+            return QL::kCopyActionNone;
+        next_ = std::next(found);
+        return found->second;
+    }
+
+private:
+    const CopyActionMap& decisions_;
+    CopyActionMap::const_iterator next_;
+};
 
 bool IsSingleFileClip(const SelectedItem& item) {
     const auto* clip = dynamic_cast<const SelectedClipItem*>(&item);
@@ -35,7 +54,7 @@ bool IsSingleFileClip(const SelectedItem& item) {
 struct CopyUnitContext {
     const NormalizedRoot& sourceRoot;
     const NormalizedRoot& targetFolder;
-    const CopyActionMap& decisions;
+    DecisionCursor& decisions;
     const IngestCopyOutputFileNameFunction& outputFileName;
 };
 
@@ -44,15 +63,15 @@ QL::IngestTask::CopyUnitRef BuildCopyUnit(const CopyUnitContext& context, const 
     QL::IngestTask::CopyUnitRef unit(new QL::IngestTask::CopyUnit);
     BuildImportItems(context.sourceRoot, item, context.targetFolder, unit->importItems, useRename);
 
-    QL::CopyEntry entry;
-    entry.source = context.sourceRoot.ItemPath(item);
-    entry.target = useRename ? context.targetFolder.TargetPath(item) : context.targetFolder.ItemPath(item);
-    entry.action = ActionFor(context.decisions, item.GetItemPath());
-    unit->entries.push_back(entry);
+    QL::CopyEntry& first = unit->entries.emplace_back();
+    first.source = context.sourceRoot.ItemPath(item);
+    first.target = useRename ? context.targetFolder.TargetPath(item) : context.targetFolder.ItemPath(item);
+    first.action = context.decisions.ActionFor(item.GetItemPath());
     if (context.outputFileName)
-        context.outputFileName(entry.target);
-    // Set only now: the first entry keeps false, and a service must not read the flag there.
-    entry.isFolder = dynamic_cast<const SelectedFolderItem*>(&item) != nullptr;
+        context.outputFileName(first.target);
+    // The flag goes on the entries of the extra paths only; a service must not read it on the
+    // first entry, which keeps false.
+    const bool isFolder = dynamic_cast<const SelectedFolderItem*>(&item) != nullptr;
 
     const std::vector<Fnd::WString>& extras = item.ExtraPaths();
     // Only a renamed single file takes its sidecar along to the new name; every other extra file
@@ -64,15 +83,16 @@ QL::IngestTask::CopyUnitRef BuildCopyUnit(const CopyUnitContext& context, const 
         sidecar = FindSidecarPath(extras);
         oldStem = StemOf(item.GetItemPath());
     }
-    const Fnd::WString mainTarget = std::move(entry.target);
+    const Fnd::WString& mainTarget = first.target; // list elements stay where they are
     for (const Fnd::WString& extra : extras) {
+        QL::CopyEntry& entry = unit->entries.emplace_back();
         entry.source = context.sourceRoot.Join(extra);
         if (renameSidecar && !sidecar.empty() && extra == sidecar)
             entry.target = QL::Utilities::RenameSideCarFile(mainTarget, oldStem, item.GetOutputName(), extra);
         else
             entry.target = context.targetFolder.Join(extra);
-        entry.action = ActionFor(context.decisions, extra);
-        unit->entries.push_back(entry);
+        entry.action = context.decisions.ActionFor(extra);
+        entry.isFolder = isFolder;
     }
 
     if (useRename)
@@ -97,7 +117,8 @@ void SubmitCopyForDestination(const fluxcore::utility::Guid& batch, const Fnd::W
     const bool hosted = IsKilnHosted();
     // A copy, so that a host replacing its function from inside a call cannot pull it away.
     const IngestCopyOutputFileNameFunction outputFileName = GetIngestCopyOutputFileNameCallback();
-    const CopyUnitContext context{source, targetFolder, decisions, outputFileName};
+    DecisionCursor cursor(decisions);
+    const CopyUnitContext context{source, targetFolder, cursor, outputFileName};
 
     for (const SelectedItemRef& item : items) {
         // A hosted application renames only what came from a plain folder.

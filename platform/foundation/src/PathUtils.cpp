@@ -21,7 +21,7 @@ constexpr std::size_t kMaxPathBytes = PATH_MAX - 1;
 bool ToSystemPath(WStringView path, std::string& out) {
     if (path.empty() || path.find(u'\0') != WStringView::npos)
         return false;
-    out = ToUTF8(path);
+    ToUTF8(path, out);
     return true;
 }
 
@@ -84,7 +84,8 @@ WString MakePath(WStringView drive, WStringView directory, WStringView stem, WSt
 }
 
 bool ExistsOnDisk(WStringView path, bool requireDirectory) {
-    std::string systemPath;
+    // One buffer per thread: a plan tests hundreds of thousands of paths.
+    thread_local std::string systemPath;
     if (!ToSystemPath(path, systemPath))
         return false;
     struct stat info {};

@@ -101,10 +101,10 @@ WString FromUTF8(std::string_view utf8) {
     return out;
 }
 
-std::string ToUTF8(WStringView wide) {
+void ToUTF8(WStringView wide, std::string& out) {
     // Paths are nearly always ASCII, and every existence test of a plan converts one: copy the
     // ASCII run directly and fall into the general loop only at the first other character.
-    std::string out(wide.size(), '\0');
+    out.resize(wide.size());
     std::size_t ascii = 0;
     while (ascii < wide.size() && wide[ascii] < 0x80) {
         out[ascii] = static_cast<char>(wide[ascii]);
@@ -112,7 +112,7 @@ std::string ToUTF8(WStringView wide) {
     }
     out.resize(ascii);
     if (ascii == wide.size())
-        return out;
+        return;
     out.reserve(wide.size() + wide.size() / 2);
     for (std::size_t i = ascii; i < wide.size(); ++i) {
         const char32_t unit = wide[i];
@@ -126,6 +126,11 @@ std::string ToUTF8(WStringView wide) {
             AppendUTF8(out, kReplacementCharacter);
         }
     }
+}
+
+std::string ToUTF8(WStringView wide) {
+    std::string out;
+    ToUTF8(wide, out);
     return out;
 }
 

@@ -15,6 +15,8 @@ using WStringView = std::u16string_view;
 // representable, even when it is not valid UTF-8.
 WString FromUTF8(std::string_view utf8);
 std::string ToUTF8(WStringView wide);
+// The same into a buffer whose capacity is reused, for conversions on hot paths.
+void ToUTF8(WStringView wide, std::string& out);
 
 // ASCII-only text to wide, for literals and numbers.
 WString FromASCII(std::string_view ascii);
