@@ -41,13 +41,14 @@ void PrepareSessionForFile(const Fnd::WString& path, IIngestDialogData& session,
         GatherPathItems(session, path);
     if (session.GetSelectedItems().empty() && !AddSingleFileItem(path, session))
         return;
-    // Output names from the rename template are generated here.
+    // Output names from the rename template belong here, before the decisions that use them; the
+    // session reads no template yet, so date and forceNames have nothing to act on.
     CopyDecisionMap decisions;
     if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),
                             decisions))
         return;
     session.SetCopyDecisions(decisions);
-    // The metadata template's field set goes into the custom data here.
+    // The metadata template's field set will go into the custom data here.
 }
 
 } // namespace IGD
