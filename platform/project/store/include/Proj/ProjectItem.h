@@ -1,0 +1,34 @@
+#pragma once
+#include <map>
+#include <string>
+#include <vector>
+
+#include "Fnd/WString.h"
+#include "fluxcore/Guid.h"
+#include "fluxmediatypes/MediaTypes.h"
+
+namespace Proj {
+
+// The values of one metadata schema on an item.
+struct ItemMetadata {
+    Fnd::WString namespaceURI;
+    std::string prefix;
+    std::map<Fnd::WString, Fnd::WString> values; // field key to value
+};
+
+// One media item of a project. Its path is its identity: importing the same path again updates
+// the item.
+struct ProjectItem {
+    Fnd::WString path;
+    Fnd::WString name;
+    Fnd::WString format;
+    std::vector<Fnd::WString> extraPaths;
+    fluxmediatypes::Time inPoint = fluxmediatypes::kTime_Invalid;
+    fluxmediatypes::Time outPoint = fluxmediatypes::kTime_Invalid;
+    fluxmediatypes::FrameRate frameRate = fluxmediatypes::kFrameRate_Zero;
+    fluxcore::utility::Guid clipGuid;    // all zero: none assigned
+    std::vector<ItemMetadata> metadata; // by namespace; a later import merges values into these
+    Fnd::WString bin;                   // the bin's name; empty for the root bin
+};
+
+} // namespace Proj
