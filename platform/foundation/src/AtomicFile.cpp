@@ -1,0 +1,92 @@
+#include "Fnd/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <stdio.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+namespace Fnd {
+namespace {
+
+[[noreturn]] void Fail(const std::string& path) {
+    throw std::system_error(errno, std::generic_category(), path);
+}
+
+std::string FolderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+void WriteAll(int fd, std::string_view content, const std::string& path) {
+    while (!content.empty()) {
+        const ssize_t written = ::write(fd, content.data(), content.size());
+        if (written < 0) {
+            if (errno == EINTR)
+                continue;
+            Fail(path);
+        }
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+// A temporary whose name no other writer uses: mkstemp beside the target.
+int OpenTemporary(const std::string& path, std::string& temporary) {
+    const std::size_t slash = path.rfind('/');
+    const std::string folder = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+    const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
+    temporary = folder + "." + name + ".XXXXXX";
+    const int fd = ::mkstemp(temporary.data());
+    if (fd < 0)
+        Fail(path);
+    return fd;
+}
+
+} // namespace
+
+bool WriteFileAtomically(const std::string& path, std::string_view content, bool replace) {
+    std::string temporary;
+    const int fd = OpenTemporary(path, temporary);
+    try {
+        WriteAll(fd, content, path);
+        if (::fchmod(fd, 0644) != 0 || ::fsync(fd) != 0)
+            Fail(path);
+    } catch (...) {
+        ::close(fd);
+        ::unlink(temporary.c_str());
+        throw;
+    }
+    ::close(fd);
+
+    if (replace) {
+        if (::rename(temporary.c_str(), path.c_str()) != 0) {
+            const int error = errno;
+            ::unlink(temporary.c_str());
+            errno = error;
+            Fail(path);
+        }
+    } else {
+        // link() refuses an existing name, so a file that appeared meanwhile is never replaced.
+        const int linked = ::link(temporary.c_str(), path.c_str());
+        const int error = errno;
+        ::unlink(temporary.c_str());
+        if (linked != 0) {
+            if (error == EEXIST)
+                return false;
+            errno = error;
+            Fail(path);
+        }
+    }
+    const int folder = ::open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY);
+    if (folder >= 0) {
+        ::fsync(folder);
+        ::close(folder);
+    }
+    return true;
+}
+
+} // namespace Fnd

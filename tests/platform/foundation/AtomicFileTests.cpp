@@ -1,0 +1,71 @@
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "Fnd/AtomicFile.h"
+#include "Fnd/IgdHome.h"
+#include "support/TempTree.h"
+
+namespace {
+
+std::string Read(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+std::vector<std::string> Names(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    return names;
+}
+
+TEST(AtomicFile, ReplacesContentAndLeavesNoTemporary) {
+    igd::test::TempTree tree;
+    const std::string path = tree.NativePath() + "/settings.xml";
+    ASSERT_TRUE(Fnd::WriteFileAtomically(path, "old"));
+    ASSERT_TRUE(Fnd::WriteFileAtomically(path, "new content"));
+    EXPECT_EQ(Read(path), "new content");
+    EXPECT_EQ(Names(tree.NativePath()), std::vector<std::string>{"settings.xml"});
+}
+
+TEST(AtomicFile, WithoutReplaceKeepsTheExistingFileByteForByte) {
+    igd::test::TempTree tree;
+    const std::string path = tree.NativePath() + "/preset.xml";
+    ASSERT_TRUE(Fnd::WriteFileAtomically(path, "first"));
+    EXPECT_FALSE(Fnd::WriteFileAtomically(path, "second", /*replace=*/false));
+    EXPECT_EQ(Read(path), "first");
+    EXPECT_EQ(Names(tree.NativePath()), std::vector<std::string>{"preset.xml"});
+}
+
+TEST(AtomicFile, MissingFolderIsAnErrorNamingThePath) {
+    igd::test::TempTree tree;
+    const std::string path = tree.NativePath() + "/absent/file";
+    try {
+        Fnd::WriteFileAtomically(path, "x");
+        FAIL() << "no error";
+    } catch (const std::system_error& error) {
+        EXPECT_NE(std::string(error.what()).find(path), std::string::npos);
+    }
+}
+
+TEST(IgdHome, EnvironmentDecidesAndFoldersAreCreatedWithParents) {
+    igd::test::TempTree tree;
+    const std::string home = tree.NativePath() + "/home/igd";
+    setenv("IGD_HOME", home.c_str(), 1);
+    EXPECT_EQ(Fnd::IgdHomeDirectory(), home);
+    EXPECT_EQ(Fnd::SiteFile("ingest-settings.xml"), "/etc/igd/ingest-settings.xml");
+    Fnd::EnsureDirectory(home + "/site");
+    ASSERT_TRUE(Fnd::WriteFileAtomically(home + "/site/ingest-settings.xml", "<x/>"));
+    EXPECT_EQ(Fnd::SiteFile("ingest-settings.xml"), home + "/site/ingest-settings.xml");
+    unsetenv("IGD_HOME");
+    setenv("XDG_CONFIG_HOME", "/cfg", 1);
+    EXPECT_EQ(Fnd::IgdHomeDirectory(), "/cfg/igd");
+    unsetenv("XDG_CONFIG_HOME");
+}
+
+} // namespace
