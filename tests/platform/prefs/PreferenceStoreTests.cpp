@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <fstream>
+#include <functional>
+#include <iterator>
+
+#include "Proj/Backend.h"
+#include "Proj/PreferenceStore.h"
+#include "support/TempTree.h"
+
+namespace Proj {
+namespace {
+
+// A store in a temporary home whose lock list the test writes.
+class PreferenceStoreTest : public ::testing::Test {
+protected:
+    std::string DatabasePath() const { return tree_.NativePath("home/preferences.db"); }
+    std::string LockPath() const { return tree_.NativePath("home/site/locked-preferences"); }
+    Fnd::InterfaceRef<PreferenceStore> OpenStore() {
+        return PreferenceStore::Open(DatabasePath(), [path = LockPath()] { return path; });
+    }
+    std::string FileContent() const {
+        std::ifstream file(DatabasePath(), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    template <class T> static std::optional<T> Read(IPreferences& store, const char* key) {
+        SerializeableValue<T> value;
+        return store.GetValue(PreferenceKey(key), value) ? std::optional<T>(value.Get()) : std::nullopt;
+    }
+    template <class T>
+    static void Write(IPreferences& store, const char* key, T value, bool persistent = true) {
+        store.SetValue(PreferenceKey(key), SerializeableValue<T>(std::move(value)), persistent);
+    }
+
+    igd::test::TempTree tree_;
+};
+
+TEST_F(PreferenceStoreTest, EveryKindSurvivesReopeningAndTextLiesInTheFileAsUTF8) {
+    auto store = OpenStore();
+    EXPECT_FALSE(Read<bool>(*store, "t.bool"));
+    EXPECT_FALSE(std::ifstream(DatabasePath()).good()) << "reading made a file";
+    Write<bool>(*store, "t.bool", true);
+    Write<std::int32_t>(*store, "t.int", -2147483647 - 1);
+    Write<std::uint32_t>(*store, "t.uint", 4294967295u);
+    Write<float>(*store, "t.float", 0.68f);
+    Write<std::string>(*store, "t.text", "Caméra/日本");
+    store.reset();
+
+    store = OpenStore();
+    EXPECT_EQ(Read<bool>(*store, "t.bool"), true);
+    EXPECT_EQ(Read<std::int32_t>(*store, "t.int"), -2147483647 - 1);
+    EXPECT_EQ(Read<std::uint32_t>(*store, "t.uint"), 4294967295u);
+    EXPECT_EQ(Read<float>(*store, "t.float"), 0.68f);
+    EXPECT_EQ(Read<std::string>(*store, "t.text"), "Caméra/日本");
+    // A value of another kind is not the key's value: the reader keeps its default.
+    EXPECT_FALSE(Read<bool>(*store, "t.uint"));
+
+    sqlite3* db = nullptr;
+    sqlite3_stmt* statement = nullptr;
+    ASSERT_EQ(sqlite3_open_v2(DatabasePath().c_str(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
+    sqlite3_prepare_v2(db, "SELECT kind, value FROM preferences WHERE key = 't.text'", -1, &statement,
+                       nullptr);
+    ASSERT_EQ(sqlite3_step(statement), SQLITE_ROW);
+    EXPECT_EQ(sqlite3_column_int(statement, 0), 11);
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, 1))), "Caméra/日本");
+    sqlite3_finalize(statement);
+    sqlite3_close(db);
+}
+
+TEST_F(PreferenceStoreTest, RefreshPicksUpWhatAnotherWriterChanged) {
+    auto mine = OpenStore();
+    auto theirs = OpenStore();
+    for (std::uint32_t value : {1u, 2u}) {
+        Write<std::uint32_t>(*theirs, "t.count", value);
+        mine->Refresh();
+        EXPECT_EQ(Read<std::uint32_t>(*mine, "t.count"), value);
+    }
+}
+
+TEST_F(PreferenceStoreTest, ABatchReachesTheFileWholeOnCommitAndNotAtAllWhenDropped) {
+    auto store = OpenStore();
+    auto other = OpenStore();
+    Write<std::uint32_t>(*store, "t.a", 1);
+    {
+        PreferenceBatch batch(*store);
+        Write<std::uint32_t>(*store, "t.a", 2);
+        {
+            PreferenceBatch joined(*store);
+            Write<std::uint32_t>(*store, "t.b", 2);
+            joined.Commit();
+        }
+        other->Refresh();
+        EXPECT_EQ(Read<std::uint32_t>(*other, "t.a"), 1u) << "visible before the commit";
+        batch.Commit();
+    }
+    other->Refresh();
+    EXPECT_EQ(Read<std::uint32_t>(*other, "t.b"), 2u);
+    {
+        PreferenceBatch dropped(*store);
+        Write<std::uint32_t>(*store, "t.a", 3);
+        Write<std::uint32_t>(*store, "t.c", 3);
+    }
+    EXPECT_EQ(Read<std::uint32_t>(*store, "t.a"), 2u);
+    EXPECT_FALSE(Read<std::uint32_t>(*store, "t.c"));
+    EXPECT_EQ(Read<std::uint32_t>(*OpenStore(), "t.a"), 2u);
+}
+
+TEST_F(PreferenceStoreTest, AValueForThisProcessOnlyIsNotStored) {
+    auto store = OpenStore();
+    Write<float>(*store, "t.split", 0.5f);
+    Write<float>(*store, "t.split", 0.25f, /*persistent=*/false);
+    EXPECT_EQ(Read<float>(*store, "t.split"), 0.25f);
+    EXPECT_EQ(Read<float>(*OpenStore(), "t.split"), 0.5f);
+}
+
+TEST_F(PreferenceStoreTest, KeysOfTheLockListAreReadOnlyAndKeepTheirValueAsTheListChanges) {
+    auto store = OpenStore();
+    Write<bool>(*store, "t.locked", true);
+    tree_.MakeFile("home/site/locked-preferences", "# fixed by the site\n  t.locked \n\n");
+    EXPECT_TRUE(store->IsReadOnly(PreferenceKey("t.locked")));
+    EXPECT_FALSE(store->IsReadOnly(PreferenceKey("# fixed by the site")));
+    Write<bool>(*store, "t.locked", false);
+    EXPECT_EQ(Read<bool>(*OpenStore(), "t.locked"), true);
+    EXPECT_EQ(store->LockedKeysFile(), LockPath());
+
+    tree_.MakeFile("home/site/locked-preferences", "t.other\n");
+    EXPECT_FALSE(store->IsReadOnly(PreferenceKey("t.locked")));
+}
+
+TEST_F(PreferenceStoreTest, IgdHomeGivesTheFileTheLockListAndTheInstalledBackend) {
+    const char* previous = std::getenv("IGD_HOME");
+    const std::string saved = previous ? previous : "";
+    ::setenv("IGD_HOME", tree_.NativePath("home").c_str(), 1);
+    tree_.MakeFile("home/site/locked-preferences", "t.site\n");
+
+    InstallPreferenceStore();
+    auto installed = Fnd::InterfaceRef<IPreferences>::Query(GetBackend());
+    ASSERT_TRUE(installed);
+    EXPECT_TRUE(installed->IsReadOnly(PreferenceKey("t.site")));
+    Write<bool>(*installed, "t.free", true);
+    EXPECT_EQ(Read<bool>(*OpenStore(), "t.free"), true);
+    SetBackend(nullptr);
+    EXPECT_FALSE(Fnd::InterfaceRef<IPreferences>::Query(GetBackend()));
+    previous ? ::setenv("IGD_HOME", saved.c_str(), 1) : ::unsetenv("IGD_HOME");
+}
+
+TEST_F(PreferenceStoreTest, FilesThatAreNotOursAreRefusedAndLeftAlone) {
+    const auto withSql = [](const char* sql) {
+        return [sql](const std::string& path) {
+            sqlite3* db = nullptr;
+            sqlite3_open(path.c_str(), &db);
+            sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
+            sqlite3_close(db);
+        };
+    };
+    const struct {
+        std::function<void(const std::string&)> make;
+        const char* message;
+    } cases[] = {
+        {[](const std::string& path) {
+             std::ofstream(path) << "just some words, long enough to be a header";
+         },
+         ": not a preference file"},
+        {withSql("CREATE TABLE other (x)"), ": not a preference file of IGD"},
+        {withSql("CREATE TABLE preferences (key, kind, value); PRAGMA application_id=1229407312; "
+                 "PRAGMA user_version=7;"),
+         ": written by a newer IGD (schema version 7"},
+    };
+    for (const auto& c : cases) {
+        tree_.MakeFile("home/preferences.db");
+        std::remove(DatabasePath().c_str());
+        c.make(DatabasePath());
+        const std::string before = FileContent();
+        try {
+            OpenStore();
+            ADD_FAILURE() << "opened; expected" << c.message;
+        } catch (const PreferenceStoreError& error) {
+            EXPECT_NE(std::string(error.what()).find(DatabasePath() + c.message), std::string::npos)
+                << error.what();
+        }
+        EXPECT_TRUE(FileContent() == before) << c.message << ": the file was changed";
+    }
+}
+
+} // namespace
+} // namespace Proj

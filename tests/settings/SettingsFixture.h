@@ -1,0 +1,84 @@
+#pragma once
+// A controller over a recording preference store, with the host kind, the remote-project state
+// and the site's configuration under the test's control, and the read-only warnings counted.
+#include <gtest/gtest.h>
+
+#include "AppFrame/DocumentManager.h"
+#include "Fnd/RunLoop.h"
+#include "Fnd/StationUtils.h"
+#include "HostApp/ApplicationType.h"
+#include "Proj/Backend.h"
+#include "Proj/PreferenceMessages.h"
+#include "QL/IQLPreset.h"
+#include "settings/IngestSettingsController.h"
+#include "tests/settings/RecordingPreferences.h"
+
+namespace IGD::test {
+
+using Keys = std::vector<std::string>;
+
+class SettingsFixture : public ::testing::Test, private Fnd::Listener {
+protected:
+    SettingsFixture() { Fnd::StationUtils::AddListener(preferences->GetStationID(), this); }
+    ~SettingsFixture() override {
+        Fnd::GetDefaultQueue().Drain();
+        Fnd::StationUtils::RemoveListener(preferences->GetStationID(), this);
+        HostApp::SetApplicationType(0);
+        AppFrame::DocumentManager::SetInstance(nullptr);
+    }
+
+    static void UseRemoteProject() {
+        AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(true));
+    }
+    void Put(std::string_view shortKey, Proj::PreferenceData data) {
+        preferences->values[K(shortKey)] = data;
+    }
+    std::optional<Proj::PreferenceData> Stored(const std::string& key) const {
+        const auto found = preferences->values.find(key);
+        return found == preferences->values.end() ? std::nullopt : std::optional(found->second);
+    }
+    // Delivers what was posted and answers how many read-only warnings arrived.
+    int DeliveredWarnings() {
+        Fnd::GetDefaultQueue().Drain();
+        return warnings_;
+    }
+
+    Fnd::InterfaceRef<RecordingPreferences> preferences = RecordingPreferences::Make();
+    Proj::ScopedBackend backend{preferences->Interface()};
+    QL::IngestUtils::IngestSettings site;
+    IngestSettingsController controller{[this] { return site; }};
+
+private:
+    void ListenToMessage(const Fnd::StationID&, const Fnd::Message& message) override {
+        warnings_ += Fnd::MessageCast<Proj::OverrideReadOnlyPropertyWarningMessage>(message) != nullptr;
+    }
+    int warnings_ = 0;
+};
+
+inline std::string BackupList(int index, std::string_view part) {
+    return K("Local.Backup.DestPathMRU") + std::to_string(index) + K(part);
+}
+
+// A preset known by its name and path.
+class NamedPreset final : public igd::test::CountedUnknown<QL::IQLPreset> {
+public:
+    static PresetRef Make(Fnd::WString name, Fnd::WString path) {
+        auto* preset = new NamedPreset();
+        preset->name_ = std::move(name);
+        preset->path_ = std::move(path);
+        return PresetRef(preset);
+    }
+    std::uint64_t GetPresetID() const override { return 0; }
+    Fnd::WString GetName(bool) const override { return name_; }
+    void SetName(const Fnd::WString& name) override { name_ = name; }
+    Fnd::InterfaceRef<QL::IQLPreset> ClonePreset(bool) const override { return Make(name_, path_); }
+    bool IsUserPreset() const override { return true; }
+    void SetFields(const QL::PresetFieldList&) override {}
+    QL::PresetFieldList GetFields() const override { return {}; }
+    Fnd::WString GetPath() const override { return path_; }
+
+private:
+    Fnd::WString name_, path_;
+};
+
+} // namespace IGD::test

@@ -1,0 +1,159 @@
+#include "tests/settings/SettingsFixture.h"
+
+namespace IGD::test {
+namespace {
+
+using Op = RecordingPreferences::Op;
+using SettingsStore = SettingsFixture;
+
+Proj::PreferenceData Text(const char* text) {
+    return std::string(text);
+}
+
+TEST_F(SettingsStore, WritesEveryKeyInOrderInOneBatchEachAfterAskingWhetherItIsLocked) {
+    controller.LoadSettings();
+    controller.GetDestinationSetting(0).AddPathToMRU(u"/Volumes/RAID");
+    controller.AddBackupDestination(u"/Volumes/Shuttle");
+    preferences->calls.clear();
+    controller.SaveSettings();
+
+    const Keys expected = Ks(
+        "TransferSectionOpened Local.ImportOnly Local.VerifyOption Primary.Transcode "
+        "Primary.TranscodeExporter "
+        "Primary.TranscodePreset Primary.ConcatenatePreset Primary.DestPathMRU+PathsMRUCount "
+        "Primary.DestPathMRU+PathsMRUItem0 Pimary.NeedSubFolder Local.Backup.Count Local.Backup.Transcode1 "
+        "Local.Backup.TranscodeExporter1 Local.Backup.TranscodePreset1 Local.Backup.Enabled1 "
+        "Local.Backup.DestPathMRU1+PathsMRUCount Local.Backup.DestPathMRU1+PathsMRUItem0 "
+        "Local.Backup.NeedSubFolder1 RenameSectionOpened MetadataSectionOpened EnableRenameTemplate "
+        "EnableMetadataTemplate RenameApplyScope MetadataApplyScope RenamePresetPath MetadataPresetPath "
+        "UserDefAutoIncStartNumber");
+    EXPECT_EQ(preferences->KeysOf(Op::kSet), expected);
+    const auto& calls = preferences->calls;
+    for (std::size_t i = 0; i < calls.size(); ++i)
+        if (calls[i].op == Op::kSet) {
+            EXPECT_EQ(calls.at(i - 1).op, Op::kIsReadOnly);
+            EXPECT_EQ(calls.at(i - 1).key, calls[i].key);
+        }
+    // The destinations join the batch of the whole store.
+    EXPECT_EQ(preferences->BatchOps(),
+              (std::vector{Op::kBeginBatch, Op::kBeginBatch, Op::kCommitBatch, Op::kCommitBatch}));
+    EXPECT_EQ(Stored(BackupList(1, "PathsMRUItem0")), Text("/Volumes/Shuttle"));
+
+    preferences->calls.clear();
+    preferences->failing = K("Pimary.NeedSubFolder");
+    EXPECT_THROW(controller.SaveSettings(), std::runtime_error);
+    EXPECT_EQ(preferences->BatchOps(),
+              (std::vector{Op::kBeginBatch, Op::kBeginBatch, Op::kDropBatch, Op::kDropBatch}));
+}
+
+TEST_F(SettingsStore, WhatIsStoredLoadsBackTheSame) {
+    controller.LoadSettings();
+    controller.SetTransferDisabled(false);
+    controller.SetVerifyOption(-1);
+    controller.SetRenameSectionOpened(false);
+    controller.SetEnableMetadataTemplate(true);
+    controller.SetMetadataApplyScope(1);
+    controller.SetRenamePreset(NamedPreset::Make(u"Dailies", u"/presets/Dailies.irp"));
+    controller.SetMetadataPreset(NamedPreset::Make(u"Show", u"/presets/Show.imp"));
+    controller.SetUserDefAutoIncStartNumber(17);
+    DestinationSetting& primary = controller.GetDestinationSetting(0);
+    primary.needSubFolder = false;
+    primary.AddPathToMRU(u"/Volumes/RAID/Ünïcode");
+    auto transcode = primary.destination->GetTranscodeSetting();
+    transcode->presetName = u"ProRes";
+    transcode->exporterName = u"QuickTime";
+    transcode->enabled = transcode->concatenate = true;
+    controller.SetDestinationEnabled(controller.AddBackupDestination(u"/Volumes/Shuttle"), false);
+    controller.SaveSettings();
+
+    IngestSettingsController reloaded([] { return QL::IngestUtils::IngestSettings{}; });
+    reloaded.LoadSettings();
+
+    EXPECT_FALSE(reloaded.IsImportOnly());
+    EXPECT_EQ(reloaded.GetVerifyOption(), -1);
+    EXPECT_FALSE(reloaded.GetRenameSectionOpened());
+    EXPECT_TRUE(reloaded.GetEnableMetadataTemplate());
+    EXPECT_EQ(reloaded.GetMetadataApplyScope(), 1u);
+    EXPECT_EQ(reloaded.GetRenamePresetPath(), u"/presets/Dailies.irp");
+    EXPECT_EQ(reloaded.GetMetadataPresetPath(), u"/presets/Show.imp");
+    EXPECT_EQ(reloaded.GetUserDefAutoIncStartNumber(), 17u);
+    ASSERT_EQ(reloaded.GetDestinations().size(), 2u);
+    const DestinationSetting& primaryAgain = reloaded.GetDestinations()[0];
+    EXPECT_TRUE(primaryAgain.enabled);
+    EXPECT_FALSE(primaryAgain.needSubFolder);
+    EXPECT_EQ(primaryAgain.pathsMRU, std::vector<Fnd::WString>{u"/Volumes/RAID/Ünïcode"});
+    const auto loaded = primaryAgain.destination->GetTranscodeSetting();
+    EXPECT_TRUE(loaded->enabled && loaded->concatenate);
+    EXPECT_EQ(loaded->presetName + u"|" + loaded->exporterName, u"ProRes|QuickTime");
+    EXPECT_FALSE(reloaded.GetDestinations()[1].enabled);
+    EXPECT_EQ(reloaded.GetDestinations()[1].pathsMRU, std::vector<Fnd::WString>{u"/Volumes/Shuttle"});
+}
+
+TEST_F(SettingsStore, ALockedKeyKeepsItsValueAndEachAttemptPostsOneWarning) {
+    Put("Local.ImportOnly", true);
+    preferences->locked = {K("Local.ImportOnly"), K("Pimary.NeedSubFolder")};
+    controller.LoadSettings();
+    controller.SetTransferDisabled(false);
+    controller.GetDestinationSetting(0).needSubFolder = false;
+    controller.SaveSettings();
+
+    const Keys written = preferences->KeysOf(Op::kSet);
+    EXPECT_EQ(std::count(written.begin(), written.end(), K("Local.ImportOnly")), 0);
+    EXPECT_EQ(std::count(written.begin(), written.end(), K("Pimary.NeedSubFolder")), 0);
+    EXPECT_EQ(Stored(K("Local.ImportOnly")), Proj::PreferenceData(true));
+    EXPECT_FALSE(Stored(K("Pimary.NeedSubFolder")));
+    EXPECT_EQ(DeliveredWarnings(), 2);
+    controller.SaveDestinations();
+    EXPECT_EQ(DeliveredWarnings(), 3);
+}
+
+TEST_F(SettingsStore, ALockedSiteWritesNoSettingsButItsDestinationsOnRequest) {
+    site.settingsLocked = true;
+    controller.LoadSettings();
+    preferences->calls.clear();
+    controller.SaveSettings();
+    EXPECT_TRUE(preferences->calls.empty());
+    controller.SaveDestinations();
+    EXPECT_EQ(Stored(K("Local.Backup.Count")), Proj::PreferenceData(std::uint32_t{0}));
+    EXPECT_FALSE(Stored(K("TransferSectionOpened")));
+}
+
+TEST_F(SettingsStore, ARemoteProjectStoresItsOwnFlagAndLeavesTheBackupsAlone) {
+    UseRemoteProject();
+    Put("Local.Backup.Count", std::uint32_t{2});
+    controller.LoadSettings();
+    controller.SetVaultTempLocalCopy(true);
+    preferences->calls.clear();
+    controller.SaveSettings();
+
+    const Keys written = preferences->KeysOf(Op::kSet);
+    EXPECT_EQ(written[1], K("Vault.TempLocalCopy"));
+    for (const char* untouched : {"Local.ImportOnly", "Local.VerifyOption", "Local.Backup.Count"})
+        EXPECT_EQ(std::count(written.begin(), written.end(), K(untouched)), 0) << untouched;
+    EXPECT_EQ(Stored(K("Local.Backup.Count")), Proj::PreferenceData(std::uint32_t{2}));
+}
+
+TEST_F(SettingsStore, RemovingTheFirstOfThreeBackupsMovesTheOthersDown) {
+    Put("Local.Backup.Count", std::uint32_t{3});
+    for (int index = 1; index <= 3; ++index) {
+        preferences->values[BackupList(index, "PathsMRUCount")] = std::uint32_t{1};
+        preferences->values[BackupList(index, "PathsMRUItem0")] = "/backup" + std::to_string(index);
+    }
+    controller.LoadSettings();
+    controller.RemoveDestination(1);
+    controller.SaveSettings();
+
+    EXPECT_EQ(Stored(K("Local.Backup.Count")), Proj::PreferenceData(std::uint32_t{2}));
+    EXPECT_EQ(Stored(BackupList(1, "PathsMRUItem0")), Text("/backup2"));
+    EXPECT_EQ(Stored(BackupList(2, "PathsMRUItem0")), Text("/backup3"));
+    EXPECT_EQ(Stored(BackupList(3, "PathsMRUItem0")), Text("/backup3")) << "hidden behind the count";
+}
+
+TEST_F(SettingsStore, DestinationsSavedBeforeAnyExistWriteOnlyTheWrappedCount) {
+    controller.SaveDestinations();
+    EXPECT_EQ(preferences->KeysOf(Op::kSet), Keys{K("Local.Backup.Count")});
+    EXPECT_EQ(Stored(K("Local.Backup.Count")), Proj::PreferenceData(std::uint32_t{0xFFFFFFFF}));
+}
+
+} // namespace
+} // namespace IGD::test
