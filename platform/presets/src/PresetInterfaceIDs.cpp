@@ -1,5 +1,7 @@
 #include "QL/IQLPreset.h"
 #include "QL/IQLPresetField.h"
+#include "QL/IQLPresetManager.h"
+#include "QL/PresetObject.h"
 
 namespace QL {
 
@@ -10,6 +12,16 @@ const Fnd::InterfaceID& IQLPreset::GetInterfaceID() {
 
 const Fnd::InterfaceID& IQLPresetField::GetInterfaceID() {
     static const Fnd::InterfaceID id = Fnd::MakeInterfaceID("{C41D6B08-8A2F-4E97-95C3-0F6E2B7A1D58}");
+    return id;
+}
+
+const Fnd::InterfaceID& IQLPresetManager::GetInterfaceID() {
+    static const Fnd::InterfaceID id = Fnd::MakeInterfaceID("{962ACB35-4E26-44E8-BEE1-06D22A82F4EE}");
+    return id;
+}
+
+const Fnd::InterfaceID& PresetObject::GetInterfaceID() {
+    static const Fnd::InterfaceID id = Fnd::MakeInterfaceID("{BEF27EDB-B147-4DEF-A47C-63DC34E5DE55}");
     return id;
 }
 

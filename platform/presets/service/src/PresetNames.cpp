@@ -1,0 +1,53 @@
+#include "PresetNames.h"
+
+#include <algorithm>
+
+#include "QL/PresetFileTypes.h"
+
+namespace QL {
+namespace {
+
+// The filesystem's limit on one name, in bytes of UTF-8.
+constexpr std::size_t kMaxFileNameBytes = 255;
+
+char16_t FoldASCII(char16_t unit) {
+    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
+}
+
+} // namespace
+
+std::string PresetNameProblem(const Fnd::WString& name, _QLPresetCategory category) {
+    if (name.empty())
+        return "it is empty";
+    if (name.front() == u'.')
+        return "it starts with \".\"";
+    for (char16_t unit : name) {
+        if (unit < 0x20 || unit == 0x7F)
+            return "it holds a control character";
+        if (unit == u'/' || unit == u':' || unit == u'\\')
+            return std::string("it holds \"") + static_cast<char>(unit) + "\"";
+    }
+    if (Fnd::ToUTF8(PresetFileName(name, category)).size() > kMaxFileNameBytes)
+        return "it is too long for a file name";
+    return {};
+}
+
+bool IsUsablePresetName(const Fnd::WString& name, _QLPresetCategory category) {
+    return PresetNameProblem(name, category).empty();
+}
+
+Fnd::WString PresetFileName(const Fnd::WString& name, _QLPresetCategory category) {
+    return name + (category == kQLPresetCategoryMetadata ? GetMetadataPresetFileExtension()
+                                                         : GetRenamePresetFileExtension());
+}
+
+Fnd::WString NumberedPresetName(const Fnd::WString& name, unsigned number) {
+    return name + u" (" + Fnd::ToDecimal(number) + u")";
+}
+
+bool PresetNameLess(const Fnd::WString& a, const Fnd::WString& b) {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [](char16_t x, char16_t y) { return FoldASCII(x) < FoldASCII(y); });
+}
+
+} // namespace QL

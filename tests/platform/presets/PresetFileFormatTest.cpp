@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "QL/PresetFileReader.h"
+#include "QL/PresetFileWriter.h"
+
+namespace QL {
+namespace {
+
+PresetDocument TrickyRenameDocument() {
+    PresetDocument document;
+    document.category = kQLPresetCategoryRename;
+    document.name = u"Tournage <A&B> \"été\" 日本";
+    document.fields = {
+        {kQLFieldCustomText, u"", u"  two blanks both ends  ", false},
+        {kQLFieldIngestDate, u"", u"%Y-%m-%d", false},
+        {kQLFieldCustomText, u"", u"", false},
+        {kQLFieldFileName, u"", u"", false},
+        {kQLFieldUserDefinedAutoIncrement, u"", u"0001", false},
+        {kQLFieldCustomText, u"", u"&amp; ]]> <x/> 🎬", false},
+    };
+    return document;
+}
+
+TEST(PresetFileFormat, RoundTripsEveryTypeKeyFormatAndRequiredFlag) {
+    const PresetDocument rename = TrickyRenameDocument();
+    const auto readRename = ParsePresetDocument(SerializePresetDocument(rename));
+    ASSERT_TRUE(readRename) << readRename.error;
+    EXPECT_EQ(*readRename.document, rename);
+
+    PresetDocument metadata;
+    metadata.category = kQLPresetCategoryMetadata;
+    metadata.name = u"Rights";
+    metadata.fields = {{kQLFieldMetadata, u"creator", u"", true},
+                       {kQLFieldMetadata, u"usageTerms", u"CC BY", false}};
+    const auto readMetadata = ParsePresetDocument(SerializePresetDocument(metadata));
+    ASSERT_TRUE(readMetadata) << readMetadata.error;
+    EXPECT_EQ(*readMetadata.document, metadata);
+}
+
+TEST(PresetFileFormat, CarriesItsSchemaNameAndVersion) {
+    const std::string bytes = SerializePresetDocument(TrickyRenameDocument());
+    EXPECT_NE(bytes.find("schema=\"igd.preset\""), std::string::npos) << bytes;
+    EXPECT_NE(bytes.find("version=\"1\""), std::string::npos) << bytes;
+}
+
+TEST(PresetFileFormat, TextsXmlCannotCarryAreRefusedBeforeWriting) {
+    PresetDocument document;
+    document.name = u"ok";
+    document.fields = {{kQLFieldCustomText, u"", Fnd::WString(u"bell\u0007"), false}};
+    EXPECT_FALSE(CanWritePresetDocument(document));
+    EXPECT_THROW(SerializePresetDocument(document), std::invalid_argument);
+    document.fields[0].format = Fnd::WString(1, char16_t(0xD800)); // a lone surrogate
+    EXPECT_FALSE(CanWritePresetDocument(document));
+    document.fields[0].format = u"tab\tis fine";
+    EXPECT_TRUE(CanWritePresetDocument(document));
+}
+
+const char* const kHead = R"(<?xml version="1.0" encoding="UTF-8"?>)";
+
+std::string Preset(const std::string& attributes, const std::string& body) {
+    return std::string(kHead) + "<preset " + attributes + ">" + body + "</preset>";
+}
+
+const std::string kGood = R"(schema="igd.preset" version="1" category="rename")";
+const std::string kName = "<name>N</name>";
+
+struct BadFile {
+    const char* what;
+    std::string bytes;
+    const char* reason; // a part of the text the user reads
+};
+
+TEST(PresetFileFormat, BadFilesAreRefusedWithAReasonAUserCanActOn) {
+    const std::string whole = SerializePresetDocument(TrickyRenameDocument());
+    const BadFile cases[] = {
+        {"empty", "", "is empty"},
+        {"truncated", whole.substr(0, whole.size() / 2), "truncated or not well-formed XML"},
+        {"not XML", "Date_Counter,ingestDate,_,0001\n", "not well-formed XML"},
+        {"other XML", std::string(kHead) + "<layout/>", "root element is <layout>"},
+        {"other schema", Preset(R"(schema="x.other" version="1" category="rename")", kName),
+         "schema \"x.other\""},
+        {"newer version", Preset(R"(schema="igd.preset" version="2" category="rename")", kName),
+         "newer version of IGD (format 2"},
+        {"no version", Preset(R"(schema="igd.preset" category="rename")", kName),
+         "no readable format version"},
+        {"version zero", Preset(R"(schema="igd.preset" version="0" category="rename")", kName),
+         "invalid format version"},
+        {"unknown category", Preset(R"(schema="igd.preset" version="1" category="audio")", kName),
+         "unknown category \"audio\""},
+        {"no name", Preset(kGood, "<field type=\"fileName\"/>"), "no preset name"},
+        {"unknown type", Preset(kGood, kName + "<field type=\"fileName\"/><field type=\"weekday\"/>"),
+         "field 2 has an unknown type \"weekday\""},
+        {"metadata in rename", Preset(kGood, kName + "<field type=\"metadata\"/>"),
+         "which a rename preset cannot hold"},
+        {"rename in metadata",
+         Preset(R"(schema="igd.preset" version="1" category="metadata")", kName + "<field "
+                                                                                  "type=\"customText\"/"
+                                                                                  ">"),
+         "which a metadata preset cannot hold"},
+        {"bad required", Preset(kGood, kName + "<field type=\"fileName\" required=\"yes\"/>"),
+         "required flag of \"yes\""},
+        {"too large", std::string(kMaxPresetFileSize + 1, ' '), "larger than any preset file"},
+    };
+    for (const auto& bad : cases) {
+        const auto result = ParsePresetDocument(bad.bytes);
+        EXPECT_FALSE(result) << bad.what;
+        EXPECT_NE(result.error.find(bad.reason), std::string::npos)
+            << bad.what << ": the reason was \"" << result.error << "\"";
+    }
+}
+
+TEST(PresetFileFormat, EntityExpansionInAnInstalledFileIsBounded) {
+    // Each entity refers ten times to the one before it: 10^10 characters if expanded.
+    std::string bomb = std::string(kHead) + "<!DOCTYPE preset [<!ENTITY e0 \"xxxxxxxxxx\">";
+    for (int level = 1; level <= 9; ++level) {
+        std::string body;
+        for (int i = 0; i < 10; ++i)
+            body += "&e" + std::to_string(level - 1) + ";";
+        bomb += "<!ENTITY e" + std::to_string(level) + " \"" + body + "\">";
+    }
+    bomb += "]>" + Preset(kGood, "<name>&e9;</name>").substr(std::string(kHead).size());
+    const auto result = ParsePresetDocument(bomb);
+    EXPECT_FALSE(result);
+}
+
+TEST(PresetFileFormat, ReadingAMissingFileSaysSo) {
+    const auto result = ReadPresetFile("/nonexistent/igd/none.igdrename");
+    EXPECT_FALSE(result);
+    EXPECT_NE(result.error.find("cannot be opened"), std::string::npos) << result.error;
+}
+
+TEST(PresetFileFormat, UnknownElementsBesideFieldsAreIgnoredWithinAVersion) {
+    const auto result = ParsePresetDocument(Preset(
+        kGood, kName + "<note>for later</note><field type=\"ingestTime\"><format>%H%M</format></field>"));
+    ASSERT_TRUE(result) << result.error;
+    ASSERT_EQ(result.document->fields.size(), 1u);
+    EXPECT_EQ(result.document->fields[0], (PresetFieldRecord{kQLFieldIngestTime, u"", u"%H%M", false}));
+}
+
+} // namespace
+} // namespace QL

@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+
+#include "Fnd/NullInterfaceException.h"
+#include "Fnd/PathUtils.h"
+#include "PresetTestSupport.h"
+#include "QL/PresetObject.h"
+#include "support/CountedUnknown.h"
+
+namespace igd::test {
+namespace {
+
+using namespace QL;
+
+class PresetSave : public PresetServiceTest {};
+
+TEST_F(PresetSave, ANewManagerOfANewServiceReadsBackTheSameFields) {
+    auto manager = Manager();
+    auto saved = SaveNew(*manager, u"Day 2",
+                         {Field(kQLFieldCustomText, u"Day02_"), Field(kQLFieldIngestDate, u"%Y-%m-%d"),
+                          Field(kQLFieldUserDefinedAutoIncrement, u"0001")});
+    EXPECT_EQ(saved->GetPath(), Fnd::FromUTF8(UserFile("Day 2.igdrename")));
+    EXPECT_TRUE(saved->IsUserPreset());
+
+    auto later = NewService()->InstantiateManager(kQLPresetCategoryRename);
+    const auto presets = later->GetUserPresets(false);
+    ASSERT_EQ(presets.size(), 1u);
+    const auto& read = presets[0];
+    EXPECT_EQ(read->GetName(true), u"Day 2");
+    EXPECT_EQ(read->GetPath(), saved->GetPath());
+    EXPECT_EQ(read->GetPresetID(), PresetObject::IdentityForPath(read->GetPath()));
+    EXPECT_EQ(MakePresetDocument(kQLPresetCategoryRename, u"Day 2", read->GetFields()),
+              MakePresetDocument(kQLPresetCategoryRename, u"Day 2", saved->GetFields()));
+    EXPECT_TRUE(later->GetSystemPresets().empty());
+}
+
+TEST_F(PresetSave, AnExistingNameAnswersNameExistsAndLeavesThatFileByteForByte) {
+    auto manager = Manager();
+    auto saved = SaveNew(*manager, u"Day", {Field(kQLFieldCustomText, u"one")});
+    const std::string before = ReadBytes(UserFile("Day.igdrename"));
+
+    // Saving as new never replaces, not even the preset's own file.
+    saved->SetFields({Field(kQLFieldCustomText, u"changed")});
+    EXPECT_EQ(manager->SavePreset(saved, u"Day", u"", false, u"Day"), kPresetNameExists);
+
+    for (const char16_t* name : {u"Day", u"DAY", u"day"}) {
+        auto other = manager->CreatePreset();
+        other->SetFields({Field(kQLFieldCustomText, u"two")});
+        EXPECT_EQ(manager->SavePreset(other, name, u"", false, name), kPresetNameExists) << Fnd::ToUTF8(name);
+        EXPECT_EQ(other->GetPath(), u"");
+    }
+    EXPECT_EQ(ReadBytes(UserFile("Day.igdrename")), before);
+    EXPECT_EQ(Names(manager->GetUserPresets(false)), (std::vector<std::string>{"Day"}));
+}
+
+TEST_F(PresetSave, ANameHeldInsideAFileOfAnotherNameIsTakenToo) {
+    WriteUserFile("copied by hand.igdrename", RenameDocument(u"Roll"));
+    auto preset = Manager()->CreatePreset();
+    EXPECT_EQ(Manager()->SavePreset(preset, u"Roll", u"", false, u"Roll"), kPresetNameExists);
+}
+
+TEST_F(PresetSave, AnUnreadableFileOfThatNameIsNeverReplaced) {
+    const std::string path = WriteUserFile("Roll.igdrename", "<preset");
+    auto preset = Manager()->CreatePreset();
+    EXPECT_EQ(Manager()->SavePreset(preset, u"Roll", u"", false, u"Roll"), kPresetNameExists);
+    EXPECT_EQ(ReadBytes(path), "<preset");
+}
+
+TEST_F(PresetSave, OverwriteRewritesThePresetsOwnFile) {
+    auto manager = Manager();
+    auto preset = SaveNew(*manager, u"Day", {Field(kQLFieldCustomText, u"one")});
+    const Fnd::WString path = preset->GetPath();
+
+    preset->SetFields({Field(kQLFieldFileName, u""), Field(kQLFieldCustomText, u"two")});
+    EXPECT_EQ(manager->SavePreset(preset, u"Day", u"", true, u"Day"), kPresetOK);
+    EXPECT_EQ(preset->GetPath(), path);
+
+    const auto read = NewService()->InstantiateManager(kQLPresetCategoryRename)->GetUserPresets(false);
+    ASSERT_EQ(read.size(), 1u);
+    ASSERT_EQ(read[0]->GetFields().size(), 2u);
+    EXPECT_EQ(read[0]->GetFields()[1]->GetFormat(), u"two");
+}
+
+TEST_F(PresetSave, SavingUnderANewNameWithOverwriteMovesTheFileAndNeverReplacesAnother) {
+    auto manager = Manager();
+    auto day = SaveNew(*manager, u"day", {Field(kQLFieldCustomText, u"one")});
+    SaveNew(*manager, u"Roll", {Field(kQLFieldCustomText, u"roll")});
+    const std::string rollBytes = ReadBytes(UserFile("Roll.igdrename"));
+
+    EXPECT_EQ(manager->SavePreset(day, u"roll", u"", true, u"roll"), kPresetNameExists);
+    EXPECT_EQ(ReadBytes(UserFile("Roll.igdrename")), rollBytes);
+
+    // A change of case only is still the same preset.
+    EXPECT_EQ(manager->SavePreset(day, u"Day", u"", true, u"Day"), kPresetOK);
+    EXPECT_EQ(day->GetPath(), Fnd::FromUTF8(UserFile("Day.igdrename")));
+    EXPECT_EQ(Names(manager->GetUserPresets(false)), (std::vector<std::string>{"Day", "Roll"}));
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(UserFile("day.igdrename")), false));
+}
+
+TEST_F(PresetSave, NamesThatCannotNameAFileAreRefusedAndNothingIsWritten) {
+    auto manager = Manager();
+    for (const char16_t* name : {u"a/b", u"a:b", u"back\\slash", u"", u".hidden", u"tab\there"}) {
+        auto preset = manager->CreatePreset();
+        preset->SetFields({Field(kQLFieldCustomText, u"x")});
+        EXPECT_EQ(manager->SavePreset(preset, name, u"", false, name), kPresetInvalidName)
+            << Fnd::ToUTF8(name);
+        EXPECT_EQ(preset->GetPath(), u"");
+    }
+    const Fnd::WString tooLong(250, u'n');
+    EXPECT_EQ(manager->SavePreset(manager->CreatePreset(), tooLong, u"", false, tooLong), kPresetInvalidName);
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(tree.Path("home/presets/rename"), false));
+}
+
+TEST_F(PresetSave, ContentAFileCannotKeepIsRefused) {
+    auto manager = Manager();
+    auto preset = manager->CreatePreset();
+    preset->SetFields({Field(kQLFieldCustomText, u"bell\u0007")});
+    EXPECT_EQ(manager->SavePreset(preset, u"Bell", u"", false, u"Bell"), kPresetInvalidContent);
+    preset->SetFields({Field(kQLFieldMetadata, u"x", u"key")});
+    EXPECT_EQ(manager->SavePreset(preset, u"Bell", u"", false, u"Bell"), kPresetInvalidContent);
+    EXPECT_TRUE(manager->GetUserPresets(false).empty());
+}
+
+TEST_F(PresetSave, TypedValuesStayInTheObjectsAndNeverReachTheFile) {
+    auto manager = Manager(kQLPresetCategoryMetadata);
+    auto preset = SaveNew(*manager, u"Production", {Field(kQLFieldMetadata, u"default", u"scene", true)});
+    const std::string bytes = ReadBytes(UserFile("Production.igdmetadata", "metadata"));
+
+    manager->GetUserPresets(false)[0]->GetFields()[0]->SetValue(u"typed 14B");
+    EXPECT_EQ(manager->GetUserPresets(false)[0]->GetFields()[0]->GetValue(), u"typed 14B");
+    EXPECT_EQ(ReadBytes(UserFile("Production.igdmetadata", "metadata")), bytes);
+    EXPECT_EQ(bytes.find("typed"), std::string::npos);
+
+    const auto fresh = NewService()->InstantiateManager(kQLPresetCategoryMetadata)->GetUserPresets(false);
+    ASSERT_EQ(fresh.size(), 1u);
+    EXPECT_EQ(fresh[0]->GetFields()[0]->GetValue(), u"default");
+    EXPECT_TRUE(fresh[0]->GetFields()[0]->GetRequired());
+}
+
+TEST_F(PresetSave, PresetsOfTheOtherCategoryOrOfNoServiceAreRefused) {
+    auto rename = Manager(kQLPresetCategoryRename);
+    auto metadata = Manager(kQLPresetCategoryMetadata);
+    EXPECT_EQ(rename->SavePreset(metadata->CreatePreset(), u"M", u"", false, u"M"), kPresetWrongCategory);
+    EXPECT_THROW(rename->SavePreset(nullptr, u"M", u"", false, u"M"), Fnd::NullInterfaceException);
+
+    struct Foreign final : CountedUnknown<IQLPreset> {
+        std::uint64_t GetPresetID() const override { return 7; }
+        Fnd::WString GetName(bool) const override { return u"F"; }
+        void SetName(const Fnd::WString&) override {}
+        Fnd::InterfaceRef<IQLPreset> ClonePreset(bool) const override { return nullptr; }
+        bool IsUserPreset() const override { return true; }
+        void SetFields(const PresetFieldList&) override {}
+        PresetFieldList GetFields() const override { return {}; }
+        Fnd::WString GetPath() const override { return {}; }
+    };
+    Fnd::InterfaceRef<IQLPreset> foreign(new Foreign);
+    EXPECT_THROW(rename->SavePreset(foreign, u"F", u"", false, u"F"), std::invalid_argument);
+    EXPECT_THROW(rename->DeletePreset(foreign), std::invalid_argument);
+}
+
+TEST_F(PresetSave, AUserFolderThatCannotBeMadeAnswersWriteFailed) {
+    tree.MakeFile("home/presets/rename", "a file where the folder should be");
+    auto preset = Manager()->CreatePreset();
+    EXPECT_EQ(Manager()->SavePreset(preset, u"Day", u"", false, u"Day"), kPresetWriteFailed);
+    EXPECT_EQ(preset->GetPath(), u"");
+    EXPECT_EQ(ReadBytes(tree.NativePath("home/presets/rename")), "a file where the folder should be");
+}
+
+} // namespace
+} // namespace igd::test
