@@ -1,12 +1,22 @@
 #pragma once
+#include <cstdint>
 #include <vector>
 
+#include "Fnd/Date.h"
 #include "Fnd/WString.h"
 
 namespace QL {
 
 class IngestUtils {
 public:
+    // A site's fixed configuration, read by Utilities::GetConfigurableIngestSettings.
+    struct IngestSettings {
+        // The options are fixed: the dialog reads and writes no option preferences.
+        bool settingsLocked = false;
+        // When not empty, offered as the destination subfolder instead of a time stamp.
+        Fnd::WString defaultSubfolder;
+    };
+
     // True if every path exists. On false, failingPath names the first that does not; an empty
     // entry gives false with an empty failingPath.
     static bool PathsExist(const std::vector<Fnd::WString>& paths, Fnd::WString& failingPath);
@@ -27,6 +37,20 @@ public:
                                      bool allowCancel);
     // The path is a symbolic link.
     static bool IsLinkFile(const Fnd::WString& path);
+
+    // True if the sources fit on every destination's filesystem. Folders count with everything
+    // below them (links are counted as links, never followed). Destinations on one filesystem
+    // share its free space, so their needs add up; a destination that does not exist yet is
+    // measured at its nearest existing ancestor. On false, failingPath names the first
+    // destination of a filesystem that is short and missingBytes how much is missing; an empty
+    // destination gives false with an empty failingPath and no bytes.
+    static bool EnoughSpaceForCopy(const std::vector<Fnd::WString>& sourcePaths,
+                                   const std::vector<Fnd::WString>& destinationPaths,
+                                   Fnd::WString& failingPath, std::uint64_t& missingBytes);
+
+    // The date formatted by a strftime pattern ("%Y-%m-%d_%H-%M-%S") in local time and the
+    // user's locale; the present moment unless a date is given.
+    static Fnd::WString DateFormatter(const Fnd::WString& pattern, Fnd::Date date = Fnd::Date::Now());
 };
 
 } // namespace QL

@@ -1,7 +1,9 @@
 #pragma once
+#include <functional>
 #include <vector>
 
 #include "Fnd/WString.h"
+#include "QL/IngestUtils.h"
 
 namespace QL {
 
@@ -24,6 +26,17 @@ public:
     static Fnd::WString RenameSideCarFile(const Fnd::WString& renamedMediaPath,
                                           const Fnd::WString& oldFileName, const Fnd::WString& newName,
                                           const Fnd::WString& sidecarPath = {});
+
+    // The site's fixed configuration from Fnd::SiteFile("ingest-settings.xml"). No file: not
+    // locked, no default subfolder. A file that cannot be read as our format gives the same
+    // defaults and reports why through the site settings warning handler.
+    static IngestUtils::IngestSettings GetConfigurableIngestSettings();
+
+    // Receives the text of a warning about the site settings (localised, naming the file), for a
+    // host to show. Answers the previous handler; an empty handler drops warnings, which is the
+    // default.
+    using SiteSettingsWarningHandler = std::function<void(const Fnd::WString& warning)>;
+    static SiteSettingsWarningHandler SetSiteSettingsWarningHandler(SiteSettingsWarningHandler handler);
 };
 
 } // namespace QL

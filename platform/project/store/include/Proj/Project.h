@@ -25,8 +25,12 @@ public:
 
     // Adds the item to the bin named (created on demand; empty: the root bin), or updates the
     // item of the same path wherever it is: its fields are replaced, its metadata merged by
-    // namespace and key. Answers the stored item.
+    // namespace and key. An update leaves the item in its bin and keeps its clip Guid when the
+    // import brings none. Paths are compared after normalisation. Answers the stored item.
     virtual ProjectItem ImportItem(const ProjectItem& item) = 0;
+    // The same for many items in one transaction: all or none are stored. Answers the stored
+    // items in the order given.
+    virtual std::vector<ProjectItem> ImportItems(const std::vector<ProjectItem>& items) = 0;
     // Renames the item of that path; false if there is none.
     virtual bool RenameItem(const Fnd::WString& path, const Fnd::WString& newName) = 0;
     // Merges metadata into the item of that path; false if there is none.

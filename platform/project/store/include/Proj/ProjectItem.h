@@ -26,7 +26,7 @@ struct ProjectItem {
     fluxmediatypes::Time inPoint = fluxmediatypes::kTime_Invalid;
     fluxmediatypes::Time outPoint = fluxmediatypes::kTime_Invalid;
     fluxmediatypes::FrameRate frameRate = fluxmediatypes::kFrameRate_Zero;
-    fluxcore::utility::Guid clipGuid;    // all zero: none assigned
+    fluxcore::utility::Guid clipGuid;   // all zero: none assigned
     std::vector<ItemMetadata> metadata; // by namespace; a later import merges values into these
     Fnd::WString bin;                   // the bin's name; empty for the root bin
 };

@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "Proj/Project.h"
+#include "ProjectTestSupport.h"
+#include "support/TempTree.h"
+
+namespace {
+
+using igd::test::Describe;
+using igd::test::MakeItem;
+using Proj::ItemMetadata;
+using Proj::ProjectItem;
+
+const Fnd::WString kDublinCore = u"http://purl.org/dc/elements/1.1/";
+const Fnd::WString kShoot = u"http://ns.example.com/igd/shoot/1.0/";
+
+class ProjectImport : public ::testing::Test {
+protected:
+    std::string ProjectPath() const { return tree_.NativePath("project.igdproj"); }
+    std::unique_ptr<Proj::Project> Reopen() const { return Proj::Project::Open(ProjectPath()); }
+
+    igd::test::TempTree tree_;
+    std::unique_ptr<Proj::Project> project_ = Proj::Project::Open(ProjectPath());
+};
+
+TEST_F(ProjectImport, BinsAreMadeOnDemandAndItemsKeepTheirImportOrder) {
+    EXPECT_EQ(project_->Bins(), std::vector<Fnd::WString>{u""}) << "a new project has its root bin only";
+    project_->ImportItem(MakeItem(u"/card/A003.MOV", u"Day 2"));
+    project_->ImportItem(MakeItem(u"/card/A001.MOV"));
+    project_->ImportItem(MakeItem(u"/card/A002.MOV", u"Day 2"));
+    project_->ImportItem(MakeItem(u"/card/B001.MOV", u"Day 1"));
+
+    EXPECT_EQ(project_->Bins(), (std::vector<Fnd::WString>{u"", u"Day 1", u"Day 2"}));
+    const Fnd::WString day2 = u"Day 2", root, none = u"Day 9";
+    EXPECT_EQ(Describe(project_->Items(&day2)),
+              Describe(std::vector<ProjectItem>{MakeItem(u"/card/A003.MOV", u"Day 2"),
+                                                MakeItem(u"/card/A002.MOV", u"Day 2")}));
+    EXPECT_EQ(Describe(project_->Items(&root)),
+              Describe(std::vector<ProjectItem>{MakeItem(u"/card/A001.MOV")}));
+    EXPECT_TRUE(project_->Items(&none).empty());
+
+    std::vector<Fnd::WString> order;
+    for (const ProjectItem& item : project_->Items())
+        order.push_back(item.path);
+    EXPECT_EQ(order, (std::vector<Fnd::WString>{u"/card/A003.MOV", u"/card/A001.MOV", u"/card/A002.MOV",
+                                                u"/card/B001.MOV"}));
+}
+
+TEST_F(ProjectImport, EveryFieldIsStoredAndAnsweredAsStored) {
+    ProjectItem item = MakeItem(u"/media/Dreh \u00FCber/\u5F71\u50CF.MXF", u"Szene \u00C4");
+    item.name = u"Szene 1 \u2013 Take 3";
+    item.format = u"MXF OP1a";
+    item.extraPaths = {u"/media/Dreh \u00FCber/\u5F71\u50CF.XML", u"/media/Dreh \u00FCber/\u5F71\u50CF.xmp"};
+    item.inPoint = 0;
+    item.outPoint = -254016000000LL * 3; // negative times are times, not "unset"
+    item.frameRate = 10594584000;
+    item.clipGuid = fluxcore::utility::Guid::CreateUnique();
+    item.metadata = {{kShoot, "shoot", {{u"scene", u"1"}, {u"empty", u""}}}};
+
+    EXPECT_EQ(Describe(project_->ImportItem(item)), Describe(item));
+    ASSERT_TRUE(project_->FindItem(item.path));
+    EXPECT_EQ(Describe(*project_->FindItem(item.path)), Describe(item));
+    EXPECT_EQ(Describe(*Reopen()->FindItem(item.path)), Describe(item)) << "seen by a new object";
+
+    const ProjectItem bare = MakeItem(u"/card/A001.MOV");
+    EXPECT_EQ(Describe(project_->ImportItem(bare)), Describe(bare))
+        << "unset times, rate and Guid stay unset";
+    EXPECT_FALSE(project_->FindItem(u"/card/A002.MOV"));
+}
+
+TEST_F(ProjectImport, TheSamePathAgainUpdatesTheItemInPlace) {
+    ProjectItem first = MakeItem(u"/card/A001.MOV", u"Day 1");
+    first.clipGuid = fluxcore::utility::Guid::CreateUnique();
+    first.extraPaths = {u"/card/A001.XML", u"/card/A001.xmp"};
+    first.inPoint = 10;
+    project_->ImportItem(first);
+    project_->ImportItem(MakeItem(u"/card/A002.MOV", u"Day 1"));
+
+    struct Step {
+        const char* what;
+        ProjectItem import;
+        ProjectItem expected;
+    };
+    ProjectItem renamed = MakeItem(u"/card//./A001.MOV", u"Other bin");
+    renamed.name = u"Interview";
+    renamed.extraPaths = {u"/card/A001.xmp"};
+    ProjectItem renamedStored = renamed;
+    renamedStored.path = u"/card/A001.MOV";
+    renamedStored.bin = u"Day 1";
+    renamedStored.clipGuid = first.clipGuid;
+
+    ProjectItem newGuid = MakeItem(u"/card/A001.MOV");
+    newGuid.clipGuid = fluxcore::utility::Guid::CreateUnique();
+    ProjectItem newGuidStored = newGuid;
+    newGuidStored.bin = u"Day 1";
+
+    for (const Step& step : {Step{"another spelling, another bin, no Guid", renamed, renamedStored},
+                             Step{"a new Guid replaces the old", newGuid, newGuidStored}}) {
+        SCOPED_TRACE(step.what);
+        EXPECT_EQ(Describe(project_->ImportItem(step.import)), Describe(step.expected));
+        const std::vector<ProjectItem> items = project_->Items();
+        ASSERT_EQ(items.size(), 2u) << "updated, never duplicated";
+        EXPECT_EQ(Describe(items[0]), Describe(step.expected)) << "keeps its first import order";
+    }
+    EXPECT_EQ(project_->Bins(), (std::vector<Fnd::WString>{u"", u"Day 1"})) << "no bin made for an update";
+}
+
+TEST_F(ProjectImport, MetadataMergesByNamespaceAndKey) {
+    ProjectItem item = MakeItem(u"/card/A001.MOV");
+    item.metadata = {{kShoot, "shoot", {{u"scene", u"1"}, {u"take", u"1"}}}};
+    project_->ImportItem(item);
+
+    item.metadata = {{kShoot, "shoot2", {{u"take", u"2"}, {u"camera", u"A"}}},
+                     {kDublinCore, "dc", {{u"title", u"Interview"}}}};
+    project_->ImportItem(item);
+    ASSERT_TRUE(project_->MergeMetadata(
+        u"/card/A001.MOV", {{kDublinCore, "dc", {{u"title", u"Final"}}}, {kShoot, "shoot2", {}}}));
+    EXPECT_FALSE(project_->MergeMetadata(u"/card/none.MOV", {{kDublinCore, "dc", {{u"title", u"x"}}}}));
+
+    const std::vector<ItemMetadata> expected{
+        {kShoot, "shoot2", {{u"camera", u"A"}, {u"scene", u"1"}, {u"take", u"2"}}},
+        {kDublinCore, "dc", {{u"title", u"Final"}}},
+    };
+    ProjectItem expectedItem = MakeItem(u"/card/A001.MOV");
+    expectedItem.metadata = expected;
+    EXPECT_EQ(Describe(*project_->FindItem(item.path)), Describe(expectedItem));
+    EXPECT_EQ(Describe(Reopen()->Items()), Describe(std::vector<ProjectItem>{expectedItem}));
+}
+
+TEST_F(ProjectImport, RenameChangesOnlyTheName) {
+    ProjectItem item = MakeItem(u"/card/A001.MOV", u"Day 1");
+    item.metadata = {{kShoot, "shoot", {{u"scene", u"1"}}}};
+    project_->ImportItem(item);
+    EXPECT_TRUE(project_->RenameItem(u"/card/A001.MOV", u"Interview"));
+    EXPECT_FALSE(project_->RenameItem(u"/card/A002.MOV", u"Nobody"));
+    item.name = u"Interview";
+    EXPECT_EQ(Describe(*Reopen()->FindItem(item.path)), Describe(item));
+}
+
+TEST_F(ProjectImport, ABatchIsStoredWholeOrNotAtAll) {
+    std::vector<ProjectItem> batch{MakeItem(u"/card/A001.MOV", u"Day 1"), MakeItem(u"/card/A002.MOV"),
+                                   MakeItem(u"/card/A001.MOV", u"Day 1")};
+    batch[2].name = u"again";
+    const std::vector<ProjectItem> stored = project_->ImportItems(batch);
+    ASSERT_EQ(stored.size(), 3u);
+    EXPECT_EQ(stored[2].name, u"again");
+    EXPECT_EQ(project_->Items().size(), 2u);
+
+    const std::vector<ProjectItem> broken{MakeItem(u"/card/A003.MOV", u"Day 3"), MakeItem(u"")};
+    EXPECT_THROW(project_->ImportItems(broken), std::invalid_argument);
+    EXPECT_FALSE(project_->FindItem(u"/card/A003.MOV"));
+    EXPECT_EQ(project_->Bins(), (std::vector<Fnd::WString>{u"", u"Day 1"}));
+    // The statements are usable after the failure.
+    EXPECT_EQ(project_->ImportItem(MakeItem(u"/card/A004.MOV")).path, u"/card/A004.MOV");
+}
+
+} // namespace

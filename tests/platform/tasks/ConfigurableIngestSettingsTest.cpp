@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "QL/Utilities.h"
+#include "support/TempTree.h"
+
+namespace {
+
+using QL::Utilities;
+
+// $IGD_HOME at a temporary folder and a warning handler that records, both undone at the end.
+class SiteSettingsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (const char* old = std::getenv("IGD_HOME"))
+            oldHome_ = old;
+        ::setenv("IGD_HOME", tree_.NativePath().c_str(), 1);
+        oldHandler_ = Utilities::SetSiteSettingsWarningHandler(
+            [this](const Fnd::WString& warning) { warnings_.push_back(Fnd::ToUTF8(warning)); });
+    }
+    void TearDown() override {
+        Utilities::SetSiteSettingsWarningHandler(oldHandler_);
+        if (oldHome_)
+            ::setenv("IGD_HOME", oldHome_->c_str(), 1);
+        else
+            ::unsetenv("IGD_HOME");
+    }
+
+    void WriteSiteFile(const std::string& content) { tree_.MakeFile("site/ingest-settings.xml", content); }
+    std::string SiteFilePath() const { return tree_.NativePath("site/ingest-settings.xml"); }
+
+    igd::test::TempTree tree_;
+    std::vector<std::string> warnings_;
+
+private:
+    std::optional<std::string> oldHome_;
+    Utilities::SiteSettingsWarningHandler oldHandler_;
+};
+
+TEST_F(SiteSettingsTest, WithoutAFileNothingIsLockedAndNothingIsSaid) {
+    const QL::IngestUtils::IngestSettings settings = Utilities::GetConfigurableIngestSettings();
+    EXPECT_FALSE(settings.settingsLocked);
+    EXPECT_EQ(settings.defaultSubfolder, u"");
+    EXPECT_TRUE(warnings_.empty());
+}
+
+TEST_F(SiteSettingsTest, ReadsValidFiles) {
+    struct Case {
+        const char* what;
+        std::string xml;
+        bool locked;
+        Fnd::WString subfolder;
+    };
+    const std::vector<Case> cases{
+        {"both fields",
+         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ingestSettings version=\"1\">\n"
+         "  <settingsLocked>true</settingsLocked>\n  <defaultSubfolder>Day 01</defaultSubfolder>\n"
+         "</ingestSettings>\n",
+         true, u"Day 01"},
+        {"digits and surrounding blanks",
+         "<ingestSettings version=' 1 '><settingsLocked>\n 1 \n</settingsLocked>"
+         "</ingestSettings>",
+         true, u""},
+        {"unlocked, nested non-ASCII subfolder",
+         "<ingestSettings version='1'><settingsLocked>0</settingsLocked>"
+         "<defaultSubfolder>Dreh \xC3\xBC"
+         "ber/Kamera A</defaultSubfolder></ingestSettings>",
+         false, u"Dreh \u00FCber/Kamera A"},
+        {"no fields", "<ingestSettings version='1'/>", false, u""},
+        {"a later version with elements of its own",
+         "<ingestSettings version='3'><settingsLocked>true</settingsLocked><cameraRoll>A</cameraRoll>"
+         "</ingestSettings>",
+         true, u""},
+        {"comments and a DTD that is not fetched",
+         "<!DOCTYPE ingestSettings SYSTEM \"/nonexistent/igd.dtd\"><!-- site -->"
+         "<ingestSettings version='1'><defaultSubfolder>A</defaultSubfolder></ingestSettings>",
+         false, u"A"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        WriteSiteFile(c.xml);
+        const QL::IngestUtils::IngestSettings settings = Utilities::GetConfigurableIngestSettings();
+        EXPECT_EQ(settings.settingsLocked, c.locked);
+        EXPECT_EQ(settings.defaultSubfolder, c.subfolder);
+        EXPECT_TRUE(warnings_.empty()) << (warnings_.empty() ? "" : warnings_.front());
+        warnings_.clear();
+    }
+}
+
+TEST_F(SiteSettingsTest, RefusesUnusableFilesWithAWarningNamingFileAndReason) {
+    struct Case {
+        std::string xml;
+        std::string reason;
+    };
+    const std::vector<Case> cases{
+        {"<ingestSettings version='1'><settingsLocked>true</settingsLocked>", "not well-formed XML (line 1"},
+        {"", "not well-formed XML"},
+        {"<settings version='1'/>", "its root element is <settings>, not <ingestSettings>"},
+        {"<ingestSettings><settingsLocked>true</settingsLocked></ingestSettings>",
+         "its version attribute is missing"},
+        {"<ingestSettings version='one'/>",
+         "its version attribute is missing or not a positive whole number"},
+        {"<ingestSettings version='1'><settingsLocked>yes</settingsLocked></ingestSettings>",
+         "settingsLocked is \"yes\", not true or false"},
+        {"<ingestSettings version='1'><settingLocked>true</settingLocked></ingestSettings>",
+         "it holds an unknown element <settingLocked>"},
+        {"<ingestSettings version='1'><defaultSubfolder>A</defaultSubfolder><defaultSubfolder>B"
+         "</defaultSubfolder></ingestSettings>",
+         "it gives <defaultSubfolder> twice"},
+        {"<ingestSettings version='1'><defaultSubfolder>day/../../etc</defaultSubfolder></ingestSettings>",
+         "defaultSubfolder \"day/../../etc\" leads out of the destination"},
+        {"<ingestSettings version='1'><defaultSubfolder>/srv/media</defaultSubfolder></ingestSettings>",
+         "leads out of the destination"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.xml);
+        WriteSiteFile(c.xml);
+        const QL::IngestUtils::IngestSettings settings = Utilities::GetConfigurableIngestSettings();
+        EXPECT_FALSE(settings.settingsLocked);
+        EXPECT_EQ(settings.defaultSubfolder, u"");
+        ASSERT_EQ(warnings_.size(), 1u);
+        EXPECT_NE(warnings_[0].find("The site settings file " + SiteFilePath() + " was not used: "),
+                  std::string::npos)
+            << warnings_[0];
+        EXPECT_NE(warnings_[0].find(c.reason), std::string::npos) << warnings_[0];
+        warnings_.clear();
+    }
+}
+
+TEST_F(SiteSettingsTest, ExternalEntitiesAreNeverRead) {
+    const std::string secret = tree_.NativePath("secret.txt");
+    tree_.MakeFile("secret.txt", "Leaked");
+    WriteSiteFile(
+        "<!DOCTYPE ingestSettings [<!ENTITY e SYSTEM \"file://" + secret +
+        "\">]><ingestSettings version='1'><defaultSubfolder>&e;</defaultSubfolder></ingestSettings>");
+    EXPECT_NE(Utilities::GetConfigurableIngestSettings().defaultSubfolder, u"Leaked");
+}
+
+TEST_F(SiteSettingsTest, AnEmptyHandlerDropsWarnings) {
+    Utilities::SetSiteSettingsWarningHandler({});
+    WriteSiteFile("<broken");
+    EXPECT_FALSE(Utilities::GetConfigurableIngestSettings().settingsLocked);
+    EXPECT_TRUE(warnings_.empty());
+}
+
+} // namespace

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <time.h>
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+#include "QL/IngestUtils.h"
+
+namespace {
+
+using QL::IngestUtils;
+
+// Sets TZ for one test and gives the old value back.
+class ScopedTimeZone {
+public:
+    explicit ScopedTimeZone(const char* zone) {
+        if (const char* old = std::getenv("TZ"))
+            old_ = old;
+        ::setenv("TZ", zone, 1);
+        ::tzset();
+    }
+    ~ScopedTimeZone() {
+        if (old_)
+            ::setenv("TZ", old_->c_str(), 1);
+        else
+            ::unsetenv("TZ");
+        ::tzset();
+    }
+
+private:
+    std::optional<std::string> old_;
+};
+
+// 2024-03-05 14:30:59 UTC
+constexpr Fnd::Date kMarchFifth{1709649059};
+
+TEST(DateFormatter, FormatsInLocalTime) {
+    struct Case {
+        const char* zone;
+        Fnd::WString expected;
+    };
+    for (const Case& c : {Case{"UTC0", u"2024-03-05_14-30-59"}, Case{"JST-9", u"2024-03-05_23-30-59"},
+                          Case{"EST5", u"2024-03-05_09-30-59"}}) {
+        SCOPED_TRACE(c.zone);
+        ScopedTimeZone zone(c.zone);
+        EXPECT_EQ(IngestUtils::DateFormatter(u"%Y-%m-%d_%H-%M-%S", kMarchFifth), c.expected);
+    }
+}
+
+TEST(DateFormatter, KeepsTheTextAroundConversions) {
+    ScopedTimeZone zone("UTC0");
+    EXPECT_EQ(IngestUtils::DateFormatter(u"Tag %d \u2013 Kamera \U0001F3A5 %%", kMarchFifth),
+              u"Tag 05 \u2013 Kamera \U0001F3A5 %");
+    EXPECT_EQ(IngestUtils::DateFormatter(u"no conversion", kMarchFifth), u"no conversion");
+    EXPECT_EQ(IngestUtils::DateFormatter(u"", kMarchFifth), u"");
+}
+
+TEST(DateFormatter, FormatsThePresentByDefault) {
+    const std::int64_t before = Fnd::Date::Now().seconds;
+    const std::string stamp = Fnd::ToUTF8(IngestUtils::DateFormatter(u"%s"));
+    const std::int64_t after = Fnd::Date::Now().seconds;
+    const std::int64_t formatted = std::stoll(stamp);
+    EXPECT_GE(formatted, before);
+    EXPECT_LE(formatted, after);
+}
+
+} // namespace
