@@ -35,16 +35,24 @@ enum class CopyStatus {
 
 struct CopyOutcome {
     CopyStatus status = CopyStatus::Failed;
-    std::string finalPath; // differs from the target's path for keep both
-    std::string reason;    // one line, for a failure: "verification failed: MD5 differs", ...
+    // Copied: where the copy stands, which differs from the target's path for keep both.
+    // Skipped: the target's path. Failed and Cancelled: empty.
+    std::string finalPath;
+    // One line for Failed (and "cancelled" for Cancelled): "target exists", "verification failed:
+    // MD5 differs", "verification failed: contents differ at byte N", "verification failed: sizes
+    // differ", "could not write the copy: No space left on device", "source could not be read:
+    // ..."; errors of the system end with the system's text for them.
+    std::string reason;
     VerifiedBy verifiedBy = VerifiedBy::NotVerified;
-    std::string checksum;  // hex MD5 of the source when the verify mode is MD5; else empty
+    std::string checksum; // hex MD5 of the source when the verify mode is MD5; else empty
     std::uint64_t bytes = 0;
 };
 
 // Test seams: fault injection between the steps of a copy. Empty in production.
 struct CopyHooks {
-    // After a temporary is written and flushed, before it is verified.
+    // After a temporary is written and flushed, before it is verified. While it is set the whole
+    // file is checked after it ran, rather than region by region behind the writing, so that
+    // whatever it does to the temporary is seen.
     std::function<void(const std::string& temporaryPath)> afterWrite;
     // Before each write to a target; answering an errno (ENOSPC, EIO) makes that write fail so.
     std::function<int(const std::string& temporaryPath, std::uint64_t offset)> failWrite;
@@ -58,8 +66,15 @@ using ProgressFunction = std::function<void(std::uint64_t sourceBytesDone)>;
 // folder (folders created), flushed, verified by verifyMode (the task contract's values), given
 // the source's modification time, and only then renamed to its final name. A failing target
 // does not stop the others.
+//
+// Memory is bounded whatever the file size: four chunks shared by all targets, and per target one
+// read-back buffer of at most 2 MiB (two for bit by bit). Verification runs behind the writing,
+// on regions already flushed, so that it costs little more time than the writing itself. CopyFile
+// may run on several threads at once. A value that is no copy action or verify mode, or a target
+// path that names no file, is a fault of the caller: std::invalid_argument.
 class FileCopier {
 public:
+    // chunkBytes is rounded up to the direct I/O alignment (4 KiB).
     explicit FileCopier(std::size_t chunkBytes = 8u << 20, CopyHooks hooks = {});
 
     std::vector<CopyOutcome> CopyFile(const std::string& source, const std::vector<CopyTarget>& targets,
@@ -67,11 +82,16 @@ public:
                                       const ProgressFunction& progress) const;
 
     // A folder entry: creates each target folder (action 2 makes a unique one) with the source's
-    // modification time. Its files are copied one by one through CopyFile.
-    std::vector<CopyOutcome> CopyFolder(const std::string& source, const std::vector<CopyTarget>& targets) const;
+    // modification time. Its files are copied one by one through CopyFile. An existing folder is
+    // no conflict for actions 0 and 3: the files merge into it, and its time is left alone; a file
+    // in the way fails ("target exists") and is never removed.
+    std::vector<CopyOutcome> CopyFolder(const std::string& source,
+                                        const std::vector<CopyTarget>& targets) const;
 
     // The temporary name used for a target: hidden, in the target's folder, recognisable by
-    // IsTemporaryName so that resume can clean what a crash left.
+    // IsTemporaryName so that resume can clean what a crash left. When that name is taken (a
+    // leftover, or another copy to the same name) a numbered variant is used, which
+    // IsTemporaryName recognises too: clean by IsTemporaryName, not by this name alone.
     static std::string TemporaryPathFor(const std::string& finalPath);
     static bool IsTemporaryName(const std::string& fileName);
 

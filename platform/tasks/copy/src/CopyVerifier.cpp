@@ -1,0 +1,104 @@
+#include "CopyVerifier.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "ErrorText.h"
+#include "QL/CopySetting.h"
+
+namespace QL::Engine {
+namespace {
+
+// Offset of the first byte that differs between a and b, or length when none does.
+std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t length) {
+    if (std::memcmp(a, b, length) == 0)
+        return length;
+    return static_cast<std::size_t>(std::mismatch(a, a + length, b).first - a);
+}
+
+} // namespace
+
+CopyVerifier::CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,
+                           CopyControl& control)
+    : verifyMode_(verifyMode), sourcePath_(std::move(sourcePath)), control_(control),
+      copyBuffer_(bufferBytes) {
+    if (verifyMode_ == IngestTask::kVerifyMD5)
+        md5_ = std::make_unique<Md5>();
+    else
+        sourceBuffer_ = std::make_unique<AlignedBuffer>(bufferBytes);
+}
+
+std::string CopyVerifier::Open(const std::string& copyPath) {
+    if (const int error = copy_.Open(copyPath))
+        return Because("could not read back the copy", error);
+    if (sourceBuffer_) {
+        if (const int error = source_.Open(sourcePath_))
+            return Because("source could not be read back", error);
+    }
+    return {};
+}
+
+VerifiedBy CopyVerifier::Method() const {
+    return copy_.Direct() ? VerifiedBy::DirectRead : VerifiedBy::DroppedCache;
+}
+
+bool CopyVerifier::Fail(std::string reason) {
+    reason_ = std::move(reason);
+    failed_.store(true, std::memory_order_release);
+    return false;
+}
+
+bool CopyVerifier::CheckUpTo(std::uint64_t upTo) {
+    return Check(upTo, /*toEnd=*/false);
+}
+
+bool CopyVerifier::CheckToEnd(const SourceEnd& source) {
+    if (!Check(0, /*toEnd=*/true))
+        return false;
+    if (md5_) {
+        if (md5_->FinishHex() != source.md5)
+            return Fail("verification failed: MD5 differs");
+    } else if (checked_ != source.size) {
+        return Fail("verification failed: sizes differ");
+    }
+    return true;
+}
+
+bool CopyVerifier::Check(std::uint64_t upTo, bool toEnd) {
+    if (Failed() || cancelled_)
+        return false;
+    const std::size_t bufferBytes = copyBuffer_.Size();
+    while (toEnd || checked_ < upTo) {
+        if (!control_.Checkpoint()) {
+            cancelled_ = true;
+            return false;
+        }
+        const std::size_t length =
+            toEnd ? bufferBytes
+                  : static_cast<std::size_t>(std::min<std::uint64_t>(bufferBytes, upTo - checked_));
+        const IoResult copy = copy_.Read(copyBuffer_.Data(), length, checked_);
+        if (copy.error != 0)
+            return Fail(Because("could not read back the copy", copy.error));
+        if (md5_) {
+            md5_->Update(copyBuffer_.Data(), copy.bytes);
+        } else {
+            const IoResult source = source_.Read(sourceBuffer_->Data(), length, checked_);
+            if (source.error != 0)
+                return Fail(Because("source could not be read back", source.error));
+            const std::size_t common = std::min(copy.bytes, source.bytes);
+            const std::size_t differs = FirstDifference(copyBuffer_.Data(), sourceBuffer_->Data(), common);
+            if (differs != common)
+                return Fail("verification failed: contents differ at byte " +
+                            std::to_string(checked_ + differs));
+            if (copy.bytes != source.bytes)
+                return Fail("verification failed: sizes differ");
+        }
+        checked_ += copy.bytes;
+        if (copy.bytes < length)
+            break;
+    }
+    return true;
+}
+
+} // namespace QL::Engine

@@ -1,0 +1,35 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "FileIo.h"
+
+namespace QL::Engine {
+
+// Reads a file back from the storage medium rather than from the page cache, which would only
+// prove that memory holds the right bytes. Uses O_DIRECT where the filesystem takes it; where it
+// refuses (EINVAL), each range's cached pages are dropped just before it is read. The caller
+// flushes what it reads first: only clean pages can be dropped.
+class MediumReader {
+public:
+    MediumReader() = default;
+    ~MediumReader();
+    MediumReader(const MediumReader&) = delete;
+    MediumReader& operator=(const MediumReader&) = delete;
+
+    // 0, or the errno of the open.
+    int Open(const std::string& path);
+    // False once the filesystem has refused direct reads, at open or at a read.
+    bool Direct() const { return direct_; }
+
+    // Up to length bytes at offset; offset and the buffer are aligned, length is rounded up to the
+    // alignment by the caller's buffer. Short only at the end of the file.
+    IoResult Read(std::byte* data, std::size_t length, std::uint64_t offset);
+
+private:
+    int fd_ = -1;
+    bool direct_ = false;
+};
+
+} // namespace QL::Engine

@@ -1,0 +1,245 @@
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "CopyOutcomePrinting.h"
+#include "CopyTestFiles.h"
+#include "QL/CopySetting.h"
+#include "QL/Engine/FileCopier.h"
+#include "support/TempTree.h"
+
+namespace {
+
+using namespace QL::Engine;
+using QL::IngestTask::kVerifyMD5;
+
+constexpr std::size_t kSmallChunk = 64 * 1024;
+
+// A card with one clip and a destination that may hold files already.
+class FileCopierActions : public ::testing::Test {
+protected:
+    FileCopierActions() {
+        tree_.MakeFileOfSize("card/A001.MOV", 2 * kSmallChunk + 17);
+        source_ = tree_.NativePath("card/A001.MOV");
+    }
+
+    std::string Destination(const std::string& name = {}) const {
+        return tree_.NativePath(name.empty() ? "dest" : "dest/" + name);
+    }
+
+    CopyOutcome CopyTo(const std::string& target, std::int32_t action, CopyHooks hooks = {}) {
+        CopyControl control;
+        return FileCopier(kSmallChunk, std::move(hooks))
+            .CopyFile(source_, {{target, action}}, kVerifyMD5, control, {})[0];
+    }
+
+    igd::test::TempTree tree_;
+    std::string source_;
+};
+
+TEST_F(FileCopierActions, NothingExpectedMeetingAFileFailsAndTouchesNothing) {
+    tree_.MakeFile("dest/A001.MOV", "the editor's file");
+    igd::test::SetModificationTime(Destination("A001.MOV"), 1000, 0);
+    const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone);
+    EXPECT_EQ(outcome.status, CopyStatus::Failed);
+    EXPECT_EQ(outcome.reason, "target exists");
+    EXPECT_EQ(outcome.finalPath, "");
+    EXPECT_EQ(igd::test::ReadWhole(Destination("A001.MOV")), "the editor's file");
+    EXPECT_EQ(igd::test::ModificationTime(Destination("A001.MOV")).tv_sec, 1000);
+    EXPECT_EQ(igd::test::NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
+}
+
+// The existing-file check happens twice: before copying and atomically at the rename, so a file
+// that appears while the copy runs is not replaced either.
+TEST_F(FileCopierActions, AFileThatAppearsDuringTheCopyIsNeverReplaced) {
+    CopyHooks hooks;
+    hooks.afterWrite = [&](const std::string&) {
+        igd::test::WriteWhole(Destination("A001.MOV"), "arrived meanwhile");
+    };
+    const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone, hooks);
+    EXPECT_EQ(outcome.status, CopyStatus::Failed);
+    EXPECT_EQ(outcome.reason, "target exists");
+    EXPECT_EQ(igd::test::ReadWhole(Destination("A001.MOV")), "arrived meanwhile");
+    EXPECT_EQ(igd::test::NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
+}
+
+TEST_F(FileCopierActions, SkipWritesNothingAndDoesNotEvenReadTheSource) {
+    tree_.MakeFile("dest/A001.MOV", "kept");
+    const CopyOutcome kept = CopyTo(Destination("A001.MOV"), QL::kCopyActionSkip);
+    EXPECT_EQ(kept.status, CopyStatus::Skipped);
+    EXPECT_EQ(kept.finalPath, Destination("A001.MOV"));
+    EXPECT_EQ(kept.verifiedBy, VerifiedBy::NotVerified);
+    EXPECT_EQ(igd::test::ReadWhole(Destination("A001.MOV")), "kept");
+
+    // Skip also stands when the file is only due from another copy of the batch.
+    CopyControl control;
+    const auto outcomes =
+        FileCopier(kSmallChunk)
+            .CopyFile(tree_.NativePath("card/missing.MOV"), {{Destination("B001.MOV"), QL::kCopyActionSkip}},
+                      kVerifyMD5, control, {});
+    EXPECT_EQ(outcomes[0].status, CopyStatus::Skipped);
+    EXPECT_FALSE(igd::test::Exists(Destination("B001.MOV")));
+}
+
+// Keep both takes the name itself when free, else the first free numbered name, in the form a
+// user expects; the files already there stay as they were.
+TEST_F(FileCopierActions, KeepBothWritesUnderTheFirstFreeName) {
+    const struct {
+        std::vector<const char*> existing;
+        const char* target;
+        const char* expected;
+    } cases[] = {
+        {{}, "A001.MOV", "A001.MOV"},
+        {{"A001.MOV", "A001 (1).MOV"}, "A001.MOV", "A001 (2).MOV"},
+        {{"README"}, "README", "README (1)"},
+        {{".hidden"}, ".hidden", ".hidden (1)"},
+        {{"clip.tar.gz"}, "clip.tar.gz", "clip.tar (1).gz"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.target);
+        std::filesystem::remove_all(Destination());
+        for (const char* existing : c.existing)
+            tree_.MakeFile(std::string("dest/") + existing, existing);
+        const CopyOutcome outcome = CopyTo(Destination(c.target), QL::kCopyActionKeepBoth);
+        EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
+        EXPECT_EQ(outcome.finalPath, Destination(c.expected));
+        EXPECT_TRUE(igd::test::SameContent(source_, Destination(c.expected)));
+        for (const char* existing : c.existing)
+            EXPECT_EQ(igd::test::ReadWhole(Destination(existing)), existing);
+        EXPECT_EQ(igd::test::NamesIn(Destination()).size(), c.existing.size() + 1);
+    }
+}
+
+TEST_F(FileCopierActions, ReplaceSwapsInTheNewCopyOnlyOnceItIsProven) {
+    tree_.MakeFile("dest/A001.MOV", "old take");
+    CopyHooks damaging;
+    damaging.afterWrite = [](const std::string& temporary) { igd::test::FlipByte(temporary, 5); };
+    const CopyOutcome failed = CopyTo(Destination("A001.MOV"), QL::kCopyActionReplace, damaging);
+    EXPECT_EQ(failed.status, CopyStatus::Failed);
+    EXPECT_EQ(igd::test::ReadWhole(Destination("A001.MOV")), "old take");
+    EXPECT_EQ(igd::test::NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
+
+    const CopyOutcome replaced = CopyTo(Destination("A001.MOV"), QL::kCopyActionReplace);
+    EXPECT_EQ(replaced.status, CopyStatus::Copied) << replaced.reason;
+    EXPECT_EQ(replaced.finalPath, Destination("A001.MOV"));
+    EXPECT_TRUE(igd::test::SameContent(source_, Destination("A001.MOV")));
+}
+
+TEST_F(FileCopierActions, MissingFoldersOfATargetAreCreated) {
+    const CopyOutcome outcome = CopyTo(Destination("Day 1/Card A/A001.MOV"), QL::kCopyActionNone);
+    EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
+    EXPECT_TRUE(igd::test::SameContent(source_, Destination("Day 1/Card A/A001.MOV")));
+}
+
+// A crash leaves a temporary behind; a new copy must neither trip over it nor take it for its own.
+TEST_F(FileCopierActions, ALeftoverTemporaryIsNeitherReusedNorAnObstacle) {
+    const std::string leftover = FileCopier::TemporaryPathFor(Destination("A001.MOV"));
+    tree_.MakeFile("dest/" + leftover.substr(leftover.rfind('/') + 1), "half a clip");
+    const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone);
+    EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
+    EXPECT_TRUE(igd::test::SameContent(source_, Destination("A001.MOV")));
+    EXPECT_EQ(igd::test::ReadWhole(leftover), "half a clip");
+}
+
+TEST_F(FileCopierActions, ValuesThatAreNoActionModeOrPathAreFaultsOfTheCaller) {
+    CopyControl control;
+    const FileCopier copier(kSmallChunk);
+    EXPECT_THROW(copier.CopyFile(source_, {{Destination("A001.MOV"), 4}}, kVerifyMD5, control, {}),
+                 std::invalid_argument);
+    EXPECT_THROW(copier.CopyFile(source_, {{Destination("A001.MOV"), 0}}, 7, control, {}),
+                 std::invalid_argument);
+    EXPECT_THROW(copier.CopyFolder(tree_.NativePath("card"), {{Destination("card"), -1}}),
+                 std::invalid_argument);
+    EXPECT_THROW(copier.CopyFile(source_, {{"", 0}}, kVerifyMD5, control, {}), std::invalid_argument);
+    EXPECT_THROW(copier.CopyFile(source_, {{Destination() + "/", 0}}, kVerifyMD5, control, {}),
+                 std::invalid_argument);
+    EXPECT_FALSE(igd::test::Exists(Destination()));
+}
+
+TEST(TemporaryNames, HiddenBesideTheTargetAndRecognisable) {
+    const std::string temporary = FileCopier::TemporaryPathFor("/media/dest/A001.MOV");
+    ASSERT_EQ(temporary.rfind("/media/dest/.", 0), 0u) << temporary;
+    const std::string name = temporary.substr(temporary.rfind('/') + 1);
+    EXPECT_NE(name.find("A001.MOV"), std::string::npos) << name;
+    EXPECT_TRUE(FileCopier::IsTemporaryName(name));
+
+    for (const char* ordinary : {"A001.MOV", ".hidden", ".A001.MOV", "A001.MOV.partial", ""})
+        EXPECT_FALSE(FileCopier::IsTemporaryName(ordinary)) << ordinary;
+
+    // The longest name a folder takes still has a temporary that fits, cut between characters
+    // (the leading "a" puts the cut in the middle of a two-byte character).
+    std::string longName = "a";
+    while (longName.size() < 250)
+        longName += "é";
+    const std::string longTemporary = FileCopier::TemporaryPathFor("/d/" + longName);
+    const std::string longTemporaryName = longTemporary.substr(3);
+    EXPECT_LE(longTemporaryName.size(), 255u);
+    EXPECT_TRUE(FileCopier::IsTemporaryName(longTemporaryName));
+    EXPECT_NE(longTemporaryName.find(std::string("é") + "."), std::string::npos) << longTemporaryName;
+}
+
+// Folder entries: the folder is made, or merged into, and only a new one takes the source's time.
+class FileCopierFolders : public ::testing::Test {
+protected:
+    FileCopierFolders() {
+        tree_.MakeFolder("card/CLIP");
+        igd::test::SetModificationTime(tree_.NativePath("card/CLIP"), 1400000000, 5);
+        source_ = tree_.NativePath("card/CLIP");
+    }
+
+    CopyOutcome MakeFolder(const std::string& relative, std::int32_t action) {
+        return FileCopier().CopyFolder(source_, {{tree_.NativePath(relative), action}})[0];
+    }
+
+    igd::test::TempTree tree_;
+    std::string source_;
+};
+
+TEST_F(FileCopierFolders, NewFolderWithParentsAndTheSourceTime) {
+    const CopyOutcome outcome = MakeFolder("dest/day/CLIP", QL::kCopyActionNone);
+    EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
+    EXPECT_EQ(outcome.finalPath, tree_.NativePath("dest/day/CLIP"));
+    EXPECT_EQ(igd::test::ModificationTime(tree_.NativePath("dest/day/CLIP")).tv_sec, 1400000000);
+}
+
+TEST_F(FileCopierFolders, AnExistingFolderIsMergedIntoAndLeftAsItWas) {
+    tree_.MakeFile("dest/CLIP/notes.txt", "mine");
+    igd::test::SetModificationTime(tree_.NativePath("dest/CLIP"), 1000, 0);
+    for (const std::int32_t action : {QL::kCopyActionNone, QL::kCopyActionReplace}) {
+        const CopyOutcome outcome = MakeFolder("dest/CLIP", action);
+        EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
+        EXPECT_EQ(outcome.finalPath, tree_.NativePath("dest/CLIP"));
+    }
+    EXPECT_EQ(igd::test::ReadWhole(tree_.NativePath("dest/CLIP/notes.txt")), "mine");
+    EXPECT_EQ(igd::test::ModificationTime(tree_.NativePath("dest/CLIP")).tv_sec, 1000);
+}
+
+TEST_F(FileCopierFolders, SkipKeepBothAndAFileInTheWay) {
+    EXPECT_EQ(MakeFolder("dest/CLIP", QL::kCopyActionSkip).status, CopyStatus::Skipped);
+    EXPECT_FALSE(igd::test::Exists(tree_.NativePath("dest/CLIP")));
+
+    tree_.MakeFolder("dest/CLIP");
+    const CopyOutcome both = MakeFolder("dest/CLIP", QL::kCopyActionKeepBoth);
+    EXPECT_EQ(both.status, CopyStatus::Copied) << both.reason;
+    EXPECT_EQ(both.finalPath, tree_.NativePath("dest/CLIP (1)"));
+    EXPECT_EQ(igd::test::ModificationTime(both.finalPath).tv_sec, 1400000000);
+
+    tree_.MakeFile("dest/FILE", "a file, not a folder");
+    const CopyOutcome blocked = MakeFolder("dest/FILE", QL::kCopyActionReplace);
+    EXPECT_EQ(blocked.status, CopyStatus::Failed);
+    EXPECT_EQ(blocked.reason, "target exists");
+    EXPECT_EQ(igd::test::ReadWhole(tree_.NativePath("dest/FILE")), "a file, not a folder");
+}
+
+TEST_F(FileCopierFolders, ASourceThatIsNoFolderFails) {
+    tree_.MakeFile("card/A001.MOV", "x");
+    const auto outcomes = FileCopier().CopyFolder(tree_.NativePath("card/A001.MOV"),
+                                                  {{tree_.NativePath("dest/A001.MOV"), QL::kCopyActionNone}});
+    EXPECT_EQ(outcomes[0].status, CopyStatus::Failed);
+    EXPECT_EQ(outcomes[0].reason, "source could not be read: Not a directory");
+    EXPECT_FALSE(igd::test::Exists(tree_.NativePath("dest")));
+}
+
+} // namespace
