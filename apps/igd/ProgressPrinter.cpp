@@ -1,0 +1,257 @@
+#include "ProgressPrinter.h"
+
+#include <cstdio>
+#include <sstream>
+
+#include "Fnd/StationUtils.h"
+#include "OutputFormat.h"
+
+namespace igd {
+namespace {
+
+using namespace QL::Engine;
+
+constexpr int kBarWidth = 24;
+
+std::string U(const Fnd::WString& text) {
+    return Fnd::ToUTF8(text);
+}
+
+std::string FileName(const Fnd::WString& path) {
+    const std::size_t slash = path.rfind(u'/');
+    return U(slash == Fnd::WString::npos ? path : path.substr(slash + 1));
+}
+
+const char* FileStatusName(FileStatus status) {
+    switch (status) {
+    case FileStatus::Copied:
+        return "copied";
+    case FileStatus::Skipped:
+        return "skipped";
+    case FileStatus::AlreadyCopied:
+        return "already copied";
+    case FileStatus::Failed:
+        return "failed";
+    case FileStatus::Cancelled:
+        return "cancelled";
+    }
+    return "?";
+}
+
+const char* OutcomeName(OutcomeStatus status) {
+    switch (status) {
+    case OutcomeStatus::Succeeded:
+        return "succeeded";
+    case OutcomeStatus::Failed:
+        return "failed";
+    case OutcomeStatus::Cancelled:
+        return "cancelled";
+    }
+    return "?";
+}
+
+const char* VerifyName(std::uint32_t mode) {
+    switch (mode) {
+    case 0:
+        return "md5";
+    case 1:
+        return "size";
+    case 2:
+        return "bit";
+    default:
+        return "none";
+    }
+}
+
+std::string Seconds(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f s", value);
+    return text;
+}
+
+std::string Number(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.3f", value);
+    return text;
+}
+
+} // namespace
+
+ProgressPrinter::ProgressPrinter(std::ostream& out, OutputStyle style) : out_(out), style_(style) {
+    Fnd::StationUtils::AddListener(kStation_TaskService, this);
+}
+
+ProgressPrinter::~ProgressPrinter() {
+    Fnd::StationUtils::RemoveListener(kStation_TaskService, this);
+}
+
+void ProgressPrinter::ListenToMessage(const Fnd::StationID&, const Fnd::Message& message) {
+    if (const auto* progress = Fnd::MessageCast<BatchProgressMessage>(message))
+        OnProgress(*progress);
+    else if (const auto* file = Fnd::MessageCast<FileOutcomeMessage>(message))
+        OnFile(*file);
+    else if (const auto* task = Fnd::MessageCast<TaskOutcomeMessage>(message))
+        OnTask(*task);
+    else if (const auto* batch = Fnd::MessageCast<BatchOutcomeMessage>(message))
+        OnBatch(*batch);
+}
+
+void ProgressPrinter::OnProgress(const BatchProgressMessage& progress) {
+    if (style_ == OutputStyle::Json) {
+        out_ << "{\"event\":\"progress\",\"batch\":" << JsonString(progress.batch.ToString())
+             << ",\"filesDone\":" << progress.filesDone << ",\"filesTotal\":" << progress.filesTotal
+             << ",\"bytesDone\":" << progress.bytesDone << ",\"bytesTotal\":" << progress.bytesTotal
+             << ",\"currentFile\":" << JsonString(U(progress.currentFile))
+             << ",\"bytesPerSecond\":" << Number(progress.bytesPerSecond)
+             << ",\"paused\":" << (progress.paused ? "true" : "false") << "}\n"
+             << std::flush;
+        return;
+    }
+    if (style_ != OutputStyle::Bar)
+        return;
+    const double fraction = progress.bytesTotal == 0 ? (progress.filesTotal == 0 ? 1.0 : 0.0)
+                                                     : static_cast<double>(progress.bytesDone) /
+                                                           static_cast<double>(progress.bytesTotal);
+    const int filled = static_cast<int>(fraction * kBarWidth);
+    std::ostringstream bar;
+    bar << "[" << std::string(static_cast<std::size_t>(filled), '#')
+        << std::string(static_cast<std::size_t>(kBarWidth - filled), '.') << "] "
+        << static_cast<int>(fraction * 100) << "%  " << progress.filesDone << "/" << progress.filesTotal
+        << " files  " << HumanBytes(progress.bytesDone) << " of " << HumanBytes(progress.bytesTotal);
+    if (progress.paused) {
+        bar << "  paused";
+    } else if (progress.bytesPerSecond > 0) {
+        const double left =
+            static_cast<double>(progress.bytesTotal - progress.bytesDone) / progress.bytesPerSecond;
+        bar << "  " << HumanBytes(static_cast<std::uint64_t>(progress.bytesPerSecond)) << "/s  "
+            << HumanDuration(left) << " left";
+    }
+    if (!progress.currentFile.empty())
+        bar << "  " << FileName(progress.currentFile);
+    lastBar_ = bar.str();
+    out_ << "\r\033[K" << lastBar_ << std::flush;
+    barShown_ = true;
+}
+
+void ProgressPrinter::OnFile(const FileOutcomeMessage& file) {
+    if (file.status == FileStatus::Failed)
+        problems_.push_back(U(file.target) + ": " + U(file.reason));
+    if (style_ == OutputStyle::Json) {
+        out_ << "{\"event\":\"file\",\"batch\":" << JsonString(file.batch.ToString())
+             << ",\"status\":" << JsonString(FileStatusName(file.status))
+             << ",\"source\":" << JsonString(U(file.source)) << ",\"target\":" << JsonString(U(file.target))
+             << ",\"finalPath\":" << JsonString(U(file.finalPath))
+             << ",\"verify\":" << JsonString(VerifyName(file.verifyMode))
+             << ",\"checksum\":" << JsonString(file.checksum) << ",\"bytes\":" << file.bytes
+             << ",\"reason\":" << JsonString(U(file.reason)) << "}\n"
+             << std::flush;
+        return;
+    }
+    if (style_ == OutputStyle::Bar && file.status != FileStatus::Failed)
+        return;
+    std::string line = std::string(FileStatusName(file.status)) + "  " + U(file.source) + " -> " +
+                       U(file.finalPath.empty() ? file.target : file.finalPath);
+    if (!file.checksum.empty())
+        line += "  md5 " + file.checksum;
+    if (!file.reason.empty())
+        line += ": " + U(file.reason);
+    PrintLine(line);
+}
+
+void ProgressPrinter::OnTask(const TaskOutcomeMessage& task) {
+    if (task.status == OutcomeStatus::Failed && task.filesFailed == 0)
+        problems_.push_back(std::string(TaskKindName(task.kind)) + " task: " + U(task.reason));
+    if (style_ == OutputStyle::Json) {
+        out_ << "{\"event\":\"task\",\"batch\":" << JsonString(task.batch.ToString())
+             << ",\"task\":" << task.task << ",\"kind\":" << JsonString(std::string(TaskKindName(task.kind)))
+             << ",\"status\":" << JsonString(OutcomeName(task.status))
+             << ",\"filesFailed\":" << task.filesFailed << ",\"itemsImported\":" << task.itemsImported
+             << ",\"reason\":" << JsonString(U(task.reason)) << "}\n"
+             << std::flush;
+        return;
+    }
+    // Failed files have had their own lines; a task that failed otherwise says why here.
+    if (task.status == OutcomeStatus::Failed && task.filesFailed == 0)
+        PrintLine(std::string(TaskKindName(task.kind)) + " task failed: " + U(task.reason));
+}
+
+void ProgressPrinter::OnBatch(const BatchOutcomeMessage& batch) {
+    ++batches_;
+    copied_ += batch.filesCopied;
+    skipped_ += batch.filesSkipped;
+    alreadyCopied_ += batch.filesAlreadyCopied;
+    failed_ += batch.filesFailed;
+    cancelled_ += batch.filesCancelled;
+    tasksFailed_ += batch.tasksFailed;
+    imported_ += batch.itemsImported;
+    bytesRead_ += batch.bytesRead;
+    seconds_ += batch.seconds;
+    if (!batch.journalProblem.empty())
+        problems_.push_back("journal: " + U(batch.journalProblem));
+    if (batch.status == OutcomeStatus::Cancelled)
+        ++batchesCancelled_;
+    if (style_ == OutputStyle::Json) {
+        out_ << "{\"event\":\"batch\",\"batch\":" << JsonString(batch.batch.ToString())
+             << ",\"status\":" << JsonString(OutcomeName(batch.status))
+             << ",\"filesCopied\":" << batch.filesCopied << ",\"filesSkipped\":" << batch.filesSkipped
+             << ",\"filesAlreadyCopied\":" << batch.filesAlreadyCopied
+             << ",\"filesFailed\":" << batch.filesFailed << ",\"filesCancelled\":" << batch.filesCancelled
+             << ",\"tasksFailed\":" << batch.tasksFailed << ",\"itemsImported\":" << batch.itemsImported
+             << ",\"bytesRead\":" << batch.bytesRead << ",\"seconds\":" << Number(batch.seconds)
+             << ",\"journalProblem\":" << JsonString(U(batch.journalProblem)) << "}\n"
+             << std::flush;
+    }
+}
+
+void ProgressPrinter::PrintSummary() {
+    ClearBar();
+    if (style_ == OutputStyle::Json) {
+        out_ << "{\"event\":\"summary\",\"filesCopied\":" << copied_ << ",\"filesSkipped\":" << skipped_
+             << ",\"filesAlreadyCopied\":" << alreadyCopied_ << ",\"filesFailed\":" << failed_
+             << ",\"tasksFailed\":" << tasksFailed_ << ",\"itemsImported\":" << imported_
+             << ",\"bytesRead\":" << bytesRead_ << ",\"seconds\":" << Number(seconds_)
+             << ",\"ok\":" << (AnyTrouble() ? "false" : "true") << "}\n"
+             << std::flush;
+        return;
+    }
+    std::ostringstream summary;
+    summary << (batchesCancelled_ > 0 ? "Cancelled"
+                : AnyTrouble()        ? "Finished with problems"
+                                      : "Done")
+            << " in " << (seconds_ < 60 ? Seconds(seconds_) : HumanDuration(seconds_)) << ": "
+            << HumanBytes(bytesRead_) << " read";
+    if (seconds_ > 0.05)
+        summary << " (" << HumanBytes(static_cast<std::uint64_t>(static_cast<double>(bytesRead_) / seconds_))
+                << "/s)";
+    summary << ", " << copied_ << " copied";
+    if (alreadyCopied_ > 0)
+        summary << ", " << alreadyCopied_ << " already copied";
+    summary << ", " << skipped_ << " skipped, " << failed_ << " failed, " << imported_
+            << " imported into the project.";
+    out_ << summary.str() << "\n";
+    for (const std::string& problem : problems_)
+        out_ << "  " << problem << "\n";
+    out_ << std::flush;
+}
+
+bool ProgressPrinter::AnyTrouble() const {
+    return failed_ > 0 || cancelled_ > 0 || batchesCancelled_ > 0 || tasksFailed_ > 0;
+}
+
+void ProgressPrinter::PrintLine(const std::string& line) {
+    ClearBar();
+    out_ << line << "\n";
+    if (style_ == OutputStyle::Bar && !lastBar_.empty()) {
+        out_ << lastBar_;
+        barShown_ = true;
+    }
+    out_ << std::flush;
+}
+
+void ProgressPrinter::ClearBar() {
+    if (barShown_)
+        out_ << "\r\033[K";
+    barShown_ = false;
+}
+
+} // namespace igd

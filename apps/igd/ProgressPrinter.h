@@ -1,0 +1,62 @@
+#pragma once
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "Fnd/Listener.h"
+#include "QL/Engine/TaskServiceMessages.h"
+
+namespace igd {
+
+enum class OutputStyle {
+    Bar,   // a terminal: one progress line redrawn in place, failures printed above it
+    Lines, // a pipe or a file: one line per file as it is settled
+    Json,  // one JSON object per line, for programs
+};
+
+// Draws what the task service reports while `igd ingest` or `igd resume` runs, and the summary at
+// the end. Listens to the service's station for its life.
+class ProgressPrinter : public Fnd::Listener {
+public:
+    ProgressPrinter(std::ostream& out, OutputStyle style);
+    ~ProgressPrinter() override;
+    ProgressPrinter(const ProgressPrinter&) = delete;
+    ProgressPrinter& operator=(const ProgressPrinter&) = delete;
+
+    void ListenToMessage(const Fnd::StationID& station, const Fnd::Message& message) override;
+
+    void PrintSummary();
+    // Something failed or was cancelled: the command must not answer success.
+    bool AnyTrouble() const;
+    std::uint64_t BatchesEnded() const { return batches_; }
+
+private:
+    void OnProgress(const QL::Engine::BatchProgressMessage& progress);
+    void OnFile(const QL::Engine::FileOutcomeMessage& file);
+    void OnTask(const QL::Engine::TaskOutcomeMessage& task);
+    void OnBatch(const QL::Engine::BatchOutcomeMessage& batch);
+    // Prints a whole line, above the bar when there is one.
+    void PrintLine(const std::string& line);
+    void ClearBar();
+
+    std::ostream& out_;
+    OutputStyle style_;
+    bool barShown_ = false;
+    std::string lastBar_;
+
+    std::uint64_t batches_ = 0;
+    std::uint64_t copied_ = 0;
+    std::uint64_t skipped_ = 0;
+    std::uint64_t alreadyCopied_ = 0;
+    std::uint64_t failed_ = 0;
+    std::uint64_t cancelled_ = 0;
+    std::uint64_t batchesCancelled_ = 0;
+    std::uint64_t tasksFailed_ = 0;
+    std::uint64_t imported_ = 0;
+    std::uint64_t bytesRead_ = 0;
+    double seconds_ = 0;
+    std::vector<std::string> problems_;
+};
+
+} // namespace igd

@@ -1,0 +1,174 @@
+#include "BatchCopier.h"
+
+#include <sys/stat.h>
+
+#include <exception>
+
+#include "Fnd/StationUtils.h"
+#include "QL/CopySetting.h"
+#include "QL/Engine/FileCopier.h"
+
+namespace QL::Engine {
+namespace {
+
+std::vector<CopyOutcome> FailedOutcomes(std::size_t count, const std::string& reason) {
+    std::vector<CopyOutcome> outcomes(count);
+    for (CopyOutcome& outcome : outcomes) {
+        outcome.status = CopyStatus::Failed;
+        outcome.reason = reason;
+    }
+    return outcomes;
+}
+
+std::uint64_t SizeOnDisk(const std::string& path, std::uint64_t fallback) {
+    struct stat info {};
+    if (::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode))
+        return static_cast<std::uint64_t>(info.st_size);
+    return fallback;
+}
+
+} // namespace
+
+BatchCopier::BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters)
+    : run_(run), journal_(journal), backend_(backend), counters_(counters) {}
+
+void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask) {
+    const std::vector<SourceGroup> groups = GroupBySource(run_.files, verifyModeOfTask);
+    std::vector<GroupSource> sources(groups.size());
+    std::uint64_t filesTotal = 0;
+    std::uint64_t bytesTotal = 0;
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        struct stat info {};
+        if (::stat(Fnd::ToUTF8(groups[i].source).c_str(), &info) == 0) {
+            sources[i].isFolder = S_ISDIR(info.st_mode);
+            sources[i].size = sources[i].isFolder ? 0 : static_cast<std::uint64_t>(info.st_size);
+        }
+        if (!sources[i].isFolder) {
+            ++filesTotal;
+            bytesTotal += sources[i].size;
+        }
+    }
+    run_.progress->SetTotals(filesTotal, bytesTotal);
+    run_.progress->PostNow();
+
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        // Waits here while paused; false once cancelled.
+        if (!run_.control->Checkpoint()) {
+            CancelRest(groups, i);
+            break;
+        }
+        CopyGroup(groups[i], sources[i]);
+    }
+    run_.progress->PostNow();
+}
+
+void BatchCopier::CopyGroup(const SourceGroup& group, const GroupSource& source) {
+    const std::string sourcePath = Fnd::ToUTF8(group.source);
+    std::vector<FileRecord*> files;
+    std::vector<const FileRecord*> journalled;
+    std::vector<CopyTarget> targets;
+    for (std::size_t index : group.files) {
+        FileRecord& file = run_.files[index];
+        files.push_back(&file);
+        journalled.push_back(&file);
+        // The plan places a folder's content under the folder's own target, whatever was answered
+        // for the folder: so keep both and replace of a folder mean merging into it. A folder
+        // holds no data; each file below it has its own answer.
+        const std::int32_t action =
+            source.isFolder && file.action != kCopyActionSkip ? kCopyActionNone : file.action;
+        targets.push_back(CopyTarget{Fnd::ToUTF8(file.target), action});
+        file.state = FileState::Copying;
+        file.temporary = source.isFolder ? std::string() : FileCopier::TemporaryPathFor(targets.back().path);
+    }
+    // The temporaries are on record before the first byte is written, so a crash can clean them.
+    journal_.UpdateFiles(journalled);
+
+    std::vector<CopyOutcome> outcomes;
+    try {
+        if (source.isFolder) {
+            outcomes = backend_.CopyFolder(sourcePath, targets);
+        } else {
+            run_.progress->FileStarted(group.source, source.size);
+            outcomes = backend_.CopyFile(sourcePath, targets, group.verifyMode, *run_.control,
+                                         [this](std::uint64_t done) { run_.progress->Bytes(done); });
+        }
+    } catch (const std::exception& error) {
+        outcomes = FailedOutcomes(targets.size(), error.what());
+    }
+    if (outcomes.size() != targets.size())
+        outcomes = FailedOutcomes(targets.size(), "the copy answered for " + std::to_string(outcomes.size()) +
+                                                      " of " + std::to_string(targets.size()) + " targets");
+
+    for (std::size_t i = 0; i < files.size(); ++i)
+        Settle(*files[i], outcomes[i], group.verifyMode);
+    journal_.UpdateFiles(journalled);
+    if (!source.isFolder)
+        run_.progress->FileFinished();
+}
+
+void BatchCopier::CancelRest(const std::vector<SourceGroup>& groups, std::size_t from) {
+    std::vector<const FileRecord*> cancelled;
+    for (std::size_t g = from; g < groups.size(); ++g) {
+        for (std::size_t index : groups[g].files) {
+            FileRecord& file = run_.files[index];
+            file.state = FileState::Cancelled;
+            cancelled.push_back(&file);
+            ++counters_.filesCancelled;
+            PostOutcome(run_, file, FileStatus::Cancelled, groups[g].verifyMode);
+        }
+    }
+    journal_.UpdateFiles(cancelled);
+}
+
+void BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome, std::uint32_t verifyMode) {
+    file.temporary.clear();
+    FileStatus status = FileStatus::Failed;
+    switch (outcome.status) {
+    case CopyStatus::Copied:
+        file.state = FileState::Verified;
+        file.finalPath = outcome.finalPath.empty() ? Fnd::ToUTF8(file.target) : outcome.finalPath;
+        file.checksum = outcome.checksum;
+        file.size = SizeOnDisk(file.finalPath, outcome.bytes);
+        file.reason.clear();
+        status = FileStatus::Copied;
+        ++counters_.filesCopied;
+        break;
+    case CopyStatus::Skipped:
+        file.state = FileState::Skipped;
+        file.finalPath = outcome.finalPath.empty() ? Fnd::ToUTF8(file.target) : outcome.finalPath;
+        file.size = SizeOnDisk(file.finalPath, 0);
+        file.reason.clear();
+        status = FileStatus::Skipped;
+        ++counters_.filesSkipped;
+        break;
+    case CopyStatus::Failed:
+        file.state = FileState::Failed;
+        file.reason = outcome.reason.empty() ? "the copy failed" : outcome.reason;
+        status = FileStatus::Failed;
+        ++counters_.filesFailed;
+        break;
+    case CopyStatus::Cancelled:
+        file.state = FileState::Cancelled;
+        status = FileStatus::Cancelled;
+        ++counters_.filesCancelled;
+        break;
+    }
+    PostOutcome(run_, file, status, verifyMode);
+}
+
+void BatchCopier::PostOutcome(const BatchRun& run, const FileRecord& file, FileStatus status,
+                              std::uint32_t verifyMode) {
+    FileOutcomeMessage message;
+    message.batch = run.batch;
+    message.source = file.source;
+    message.target = file.target;
+    message.finalPath = Fnd::FromUTF8(file.finalPath);
+    message.status = status;
+    message.reason = Fnd::FromUTF8(file.reason);
+    message.checksum = file.checksum;
+    message.verifyMode = verifyMode;
+    message.bytes = file.size;
+    Fnd::StationUtils::PostMessageToUIThread(kStation_TaskService, message, false);
+}
+
+} // namespace QL::Engine

@@ -1,0 +1,351 @@
+#include "QL/Engine/Journal.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <ctime>
+#include <system_error>
+#include <utility>
+
+#include "Fnd/IgdHome.h"
+#include "PlannedFiles.h"
+#include "SqliteStatement.h"
+#include "TaskRecordCodec.h"
+
+namespace QL::Engine {
+namespace {
+
+constexpr std::string_view kSchemaName = "igd.journal";
+constexpr std::int64_t kSchemaVersion = 1;
+
+constexpr std::array<std::string_view, 6> kFileStateNames{"pending", "copying", "verified",
+                                                          "skipped", "failed",  "cancelled"};
+constexpr std::array<std::string_view, 5> kBatchStateNames{"waiting", "running", "finished", "cancelled",
+                                                           "abandoned"};
+
+template <class State, std::size_t N>
+State ParseState(const std::array<std::string_view, N>& names, std::string_view name,
+                 const std::string& file) {
+    for (std::size_t i = 0; i < N; ++i)
+        if (names[i] == name)
+            return static_cast<State>(i);
+    throw JournalError("the task journal " + file + " holds an unknown state \"" + std::string(name) + "\"");
+}
+
+const char* const kCreateSchema = R"sql(
+CREATE TABLE IF NOT EXISTS meta(key TEXT PRIMARY KEY, value TEXT NOT NULL);
+CREATE TABLE IF NOT EXISTS batches(
+    id INTEGER PRIMARY KEY,
+    guid TEXT NOT NULL UNIQUE,
+    state TEXT NOT NULL,
+    target_bin TEXT NOT NULL DEFAULT '',
+    project TEXT NOT NULL DEFAULT '',
+    submitted_at INTEGER NOT NULL,
+    started_at INTEGER,
+    finished_at INTEGER);
+CREATE INDEX IF NOT EXISTS batches_by_state ON batches(state);
+CREATE TABLE IF NOT EXISTS tasks(
+    id INTEGER PRIMARY KEY,
+    batch_id INTEGER NOT NULL REFERENCES batches(id),
+    kind TEXT NOT NULL,
+    record BLOB NOT NULL,
+    outcome TEXT NOT NULL DEFAULT '',
+    reason TEXT NOT NULL DEFAULT '');
+CREATE INDEX IF NOT EXISTS tasks_by_batch ON tasks(batch_id);
+CREATE TABLE IF NOT EXISTS files(
+    id INTEGER PRIMARY KEY,
+    task_id INTEGER NOT NULL REFERENCES tasks(id),
+    unit INTEGER NOT NULL,
+    entry INTEGER NOT NULL,
+    source TEXT NOT NULL,
+    target TEXT NOT NULL,
+    action INTEGER NOT NULL,
+    state TEXT NOT NULL,
+    temporary TEXT NOT NULL DEFAULT '',
+    final_path TEXT NOT NULL DEFAULT '',
+    checksum TEXT NOT NULL DEFAULT '',
+    reason TEXT NOT NULL DEFAULT '',
+    size INTEGER NOT NULL DEFAULT 0);
+CREATE INDEX IF NOT EXISTS files_by_task ON files(task_id);
+)sql";
+
+std::int64_t Now() {
+    return static_cast<std::int64_t>(std::time(nullptr));
+}
+
+// Rolls back unless committed, so that an exception leaves the journal as it was.
+class Transaction {
+public:
+    Transaction(sqlite3* db, const std::string& file) : db_(db), file_(file) {
+        SqliteStatement(db_, "BEGIN IMMEDIATE", file_).Run();
+    }
+    ~Transaction() {
+        if (!committed_)
+            sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+    void Commit() {
+        SqliteStatement(db_, "COMMIT", file_).Run();
+        committed_ = true;
+    }
+
+private:
+    sqlite3* db_;
+    const std::string& file_;
+    bool committed_ = false;
+};
+
+} // namespace
+
+std::string_view FileStateName(FileState state) {
+    return kFileStateNames[static_cast<std::size_t>(state)];
+}
+
+std::string_view BatchStateName(BatchState state) {
+    return kBatchStateNames[static_cast<std::size_t>(state)];
+}
+
+std::string Journal::DefaultPath() {
+    return Fnd::IgdHomeDirectory() + "/journal.sqlite";
+}
+
+Journal::Journal(const std::string& path) : path_(path) {
+    const std::size_t slash = path_.rfind('/');
+    if (slash != std::string::npos && slash > 0) {
+        try {
+            Fnd::EnsureDirectory(path_.substr(0, slash));
+        } catch (const std::system_error& error) {
+            throw JournalError("the task journal " + path_ + " cannot be created: " + error.what());
+        }
+    }
+    if (sqlite3_open_v2(path_.c_str(), &db_,
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX,
+                        nullptr) != SQLITE_OK) {
+        const std::string reason = db_ ? sqlite3_errmsg(db_) : "out of memory";
+        sqlite3_close(db_);
+        throw JournalError("the task journal " + path_ + " cannot be opened: " + reason);
+    }
+    try {
+        // Another process may be writing its own batches; wait for it rather than fail.
+        sqlite3_busy_timeout(db_, 10000);
+        Execute("PRAGMA journal_mode=WAL");
+        // A process crash loses no commit in WAL mode with NORMAL; what a power cut may lose, resume
+        // rebuilds from the disk (see the resume of files under their final names).
+        Execute("PRAGMA synchronous=NORMAL");
+        Execute(kCreateSchema);
+
+        SqliteStatement read(db_, "SELECT key, value FROM meta", path_);
+        std::string schema;
+        std::string version;
+        while (read.Step())
+            (read.Text(0) == "schema" ? schema : version) = read.Text(1);
+        if (schema.empty()) {
+            SqliteStatement write(db_, "INSERT OR IGNORE INTO meta(key, value) VALUES (?, ?)", path_);
+            write.Bind(1, std::string_view("schema")).Bind(2, kSchemaName).Run();
+            write.Bind(1, std::string_view("version")).Bind(2, std::to_string(kSchemaVersion)).Run();
+        } else if (schema != kSchemaName) {
+            throw JournalError("the task journal " + path_ + " is not a journal of igd (" + schema + ")");
+        } else if (std::stoll(version.empty() ? "0" : version) > kSchemaVersion) {
+            throw JournalError("the task journal " + path_ + " was written by a newer version of igd (" +
+                               version + ")");
+        }
+        // Upgrades of older versions go here, one step per version.
+    } catch (...) {
+        sqlite3_close(db_);
+        throw;
+    }
+}
+
+Journal::~Journal() {
+    sqlite3_close(db_);
+}
+
+void Journal::Execute(const char* sql) const {
+    char* message = nullptr;
+    if (sqlite3_exec(db_, sql, nullptr, nullptr, &message) != SQLITE_OK) {
+        const std::string reason = message ? message : sqlite3_errmsg(db_);
+        sqlite3_free(message);
+        throw JournalError("the task journal " + path_ + " cannot be used: " + reason);
+    }
+}
+
+std::int64_t Journal::BatchId(const fluxcore::utility::Guid& batch, bool create) {
+    SqliteStatement find(db_, "SELECT id FROM batches WHERE guid = ?", path_);
+    find.Bind(1, batch.ToString());
+    if (find.Step())
+        return find.Int(0);
+    if (!create)
+        return 0;
+    SqliteStatement insert(db_, "INSERT INTO batches(guid, state, submitted_at) VALUES (?, ?, ?)", path_);
+    insert.Bind(1, batch.ToString()).Bind(2, BatchStateName(BatchState::Waiting)).Bind(3, Now()).Run();
+    return sqlite3_last_insert_rowid(db_);
+}
+
+std::int64_t Journal::AddTask(const fluxcore::utility::Guid& batch, const TaskRecord& record,
+                              std::vector<FileRecord>& files) {
+    files.clear();
+    std::lock_guard lock(mutex_);
+    Transaction transaction(db_, path_);
+    const std::int64_t batchId = BatchId(batch, true);
+    SqliteStatement insertTask(db_, "INSERT INTO tasks(batch_id, kind, record) VALUES (?, ?, ?)", path_);
+    insertTask.Bind(1, batchId)
+        .Bind(2, TaskKindName(record.kind))
+        .BindBlob(3, EncodeTaskRecord(record))
+        .Run();
+    const std::int64_t taskId = sqlite3_last_insert_rowid(db_);
+
+    files = PlannedFiles(record, taskId);
+    SqliteStatement insertFile(db_,
+                               "INSERT INTO files(task_id, unit, entry, source, target, action, state) "
+                               "VALUES (?, ?, ?, ?, ?, ?, ?)",
+                               path_);
+    for (FileRecord& file : files) {
+        insertFile.Bind(1, taskId)
+            .Bind(2, file.unit)
+            .Bind(3, file.entry)
+            .Bind(4, Fnd::ToUTF8(file.source))
+            .Bind(5, Fnd::ToUTF8(file.target))
+            .Bind(6, file.action)
+            .Bind(7, FileStateName(FileState::Pending))
+            .Run();
+        file.id = sqlite3_last_insert_rowid(db_);
+    }
+    transaction.Commit();
+    return taskId;
+}
+
+void Journal::MarkBatchRunning(const fluxcore::utility::Guid& batch, const Fnd::WString& targetBin,
+                               const std::string& projectPath) {
+    std::lock_guard lock(mutex_);
+    Transaction transaction(db_, path_);
+    BatchId(batch, true);
+    SqliteStatement update(db_,
+                           "UPDATE batches SET state = ?, target_bin = ?, project = ?, started_at = ? "
+                           "WHERE guid = ?",
+                           path_);
+    update.Bind(1, BatchStateName(BatchState::Running))
+        .Bind(2, Fnd::ToUTF8(targetBin))
+        .Bind(3, projectPath)
+        .Bind(4, Now())
+        .Bind(5, batch.ToString())
+        .Run();
+    transaction.Commit();
+}
+
+void Journal::SetBatchState(const fluxcore::utility::Guid& batch, BatchState state) {
+    std::lock_guard lock(mutex_);
+    const bool over = state == BatchState::Finished || state == BatchState::Cancelled;
+    SqliteStatement update(db_,
+                           over ? "UPDATE batches SET state = ?, finished_at = ? WHERE guid = ?"
+                                : "UPDATE batches SET state = ? WHERE guid = ?",
+                           path_);
+    update.Bind(1, BatchStateName(state));
+    if (over)
+        update.Bind(2, Now()).Bind(3, batch.ToString());
+    else
+        update.Bind(2, batch.ToString());
+    update.Run();
+}
+
+void Journal::UpdateFiles(const std::vector<const FileRecord*>& files) {
+    if (files.empty())
+        return;
+    std::lock_guard lock(mutex_);
+    Transaction transaction(db_, path_);
+    SqliteStatement update(db_,
+                           "UPDATE files SET state = ?, temporary = ?, final_path = ?, checksum = ?, "
+                           "reason = ?, size = ? WHERE id = ?",
+                           path_);
+    for (const FileRecord* file : files)
+        update.Bind(1, FileStateName(file->state))
+            .Bind(2, file->temporary)
+            .Bind(3, file->finalPath)
+            .Bind(4, file->checksum)
+            .Bind(5, file->reason)
+            .Bind(6, static_cast<std::int64_t>(file->size))
+            .Bind(7, file->id)
+            .Run();
+    transaction.Commit();
+}
+
+void Journal::MarkTaskFinished(std::int64_t task, std::string_view outcome, std::string_view reason) {
+    std::lock_guard lock(mutex_);
+    SqliteStatement update(db_, "UPDATE tasks SET outcome = ?, reason = ? WHERE id = ?", path_);
+    update.Bind(1, outcome).Bind(2, reason).Bind(3, task).Run();
+}
+
+std::optional<JournalBatch> Journal::LoadBatch(const fluxcore::utility::Guid& batch) const {
+    std::lock_guard lock(mutex_);
+    // One read transaction, so that another process's writes never show half.
+    Execute("BEGIN");
+    struct EndRead {
+        const Journal& journal;
+        ~EndRead() { sqlite3_exec(journal.db_, "COMMIT", nullptr, nullptr, nullptr); }
+    } endRead{*this};
+
+    SqliteStatement findBatch(db_, "SELECT id, state, target_bin, project FROM batches WHERE guid = ?",
+                              path_);
+    findBatch.Bind(1, batch.ToString());
+    if (!findBatch.Step())
+        return std::nullopt;
+    JournalBatch loaded;
+    loaded.batch = batch;
+    const std::int64_t batchId = findBatch.Int(0);
+    loaded.state = ParseState<BatchState>(kBatchStateNames, findBatch.Text(1), path_);
+    loaded.targetBin = Fnd::FromUTF8(findBatch.Text(2));
+    loaded.projectPath = findBatch.Text(3);
+
+    SqliteStatement tasks(db_, "SELECT id, record, outcome FROM tasks WHERE batch_id = ? ORDER BY id", path_);
+    tasks.Bind(1, batchId);
+    while (tasks.Step())
+        loaded.tasks.push_back(
+            JournalTask{tasks.Int(0), DecodeTaskRecord(tasks.Text(1)), !tasks.Text(2).empty()});
+
+    SqliteStatement files(db_,
+                          "SELECT f.id, f.task_id, f.unit, f.entry, f.source, f.target, f.action, f.state, "
+                          "f.temporary, f.final_path, f.checksum, f.reason, f.size FROM files f "
+                          "JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = ? ORDER BY f.id",
+                          path_);
+    files.Bind(1, batchId);
+    while (files.Step()) {
+        FileRecord file;
+        file.id = files.Int(0);
+        file.task = files.Int(1);
+        file.unit = static_cast<std::uint32_t>(files.Int(2));
+        file.entry = static_cast<std::uint32_t>(files.Int(3));
+        file.source = Fnd::FromUTF8(files.Text(4));
+        file.target = Fnd::FromUTF8(files.Text(5));
+        file.action = static_cast<std::int32_t>(files.Int(6));
+        file.state = ParseState<FileState>(kFileStateNames, files.Text(7), path_);
+        file.temporary = files.Text(8);
+        file.finalPath = files.Text(9);
+        file.checksum = files.Text(10);
+        file.reason = files.Text(11);
+        file.size = static_cast<std::uint64_t>(files.Int(12));
+        loaded.files.push_back(std::move(file));
+    }
+    return loaded;
+}
+
+std::vector<BatchSummary> Journal::Batches(BatchState state) const {
+    std::lock_guard lock(mutex_);
+    SqliteStatement select(
+        db_,
+        "SELECT b.guid, b.submitted_at, "
+        "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = b.id), "
+        "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id "
+        " WHERE t.batch_id = b.id AND f.state = 'verified') "
+        "FROM batches b WHERE b.state = ? ORDER BY b.id",
+        path_);
+    select.Bind(1, BatchStateName(state));
+    std::vector<BatchSummary> batches;
+    while (select.Step()) {
+        const auto guid = fluxcore::utility::Guid::FromString(select.Text(0));
+        if (!guid)
+            continue;
+        batches.push_back(BatchSummary{*guid, state, select.Int(1), static_cast<std::uint64_t>(select.Int(2)),
+                                       static_cast<std::uint64_t>(select.Int(3))});
+    }
+    return batches;
+}
+
+} // namespace QL::Engine

@@ -1,0 +1,113 @@
+#include "ResumePreparation.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "FileComparison.h"
+#include "QL/CopySetting.h"
+#include "QL/Engine/FileCopier.h"
+
+namespace QL::Engine {
+namespace {
+
+std::string FileNameOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+void RemoveTemporary(const std::string& path) {
+    // Only ever a name the copier would have made: a journal cannot make resume delete media.
+    if (!path.empty() && FileCopier::IsTemporaryName(FileNameOf(path)))
+        ::unlink(path.c_str());
+}
+
+bool SameTime(const struct stat& a, const struct stat& b) {
+    return a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
+// A target that the interrupted copy had already renamed into place: the copier gives a copy its
+// source's time just before the rename, so the same size and time point at it; the content check
+// of the verify mode then decides.
+bool AdoptFinishedCopy(FileRecord& file, std::uint32_t verifyMode) {
+    if (file.action != kCopyActionNone && file.action != kCopyActionReplace)
+        return false;
+    const std::string source = Fnd::ToUTF8(file.source);
+    const std::string target = Fnd::ToUTF8(file.target);
+    struct stat sourceStat {};
+    struct stat targetStat {};
+    if (::stat(source.c_str(), &sourceStat) != 0 || ::stat(target.c_str(), &targetStat) != 0)
+        return false;
+    if (!S_ISREG(sourceStat.st_mode) || !S_ISREG(targetStat.st_mode) ||
+        sourceStat.st_size != targetStat.st_size || !SameTime(sourceStat, targetStat))
+        return false;
+    std::string checksum;
+    if (!CopyMatchesSource(source, target, verifyMode, checksum))
+        return false;
+    file.state = FileState::Verified;
+    file.finalPath = target;
+    file.checksum = checksum;
+    file.size = static_cast<std::uint64_t>(targetStat.st_size);
+    file.temporary.clear();
+    file.reason.clear();
+    return true;
+}
+
+enum class Kept { Yes, Gone, Changed };
+
+Kept StillComplete(const FileRecord& file) {
+    const std::string path = file.finalPath.empty() ? Fnd::ToUTF8(file.target) : file.finalPath;
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0)
+        return Kept::Gone;
+    if (S_ISDIR(info.st_mode) || static_cast<std::uint64_t>(info.st_size) == file.size)
+        return Kept::Yes;
+    return Kept::Changed;
+}
+
+} // namespace
+
+ResumeFindings PrepareForResume(std::vector<FileRecord>& files,
+                                const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask,
+                                RunJournal& journal) {
+    ResumeFindings findings;
+    std::vector<const FileRecord*> updated;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        FileRecord& file = files[i];
+        if (file.state == FileState::Skipped)
+            continue;
+        if (file.state == FileState::Verified) {
+            switch (StillComplete(file)) {
+            case Kept::Yes:
+                findings.alreadyCopied.push_back(i);
+                continue;
+            case Kept::Changed:
+                file.state = FileState::Failed;
+                file.reason = "changed on disk since it was verified";
+                findings.changed.push_back(i);
+                updated.push_back(&file);
+                continue;
+            case Kept::Gone:
+                break;
+            }
+        }
+        RemoveTemporary(file.temporary);
+        RemoveTemporary(FileCopier::TemporaryPathFor(Fnd::ToUTF8(file.target)));
+        const auto mode = verifyModeOfTask.find(file.task);
+        if (AdoptFinishedCopy(file,
+                              mode == verifyModeOfTask.end() ? IngestTask::kVerifyNone : mode->second)) {
+            findings.alreadyCopied.push_back(i);
+        } else {
+            file.state = FileState::Pending;
+            file.temporary.clear();
+            file.finalPath.clear();
+            file.checksum.clear();
+            file.reason.clear();
+            file.size = 0;
+        }
+        updated.push_back(&file);
+    }
+    journal.UpdateFiles(updated);
+    return findings;
+}
+
+} // namespace QL::Engine

@@ -1,0 +1,108 @@
+#pragma once
+// What the task service tests share: a temporary $IGD_HOME, a record of the service's messages,
+// running the UI queue until a batch is over, task records made from file names, and a copy
+// backend that counts reads and can change the disk between two sources.
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "Fnd/Listener.h"
+#include "QL/CopySetting.h"
+#include "QL/Engine/CopyBackend.h"
+#include "QL/Engine/TaskService.h"
+#include "QL/Engine/TaskServiceMessages.h"
+#include "support/TempTree.h"
+
+namespace igd::test {
+
+// $IGD_HOME points into a fresh temporary tree for the object's life.
+class ScopedIgdHome {
+public:
+    ScopedIgdHome();
+    ~ScopedIgdHome();
+    std::string Path() const { return tree_.NativePath("home"); }
+    std::string ProjectPath() const { return Path() + "/project.igdproj"; }
+
+private:
+    TempTree tree_;
+    std::string previous_;
+    bool hadPrevious_ = false;
+};
+
+// Every message the service posts, in the order the UI thread receives them.
+class ServiceMessageLog : public Fnd::Listener {
+public:
+    ServiceMessageLog();
+    ~ServiceMessageLog() override;
+
+    void ListenToMessage(const Fnd::StationID& station, const Fnd::Message& message) override;
+
+    std::vector<QL::Engine::BatchProgressMessage> progress;
+    std::vector<QL::Engine::FileOutcomeMessage> files;
+    std::vector<QL::Engine::TaskOutcomeMessage> tasks;
+    std::vector<QL::Engine::BatchOutcomeMessage> batches;
+
+    const QL::Engine::BatchOutcomeMessage* OutcomeOf(const fluxcore::utility::Guid& batch) const;
+    const QL::Engine::FileOutcomeMessage* FileOutcome(const Fnd::WString& target) const;
+};
+
+// Drains the UI queue until the batch's outcome arrives; fails the test after the timeout.
+const QL::Engine::BatchOutcomeMessage&
+RunUntilOutcome(const ServiceMessageLog& log, const fluxcore::utility::Guid& batch,
+                std::chrono::seconds timeout = std::chrono::seconds(60));
+// Drains the UI queue until the condition holds; false after the timeout.
+bool DrainUntil(const std::function<bool()>& condition,
+                std::chrono::milliseconds timeout = std::chrono::milliseconds(30000));
+
+// Posts the start message as the library does and lets the service hear it.
+void StartBatch(const fluxcore::utility::Guid& batch, const Fnd::WString& targetBin = {});
+
+// A unit that copies one file (and its side files) to one target folder, importing it there
+// with its clip identity: what the plan makes of a single-file clip.
+QL::IngestTask::CopyUnitRef FileUnit(const Fnd::WString& sourceFolder, const Fnd::WString& targetFolder,
+                                     const std::string& name, const std::vector<std::string>& sideFiles = {},
+                                     std::int32_t action = QL::kCopyActionNone);
+
+QL::IngestTask::CopySetting CopyOf(std::vector<QL::IngestTask::CopyUnitRef> units, std::uint32_t verifyMode,
+                                   bool addToProject);
+
+std::string ReadWholeFile(const std::string& path);
+// Names in the folder that the copier uses for its temporaries.
+std::vector<std::string> TemporariesIn(const std::string& folder);
+
+// The file copier with a seam: counts the reads of each source and runs beforeCopy (on the
+// worker) before each source is copied.
+class CountingBackend : public QL::Engine::CopyBackend {
+public:
+    explicit CountingBackend(std::size_t chunkBytes = 1u << 20, QL::Engine::CopyHooks hooks = {});
+
+    std::vector<QL::Engine::CopyOutcome> CopyFile(const std::string& source,
+                                                  const std::vector<QL::Engine::CopyTarget>& targets,
+                                                  std::uint32_t verifyMode, QL::Engine::CopyControl& control,
+                                                  const QL::Engine::ProgressFunction& progress) override;
+    std::vector<QL::Engine::CopyOutcome>
+    CopyFolder(const std::string& source, const std::vector<QL::Engine::CopyTarget>& targets) override;
+
+    std::function<void(const std::string& source)> beforeCopy;
+
+    // How many times the source was read, and the targets it was read for each time.
+    int Reads(const std::string& source) const;
+    std::vector<std::size_t> TargetsPerRead() const;
+
+private:
+    std::shared_ptr<QL::Engine::CopyBackend> copier_;
+    mutable std::mutex mutex_;
+    std::map<std::string, int> reads_;
+    std::vector<std::size_t> targetsPerRead_;
+};
+
+// Options for a service under test: the temporary home's journal and project, a quick progress.
+QL::Engine::TaskServiceOptions TestOptions(const ScopedIgdHome& home,
+                                           std::shared_ptr<QL::Engine::CopyBackend> backend = nullptr);
+
+} // namespace igd::test

@@ -1,0 +1,238 @@
+// Copies through the real service: submitted as the library submits, started by the start
+// message, run by the UI queue as a host runs it.
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+
+#include <cstdio>
+
+#include "EngineTestSupport.h"
+#include "Fnd/PathUtils.h"
+#include "Fnd/RunLoop.h"
+#include "QL/Engine/Journal.h"
+
+namespace igd::test {
+namespace {
+
+using namespace QL::Engine;
+using QL::IngestTask::CopySetting;
+
+class TaskServiceCopyTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        source = tree.MakeFolder("card");
+        primary = tree.Path("primary");
+        backup = tree.Path("backup");
+    }
+
+    std::string Native(const Fnd::WString& folder, const std::string& name) const {
+        return Fnd::ToUTF8(folder) + "/" + name;
+    }
+
+    ScopedIgdHome home;
+    TempTree tree;
+    Fnd::WString source;
+    Fnd::WString primary;
+    Fnd::WString backup;
+    ServiceMessageLog log;
+    fluxcore::utility::Guid batch = fluxcore::utility::Guid::CreateUnique();
+};
+
+struct VerifyCase {
+    std::uint32_t mode;
+    const char* name;
+};
+
+class VerifyModeTest : public TaskServiceCopyTest, public ::testing::WithParamInterface<VerifyCase> {};
+
+TEST_P(VerifyModeTest, CopiesVerifiesAndJournalsEachFileOnlyOnceStarted) {
+    tree.MakeFile("card/A001.MOV", "hello world\n");
+    tree.MakeFileOfSize("card/A002.MOV", 3u << 20);
+    TaskService service(TestOptions(home));
+    service.SubmitCopyTask(
+        CopyOf({FileUnit(source, primary, "A001.MOV"), FileUnit(source, primary, "A002.MOV")},
+               GetParam().mode, true),
+        batch, {});
+
+    // Submitted tasks wait for their start message.
+    Fnd::GetDefaultQueue().Drain();
+    EXPECT_TRUE(service.IsIdle());
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(primary, false));
+
+    StartBatch(batch);
+    const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
+    EXPECT_EQ(outcome.status, OutcomeStatus::Succeeded);
+    EXPECT_EQ(outcome.filesCopied, 2u);
+    EXPECT_EQ(outcome.bytesRead, 12u + (3u << 20));
+    for (const char* name : {"A001.MOV", "A002.MOV"})
+        EXPECT_EQ(ReadWholeFile(Native(primary, name)), ReadWholeFile(Native(source, name))) << name;
+
+    const FileOutcomeMessage* small = log.FileOutcome(Fnd::FromUTF8(Native(primary, "A001.MOV")));
+    ASSERT_NE(small, nullptr);
+    EXPECT_EQ(small->status, FileStatus::Copied);
+    EXPECT_EQ(small->verifyMode, GetParam().mode);
+    const std::string expectedSum =
+        GetParam().mode == QL::IngestTask::kVerifyMD5 ? "6f5902ac237024bdd0c176cb93063dc4" : "";
+    EXPECT_EQ(small->checksum, expectedSum);
+
+    const auto journal = service.GetJournal().LoadBatch(batch);
+    ASSERT_TRUE(journal.has_value());
+    EXPECT_EQ(journal->state, BatchState::Finished);
+    ASSERT_EQ(journal->files.size(), 2u);
+    for (const FileRecord& file : journal->files) {
+        EXPECT_EQ(file.state, FileState::Verified);
+        EXPECT_EQ(file.finalPath, Fnd::ToUTF8(file.target));
+        EXPECT_TRUE(file.temporary.empty());
+    }
+    EXPECT_EQ(journal->files[0].checksum, expectedSum);
+    EXPECT_TRUE(TemporariesIn(Fnd::ToUTF8(primary)).empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryMode, VerifyModeTest,
+                         ::testing::Values(VerifyCase{QL::IngestTask::kVerifyMD5, "MD5"},
+                                           VerifyCase{QL::IngestTask::kVerifyFileSize, "Size"},
+                                           VerifyCase{QL::IngestTask::kVerifyBitByBit, "BitByBit"},
+                                           VerifyCase{QL::IngestTask::kVerifyNone, "None"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(TaskServiceCopyTest, TwoDestinationsReadEachSourceOnceInSubmissionOrder) {
+    const std::vector<std::string> names{"C003.MOV", "A001.MOV", "B002.MOV"};
+    std::vector<QL::IngestTask::CopyUnitRef> toPrimary;
+    std::vector<QL::IngestTask::CopyUnitRef> toBackup;
+    for (const std::string& name : names) {
+        tree.MakeFileOfSize("card/" + name, 1u << 20);
+        toPrimary.push_back(FileUnit(source, primary, name));
+        toBackup.push_back(FileUnit(source, backup, name));
+    }
+    auto backend = std::make_shared<CountingBackend>();
+    std::vector<std::string> order;
+    backend->beforeCopy = [&](const std::string& path) { order.push_back(path); };
+    TaskService service(TestOptions(home, backend));
+    service.SubmitCopyTask(CopyOf(toPrimary, QL::IngestTask::kVerifyMD5, true), batch, {});
+    service.SubmitCopyTask(CopyOf(toBackup, QL::IngestTask::kVerifyMD5, false), batch, {});
+    StartBatch(batch);
+
+    EXPECT_EQ(RunUntilOutcome(log, batch).filesCopied, 6u);
+    std::vector<std::string> expectedOrder;
+    for (const std::string& name : names) {
+        const std::string path = Native(source, name);
+        expectedOrder.push_back(path);
+        EXPECT_EQ(backend->Reads(path), 1) << name;
+        EXPECT_EQ(ReadWholeFile(Native(primary, name)), ReadWholeFile(path));
+        EXPECT_EQ(ReadWholeFile(Native(backup, name)), ReadWholeFile(path));
+    }
+    EXPECT_EQ(order, expectedOrder);
+    EXPECT_EQ(backend->TargetsPerRead(), (std::vector<std::size_t>{2, 2, 2}));
+}
+
+TEST_F(TaskServiceCopyTest, AFolderAnsweredKeepBothOrReplaceIsMergedIntoNeverEmptied) {
+    tree.MakeFile("card/CLIP/A001.MOV", "new take");
+    tree.MakeFile("card/CLIP/A002.MOV", "second");
+    tree.MakeFile("primary/card/CLIP/A001.MOV", "the take already there");
+    tree.MakeFile("primary/card/notes.txt", "the editor's notes");
+    // A folder item as the plan makes it: the folder, then its content, each with its answer.
+    const auto entry = [&](const std::u16string& below, std::int32_t action) {
+        return QL::CopyEntry{source + below, primary + u"/card" + below, action, true};
+    };
+    QL::IngestTask::CopyUnitRef unit(new QL::IngestTask::CopyUnit);
+    unit->entries = {entry(u"", QL::kCopyActionReplace), entry(u"/CLIP", QL::kCopyActionKeepBoth),
+                     entry(u"/CLIP/A001.MOV", QL::kCopyActionKeepBoth),
+                     entry(u"/CLIP/A002.MOV", QL::kCopyActionNone)};
+    TaskService service(TestOptions(home));
+    service.SubmitCopyTask(CopyOf({unit}, QL::IngestTask::kVerifyMD5, false), batch, {});
+    StartBatch(batch);
+
+    EXPECT_EQ(RunUntilOutcome(log, batch).status, OutcomeStatus::Succeeded);
+    EXPECT_EQ(ReadWholeFile(Native(primary, "card/notes.txt")), "the editor's notes");
+    EXPECT_EQ(ReadWholeFile(Native(primary, "card/CLIP/A001.MOV")), "the take already there");
+    EXPECT_EQ(ReadWholeFile(Native(primary, "card/CLIP/A001 (1).MOV")), "new take");
+    EXPECT_EQ(ReadWholeFile(Native(primary, "card/CLIP/A002.MOV")), "second");
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(primary + u"/card (1)", false));
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(primary + u"/card/CLIP (1)", false));
+}
+
+TEST_F(TaskServiceCopyTest, ASourceThatVanishesFailsAloneAndTheOthersComplete) {
+    for (const char* name : {"A001.MOV", "A002.MOV", "A003.MOV"})
+        tree.MakeFileOfSize(std::string("card/") + name, 256u << 10);
+    auto backend = std::make_shared<CountingBackend>();
+    // The card loses the second clip while the first is being copied.
+    backend->beforeCopy = [&](const std::string& path) {
+        if (path == Native(source, "A001.MOV"))
+            std::remove(Native(source, "A002.MOV").c_str());
+    };
+    TaskService service(TestOptions(home, backend));
+    service.SubmitCopyTask(
+        CopyOf({FileUnit(source, primary, "A001.MOV"), FileUnit(source, primary, "A002.MOV"),
+                FileUnit(source, primary, "A003.MOV")},
+               QL::IngestTask::kVerifyMD5, true),
+        batch, {});
+    StartBatch(batch);
+
+    const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
+    EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
+    EXPECT_EQ(outcome.filesCopied, 2u);
+    EXPECT_EQ(outcome.filesFailed, 1u);
+    const FileOutcomeMessage* lost = log.FileOutcome(Fnd::FromUTF8(Native(primary, "A002.MOV")));
+    ASSERT_NE(lost, nullptr);
+    EXPECT_EQ(lost->status, FileStatus::Failed);
+    EXPECT_NE(Fnd::ToUTF8(lost->reason).find("No such file or directory"), std::string::npos)
+        << Fnd::ToUTF8(lost->reason);
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Native(primary, "A002.MOV")), false));
+    EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Native(primary, "A003.MOV")), false));
+    ASSERT_EQ(log.tasks.size(), 1u);
+    EXPECT_EQ(log.tasks[0].status, OutcomeStatus::Failed);
+    EXPECT_EQ(log.tasks[0].filesFailed, 1u);
+    EXPECT_EQ(log.tasks[0].itemsImported, 2u);
+    EXPECT_NE(Fnd::ToUTF8(log.tasks[0].reason).find("A002.MOV"), std::string::npos);
+}
+
+TEST_F(TaskServiceCopyTest, ADestinationThatCannotBeMadeFailsItsFilesAndLeavesNoFinalName) {
+    tree.MakeFile("card/A001.MOV", "frames");
+    tree.MakeFile("blocker", "a file where the destination's parent should be");
+    const Fnd::WString impossible = tree.Path("blocker/dest");
+    TaskService service(TestOptions(home));
+    service.SubmitCopyTask(
+        CopyOf({FileUnit(source, impossible, "A001.MOV")}, QL::IngestTask::kVerifyMD5, true), batch, {});
+    service.SubmitCopyTask(CopyOf({FileUnit(source, backup, "A001.MOV")}, QL::IngestTask::kVerifyMD5, false),
+                           batch, {});
+    StartBatch(batch);
+
+    const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
+    EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
+    EXPECT_EQ(outcome.filesFailed, 1u);
+    EXPECT_EQ(outcome.filesCopied, 1u);
+    const FileOutcomeMessage* failed = log.FileOutcome(Fnd::FromUTF8(Native(impossible, "A001.MOV")));
+    ASSERT_NE(failed, nullptr);
+    EXPECT_NE(Fnd::ToUTF8(failed->reason).find("Not a directory"), std::string::npos)
+        << Fnd::ToUTF8(failed->reason);
+    EXPECT_EQ(ReadWholeFile(Native(backup, "A001.MOV")), "frames");
+}
+
+TEST_F(TaskServiceCopyTest, AReadOnlyDestinationFailsEveryFileWithItsReason) {
+    tree.MakeFile("card/A001.MOV", "frames");
+    tree.MakeFile("card/A001.xmp", "<x/>");
+    const std::string mountPoint = Fnd::ToUTF8(tree.MakeFolder("readonly"));
+    if (::mount("tmpfs", mountPoint.c_str(), "tmpfs", MS_RDONLY, "size=1m") != 0)
+        GTEST_SKIP() << "a read-only filesystem cannot be mounted here";
+    struct Unmount {
+        std::string path;
+        ~Unmount() { ::umount(path.c_str()); }
+    } unmount{mountPoint};
+    const Fnd::WString readOnly = Fnd::FromUTF8(mountPoint);
+    {
+        TaskService service(TestOptions(home));
+        service.SubmitCopyTask(
+            CopyOf({FileUnit(source, readOnly, "A001.MOV", {"A001.xmp"})}, QL::IngestTask::kVerifyMD5, true),
+            batch, {});
+        StartBatch(batch);
+        const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
+        EXPECT_EQ(outcome.filesFailed, 2u);
+        EXPECT_EQ(outcome.itemsImported, 0u);
+    }
+    for (const FileOutcomeMessage& file : log.files)
+        EXPECT_NE(Fnd::ToUTF8(file.reason).find("Read-only file system"), std::string::npos)
+            << Fnd::ToUTF8(file.reason);
+}
+
+} // namespace
+} // namespace igd::test

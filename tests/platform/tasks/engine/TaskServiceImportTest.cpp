@@ -1,0 +1,259 @@
+// What lands in the project and in the sidecars once the copies are settled.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "EngineTestSupport.h"
+#include "Fnd/PathUtils.h"
+#include "Mid/Utilities.h"
+#include "Proj/Project.h"
+#include "QL/XmpSidecarWriter.h"
+
+namespace igd::test {
+namespace {
+
+using namespace QL::Engine;
+
+const Fnd::WString kShootNamespace = u"http://ns.example.com/igd/shoot/1.0/";
+
+QL::IngestCustomData ShootMetadata() {
+    QL::IngestCustomData data;
+    auto set = std::make_shared<QL::MetadataFieldSet>();
+    set->schemaNamespace = kShootNamespace;
+    set->presetName = u"Shoot";
+    set->values = {{u"scene", u"12A"}, {u"take", u"3"}};
+    data.metadataSets.push_back(set);
+    data.minimumMetadata.keywords = {u"night", u"exterior"};
+    return data;
+}
+
+std::shared_ptr<QL::IngestItem> InPlaceItem(const Fnd::WString& path, const Fnd::WString& name) {
+    auto item = std::make_shared<QL::IngestItem>();
+    item->path = path;
+    item->name = name;
+    item->format = u"com.veltrix.Kestrel.WinProviderDirectory";
+    return item;
+}
+
+class TaskServiceImportTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        source = tree.MakeFolder("card");
+        primary = tree.Path("primary");
+        backup = tree.Path("backup");
+    }
+
+    Fnd::WString In(const Fnd::WString& folder, std::u16string_view name) const {
+        return Mid::Utilities::CombinePaths(folder, name);
+    }
+
+    const BatchOutcomeMessage& Run(TaskService&, const Fnd::WString& bin = {}) {
+        StartBatch(batch, bin);
+        return RunUntilOutcome(log, batch);
+    }
+
+    std::vector<Proj::ProjectItem> ProjectItems() const {
+        return Proj::Project::Open(home.ProjectPath())->Items();
+    }
+
+    ScopedIgdHome home;
+    TempTree tree;
+    Fnd::WString source;
+    Fnd::WString primary;
+    Fnd::WString backup;
+    ServiceMessageLog log;
+    fluxcore::utility::Guid batch = fluxcore::utility::Guid::CreateUnique();
+};
+
+TEST_F(TaskServiceImportTest, ThePrimaryCopyIsImportedIntoTheStartBinWithNameGuidAndSideFiles) {
+    tree.MakeFile("card/A001.MOV", "frames");
+    tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+    tree.MakeFile("card/A002.MOV", "more frames");
+    // A renamed clip: its main file and its sidecar follow the new name; the item records the
+    // sidecar under its old name, as the plan does.
+    QL::IngestTask::CopyUnitRef renamed = FileUnit(source, primary, "A001.MOV", {"A001.xmp"});
+    renamed->entries.front().target = In(primary, u"Day1_Scene12.MOV");
+    renamed->entries.back().target = In(primary, u"Day1_Scene12.xmp");
+    auto item = renamed->importItems.begin()->second;
+    item->path = In(primary, u"Day1_Scene12.MOV");
+    const fluxcore::utility::Guid clip = renamed->clipGuids.begin()->second;
+    renamed->importItems = {{item->path, item}};
+    renamed->clipGuids = {{item->path, clip}};
+    renamed->renames = {{item->path, u"Day1_Scene12"}};
+
+    TaskService service(TestOptions(home));
+    service.SubmitCopyTask(
+        CopyOf({renamed, FileUnit(source, primary, "A002.MOV")}, QL::IngestTask::kVerifyMD5, true), batch,
+        {});
+    service.SubmitCopyTask(
+        CopyOf({FileUnit(source, backup, "A001.MOV"), FileUnit(source, backup, "A002.MOV")},
+               QL::IngestTask::kVerifyMD5, false),
+        batch, {});
+    EXPECT_EQ(Run(service, u"Day 1").itemsImported, 2u);
+
+    const std::vector<Proj::ProjectItem> items = ProjectItems();
+    ASSERT_EQ(items.size(), 2u) << "the backup adds nothing to the project";
+    EXPECT_EQ(items[0].path, In(primary, u"Day1_Scene12.MOV"));
+    EXPECT_EQ(items[0].name, u"Day1_Scene12");
+    EXPECT_EQ(items[0].clipGuid, clip);
+    EXPECT_EQ(items[0].bin, u"Day 1");
+    EXPECT_EQ(items[0].extraPaths, std::vector<Fnd::WString>{In(primary, u"Day1_Scene12.xmp")});
+    EXPECT_EQ(items[1].path, In(primary, u"A002.MOV"));
+    EXPECT_EQ(items[1].name, u"A002.MOV");
+    EXPECT_TRUE(items[1].metadata.empty());
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(primary, u"A002.xmp"), false)) << "no metadata, no sidecar";
+}
+
+TEST_F(TaskServiceImportTest, MetadataGoesToSidecarsAndProjectAndThePanelAnswersOnlyToThePrimary) {
+    tree.MakeFile("card/A001.MOV", "frames");
+    tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+    TaskService service(TestOptions(home));
+    service.SubmitCopyTask(
+        CopyOf({FileUnit(source, primary, "A001.MOV", {"A001.xmp"})}, QL::IngestTask::kVerifyMD5, true),
+        batch, ShootMetadata());
+    service.SubmitCopyTask(CopyOf({FileUnit(source, backup, "A001.MOV")}, QL::IngestTask::kVerifyMD5, false),
+                           batch, ShootMetadata());
+    EXPECT_EQ(Run(service).status, OutcomeStatus::Succeeded);
+
+    const std::string primarySidecar = Fnd::ToUTF8(In(primary, u"A001.xmp"));
+    EXPECT_EQ(QL::ReadXmpProperty(primarySidecar, kShootNamespace, u"scene"), u"12A");
+    EXPECT_EQ(QL::ReadXmpProperty(primarySidecar, kShootNamespace, u"take"), u"3");
+    // The backup had no sidecar: one is made beside the copy, with the template's values only.
+    const std::string backupSidecar = Fnd::ToUTF8(In(backup, u"A001.xmp"));
+    EXPECT_EQ(QL::ReadXmpProperty(backupSidecar, kShootNamespace, u"scene"), u"12A");
+    EXPECT_EQ(ReadWholeFile(backupSidecar).find("exterior"), std::string::npos);
+    EXPECT_NE(ReadWholeFile(primarySidecar).find("exterior"), std::string::npos);
+    // The source card is never written to.
+    EXPECT_EQ(ReadWholeFile(Fnd::ToUTF8(In(source, u"A001.xmp"))), "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+
+    const std::vector<Proj::ProjectItem> items = ProjectItems();
+    ASSERT_EQ(items.size(), 1u);
+    std::map<Fnd::WString, std::map<Fnd::WString, Fnd::WString>> metadata;
+    for (const Proj::ItemMetadata& schema : items[0].metadata)
+        metadata[schema.namespaceURI] = schema.values;
+    EXPECT_EQ(metadata[kShootNamespace],
+              (std::map<Fnd::WString, Fnd::WString>{{u"scene", u"12A"}, {u"take", u"3"}}));
+    EXPECT_EQ(metadata[u"http://purl.org/dc/elements/1.1/"][u"subject"], u"exterior; night");
+}
+
+TEST_F(TaskServiceImportTest, SkippedTargetsAreImportedAsTheyStandAndKeptBothUnderTheirNewName) {
+    tree.MakeFile("card/A001.MOV", "new frames");
+    tree.MakeFile("card/A002.MOV", "second take");
+    tree.MakeFile("primary/A001.MOV", "frames already there");
+    tree.MakeFile("primary/A002.MOV", "an older A002");
+    TaskService service(TestOptions(home));
+    service.SubmitCopyTask(CopyOf({FileUnit(source, primary, "A001.MOV", {}, QL::kCopyActionSkip),
+                                   FileUnit(source, primary, "A002.MOV", {}, QL::kCopyActionKeepBoth)},
+                                  QL::IngestTask::kVerifyMD5, true),
+                           batch, ShootMetadata());
+    const BatchOutcomeMessage& outcome = Run(service);
+    EXPECT_EQ(outcome.filesSkipped, 1u);
+    EXPECT_EQ(outcome.filesCopied, 1u);
+
+    EXPECT_EQ(ReadWholeFile(Fnd::ToUTF8(In(primary, u"A001.MOV"))), "frames already there");
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(primary, u"A001.xmp"), false))
+        << "a skipped file is not touched";
+    EXPECT_EQ(ReadWholeFile(Fnd::ToUTF8(In(primary, u"A002.MOV"))), "an older A002");
+    EXPECT_EQ(ReadWholeFile(Fnd::ToUTF8(In(primary, u"A002 (1).MOV"))), "second take");
+
+    const std::vector<Proj::ProjectItem> items = ProjectItems();
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(items[0].path, In(primary, u"A001.MOV"));
+    EXPECT_FALSE(items[0].metadata.empty()) << "the project item still takes the metadata";
+    EXPECT_EQ(items[1].path, In(primary, u"A002 (1).MOV"));
+    EXPECT_EQ(items[1].name, u"A002 (1).MOV");
+}
+
+TEST_F(TaskServiceImportTest, AnImportTaskImportsInPlaceAndNamesWhatIsMissing) {
+    const Fnd::WString present = tree.MakeFile("card/A001.MOV", "frames");
+    const Fnd::WString missing = tree.Path("card/A009.MOV");
+    QL::IngestTask::ImportSetting setting;
+    setting.importItems = {{present, InPlaceItem(present, u"A001.MOV")},
+                           {missing, InPlaceItem(missing, u"A009.MOV")}};
+    TaskService service(TestOptions(home));
+    service.SubmitImportTask(setting, batch, {});
+    const BatchOutcomeMessage& outcome = Run(service, u"Selects");
+    EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
+    EXPECT_EQ(outcome.itemsImported, 1u);
+    ASSERT_EQ(log.tasks.size(), 1u);
+    EXPECT_EQ(log.tasks[0].kind, TaskKind::Import);
+    EXPECT_EQ(Fnd::ToUTF8(log.tasks[0].reason), Fnd::ToUTF8(missing) + ": not found");
+
+    const std::vector<Proj::ProjectItem> items = ProjectItems();
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].path, present);
+    EXPECT_EQ(items[0].bin, u"Selects");
+}
+
+TEST_F(TaskServiceImportTest, UpdateMetadataNamesItemsWithoutRenamingMediaOnDisk) {
+    const Fnd::WString clip = tree.MakeFile("card/A001.MOV", "frames");
+    QL::IngestTask::UpdateMetadataSetting setting;
+    setting.importItems = {{clip, InPlaceItem(clip, u"A001.MOV")}};
+    setting.renames = {{clip, u"Day1_Scene12"}};
+    TaskService service(TestOptions(home));
+    service.SubmitUpdateMetadataTask(setting, batch, ShootMetadata());
+    EXPECT_EQ(Run(service).status, OutcomeStatus::Succeeded);
+
+    EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(clip, false));
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(source, u"Day1_Scene12.MOV"), false));
+    EXPECT_EQ(QL::ReadXmpProperty(Fnd::ToUTF8(In(source, u"A001.xmp")), kShootNamespace, u"scene"), u"12A");
+    const std::vector<Proj::ProjectItem> items = ProjectItems();
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].path, clip);
+    EXPECT_EQ(items[0].name, u"Day1_Scene12");
+    EXPECT_EQ(items[0].extraPaths, std::vector<Fnd::WString>{In(source, u"A001.xmp")});
+}
+
+TEST_F(TaskServiceImportTest, UpdateMetadataWithoutImportOnlyTouchesItemsTheProjectHolds) {
+    const Fnd::WString known = tree.MakeFile("card/A001.MOV", "frames");
+    const Fnd::WString unknown = tree.MakeFile("card/A002.MOV", "frames");
+    Proj::ProjectItem existing;
+    existing.path = known;
+    existing.name = u"A001.MOV";
+    Proj::Project::Open(home.ProjectPath())->ImportItem(existing);
+
+    QL::IngestTask::UpdateMetadataSetting setting;
+    setting.addToProject = false;
+    setting.importItems = {{known, InPlaceItem(known, u"A001.MOV")},
+                           {unknown, InPlaceItem(unknown, u"A002.MOV")}};
+    setting.renames = {{known, u"Hero"}, {unknown, u"Villain"}};
+    TaskService service(TestOptions(home));
+    service.SubmitUpdateMetadataTask(setting, batch, ShootMetadata());
+    EXPECT_EQ(Run(service).status, OutcomeStatus::Succeeded);
+
+    const std::vector<Proj::ProjectItem> items = ProjectItems();
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].name, u"Hero");
+    EXPECT_FALSE(items[0].metadata.empty());
+    EXPECT_EQ(QL::ReadXmpProperty(Fnd::ToUTF8(In(source, u"A002.xmp")), kShootNamespace, u"take"), u"3");
+}
+
+TEST_F(TaskServiceImportTest, TranscodeTasksFailWithTheirReasonAndTheRestOfTheBatchRuns) {
+    tree.MakeFile("card/A001.MOV", "frames");
+    QL::IngestTask::TranscodeSetting transcode;
+    transcode.enabled = true;
+    QL::IngestTask::TranscodeClipEntry clip;
+    clip.path = In(source, u"A001.MOV");
+    transcode.clips.push_back(clip);
+    transcode.outputPath = backup;
+    TaskService service(TestOptions(home));
+    service.SubmitCopyTask(CopyOf({FileUnit(source, primary, "A001.MOV")}, QL::IngestTask::kVerifyMD5, true),
+                           batch, {});
+    service.SubmitTranscodeTask(transcode, batch, {});
+    service.SubmitConcatenateTask(transcode, batch, {});
+    const BatchOutcomeMessage& outcome = Run(service);
+    EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
+    EXPECT_EQ(outcome.tasksFailed, 2u);
+    EXPECT_EQ(outcome.itemsImported, 1u);
+    ASSERT_EQ(log.tasks.size(), 3u);
+    EXPECT_EQ(log.tasks[0].status, OutcomeStatus::Succeeded);
+    for (const std::size_t i : {1u, 2u}) {
+        EXPECT_EQ(log.tasks[i].status, OutcomeStatus::Failed);
+        EXPECT_EQ(log.tasks[i].reason, u"transcoding is not available in this build");
+    }
+    EXPECT_EQ(log.tasks[1].kind, TaskKind::Transcode);
+    EXPECT_EQ(log.tasks[2].kind, TaskKind::Concatenate);
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(backup, false));
+}
+
+} // namespace
+} // namespace igd::test
