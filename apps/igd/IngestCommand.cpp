@@ -81,6 +81,8 @@ int RunIngest(const IngestOptions& options) {
     }
     sources = DistinctSources(sources);
 
+    for (const Fnd::WString& destination : destinations)
+        run.destinations.push_back(Fnd::ToUTF8(destination));
     run.bin = Fnd::FromUTF8(options.bin);
     run.json = options.json;
     const TerminalQuestions questions(options.onConflict);

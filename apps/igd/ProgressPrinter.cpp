@@ -1,5 +1,6 @@
 #include "ProgressPrinter.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <sstream>
 
@@ -61,6 +62,34 @@ const char* VerifyName(std::uint32_t mode) {
     default:
         return "none";
     }
+}
+
+const char* VerifiedByName(VerifiedBy way) {
+    switch (way) {
+    case VerifiedBy::NotVerified:
+        return "none";
+    case VerifiedBy::Size:
+        return "size";
+    case VerifiedBy::DirectRead:
+        return "direct-read";
+    case VerifiedBy::DroppedCache:
+        return "dropped-cache";
+    }
+    return "none";
+}
+
+const char* VerifiedByText(VerifiedBy way) {
+    switch (way) {
+    case VerifiedBy::Size:
+        return "sizes compared";
+    case VerifiedBy::DirectRead:
+        return "read back from the disk, past the page cache (direct I/O)";
+    case VerifiedBy::DroppedCache:
+        return "read back after dropping its cached pages (the filesystem refuses direct I/O)";
+    case VerifiedBy::NotVerified:
+        break;
+    }
+    return "not verified";
 }
 
 std::string Seconds(double value) {
@@ -133,15 +162,34 @@ void ProgressPrinter::OnProgress(const BatchProgressMessage& progress) {
     barShown_ = true;
 }
 
+void ProgressPrinter::NoteVerification(const std::string& finalPath, VerifiedBy way) {
+    std::string destination;
+    for (const std::string& root : destinations_)
+        if (root.size() > destination.size() && finalPath.size() > root.size() &&
+            finalPath.compare(0, root.size(), root) == 0 && finalPath[root.size()] == '/')
+            destination = root;
+    if (destination.empty())
+        destination = finalPath.substr(0, finalPath.rfind('/'));
+    auto entry = std::find_if(verification_.begin(), verification_.end(),
+                              [&](const auto& known) { return known.first == destination; });
+    if (entry == verification_.end())
+        entry = verification_.insert(verification_.end(), {destination, {}});
+    if (std::find(entry->second.begin(), entry->second.end(), way) == entry->second.end())
+        entry->second.push_back(way);
+}
+
 void ProgressPrinter::OnFile(const FileOutcomeMessage& file) {
     if (file.status == FileStatus::Failed)
         problems_.push_back(U(file.target) + ": " + U(file.reason));
+    if (file.status == FileStatus::Copied && file.verifiedBy != VerifiedBy::NotVerified)
+        NoteVerification(U(file.finalPath.empty() ? file.target : file.finalPath), file.verifiedBy);
     if (style_ == OutputStyle::Json) {
         out_ << "{\"event\":\"file\",\"batch\":" << JsonString(file.batch.ToString())
              << ",\"status\":" << JsonString(FileStatusName(file.status))
              << ",\"source\":" << JsonString(U(file.source)) << ",\"target\":" << JsonString(U(file.target))
              << ",\"finalPath\":" << JsonString(U(file.finalPath))
              << ",\"verify\":" << JsonString(VerifyName(file.verifyMode))
+             << ",\"verifiedBy\":" << JsonString(VerifiedByName(file.verifiedBy))
              << ",\"checksum\":" << JsonString(file.checksum) << ",\"bytes\":" << file.bytes
              << ",\"reason\":" << JsonString(U(file.reason)) << "}\n"
              << std::flush;
@@ -229,6 +277,9 @@ void ProgressPrinter::PrintSummary() {
     summary << ", " << skipped_ << " skipped, " << failed_ << " failed, " << imported_
             << " imported into the project.";
     out_ << summary.str() << "\n";
+    for (const auto& [destination, ways] : verification_)
+        for (const VerifiedBy way : ways)
+            out_ << "  " << destination << ": " << VerifiedByText(way) << "\n";
     for (const std::string& problem : problems_)
         out_ << "  " << problem << "\n";
     out_ << std::flush;

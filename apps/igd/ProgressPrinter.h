@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Fnd/Listener.h"
@@ -26,6 +27,8 @@ public:
 
     void ListenToMessage(const Fnd::StationID& station, const Fnd::Message& message) override;
 
+    // The destination folders of the run; a copy outside them is reported under its own folder.
+    void SetDestinations(std::vector<std::string> destinations) { destinations_ = std::move(destinations); }
     void PrintSummary();
     // Something failed or was cancelled: the command must not answer success.
     bool AnyTrouble() const;
@@ -57,6 +60,11 @@ private:
     std::uint64_t bytesRead_ = 0;
     double seconds_ = 0;
     std::vector<std::string> problems_;
+    std::vector<std::string> destinations_;
+    // Per destination, each way its copies were checked, in the order first met.
+    std::vector<std::pair<std::string, std::vector<QL::Engine::VerifiedBy>>> verification_;
+
+    void NoteVerification(const std::string& finalPath, QL::Engine::VerifiedBy way);
 };
 
 } // namespace igd

@@ -81,6 +81,7 @@ int RunTaskService(const ServiceRunOptions& options,
                               : isatty(STDOUT_FILENO) != 0 ? OutputStyle::Bar
                                                            : OutputStyle::Lines;
     ProgressPrinter printer(std::cout, style);
+    printer.SetDestinations(options.destinations);
 
     if (const int early = submit(*service); early != 0)
         return early;

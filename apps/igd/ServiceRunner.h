@@ -1,6 +1,7 @@
 #pragma once
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "Fnd/WString.h"
 #include "QL/Engine/TaskService.h"
@@ -11,6 +12,8 @@ struct ServiceRunOptions {
     std::string projectPath; // empty: the default project
     Fnd::WString bin;        // empty: the root bin
     bool json = false;
+    // The folders copied to, so that the summary can say how each was verified.
+    std::vector<std::string> destinations;
 };
 
 // Creates the task service, installs it for the library, lets submit hand it work, and runs the

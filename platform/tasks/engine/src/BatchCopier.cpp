@@ -153,11 +153,11 @@ void BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome, std::uint
         ++counters_.filesCancelled;
         break;
     }
-    PostOutcome(run_, file, status, verifyMode);
+    PostOutcome(run_, file, status, verifyMode, outcome.verifiedBy);
 }
 
 void BatchCopier::PostOutcome(const BatchRun& run, const FileRecord& file, FileStatus status,
-                              std::uint32_t verifyMode) {
+                              std::uint32_t verifyMode, VerifiedBy verifiedBy) {
     FileOutcomeMessage message;
     message.batch = run.batch;
     message.source = file.source;
@@ -167,6 +167,7 @@ void BatchCopier::PostOutcome(const BatchRun& run, const FileRecord& file, FileS
     message.reason = Fnd::FromUTF8(file.reason);
     message.checksum = file.checksum;
     message.verifyMode = verifyMode;
+    message.verifiedBy = verifiedBy;
     message.bytes = file.size;
     Fnd::StationUtils::PostMessageToUIThread(kStation_TaskService, message, false);
 }

@@ -21,7 +21,7 @@ public:
 
     // Posts the outcome of one file as it stands.
     static void PostOutcome(const BatchRun& run, const FileRecord& file, FileStatus status,
-                            std::uint32_t verifyMode);
+                            std::uint32_t verifyMode, VerifiedBy verifiedBy = VerifiedBy::NotVerified);
 
 private:
     struct GroupSource {

@@ -74,6 +74,20 @@ TEST_P(VerifyModeTest, CopiesVerifiesAndJournalsEachFileOnlyOnceStarted) {
     const std::string expectedSum =
         GetParam().mode == QL::IngestTask::kVerifyMD5 ? "6f5902ac237024bdd0c176cb93063dc4" : "";
     EXPECT_EQ(small->checksum, expectedSum);
+    // The host is told how the copy was read back; only a filesystem that refuses direct I/O
+    // makes it drop the cache instead.
+    switch (GetParam().mode) {
+    case QL::IngestTask::kVerifyMD5:
+    case QL::IngestTask::kVerifyBitByBit:
+        EXPECT_TRUE(small->verifiedBy == QL::Engine::VerifiedBy::DirectRead ||
+                    small->verifiedBy == QL::Engine::VerifiedBy::DroppedCache);
+        break;
+    case QL::IngestTask::kVerifyFileSize:
+        EXPECT_EQ(small->verifiedBy, QL::Engine::VerifiedBy::Size);
+        break;
+    default:
+        EXPECT_EQ(small->verifiedBy, QL::Engine::VerifiedBy::NotVerified);
+    }
 
     const auto journal = service.GetJournal().LoadBatch(batch);
     ASSERT_TRUE(journal.has_value());

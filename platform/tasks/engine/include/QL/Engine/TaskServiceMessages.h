@@ -7,6 +7,7 @@
 #include "Fnd/Listener.h"
 #include "Fnd/Message.h"
 #include "Fnd/WString.h"
+#include "QL/Engine/FileCopier.h"
 #include "QL/Engine/TaskKind.h"
 #include "fluxcore/Guid.h"
 
@@ -48,6 +49,9 @@ struct FileOutcomeMessage : Fnd::MessageT<FileOutcomeMessage> {
     Fnd::WString reason;  // one line, for a failure
     std::string checksum; // hex MD5 of the source when verified by MD5
     std::uint32_t verifyMode = 0xFFFFFFFFu;
+    // How this copy was checked: a host says per destination whether the copy was read back past
+    // the page cache or only after dropping it.
+    VerifiedBy verifiedBy = VerifiedBy::NotVerified;
     std::uint64_t bytes = 0;
 };
 
