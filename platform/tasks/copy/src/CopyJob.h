@@ -16,8 +16,9 @@ struct CopyJob {
     std::string source;
     struct stat sourceStatus {};
     std::uint32_t verifyMode = 0;
-    std::size_t bufferBytes = 0;   // of each chunk
-    std::size_t readBackBytes = 0; // of each buffer that reads a copy or the source back
+    std::size_t bufferBytes = 0;       // of each chunk
+    std::size_t readBackBytes = 0;     // of each buffer that reads a copy or the source back
+    std::size_t readBacksInFlight = 1; // per copy, for an MD5 check
     // Bytes between flushes that let verification trail the writing; 0: one flush at the end.
     std::uint64_t flushEvery = 0;
     CopyControl* control = nullptr;

@@ -20,13 +20,15 @@ std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t 
 } // namespace
 
 CopyVerifier::CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,
-                           CopyControl& control)
-    : verifyMode_(verifyMode), sourcePath_(std::move(sourcePath)), control_(control),
-      copyBuffer_(bufferBytes) {
-    if (verifyMode_ == IngestTask::kVerifyMD5)
+                           std::size_t readsInFlight, CopyControl& control)
+    : verifyMode_(verifyMode), sourcePath_(std::move(sourcePath)), control_(control) {
+    if (verifyMode_ == IngestTask::kVerifyMD5) {
         md5_ = std::make_unique<Md5>();
-    else
+        pipeline_ = std::make_unique<ReadBackPipeline>(copy_, bufferBytes, readsInFlight);
+    } else {
+        copyBuffer_ = std::make_unique<AlignedBuffer>(bufferBytes);
         sourceBuffer_ = std::make_unique<AlignedBuffer>(bufferBytes);
+    }
 }
 
 std::string CopyVerifier::Open(const std::string& copyPath) {
@@ -68,7 +70,27 @@ bool CopyVerifier::CheckToEnd(const SourceEnd& source) {
 bool CopyVerifier::Check(std::uint64_t upTo, bool toEnd) {
     if (Failed() || cancelled_)
         return false;
-    const std::size_t bufferBytes = copyBuffer_.Size();
+    return md5_ ? HashUpTo(upTo, toEnd) : CompareUpTo(upTo, toEnd);
+}
+
+bool CopyVerifier::HashUpTo(std::uint64_t upTo, bool toEnd) {
+    const bool completed = pipeline_->Run(
+        checked_, upTo, toEnd, [&](const std::byte* data, const IoResult& read, std::uint64_t) {
+            if (!control_.Checkpoint()) {
+                cancelled_ = true;
+                return false;
+            }
+            if (read.error != 0)
+                return Fail(Because("could not read back the copy", read.error));
+            md5_->Update(data, read.bytes);
+            checked_ += read.bytes;
+            return true;
+        });
+    return completed && !Failed() && !cancelled_;
+}
+
+bool CopyVerifier::CompareUpTo(std::uint64_t upTo, bool toEnd) {
+    const std::size_t bufferBytes = copyBuffer_->Size();
     while (toEnd || checked_ < upTo) {
         if (!control_.Checkpoint()) {
             cancelled_ = true;
@@ -77,23 +99,18 @@ bool CopyVerifier::Check(std::uint64_t upTo, bool toEnd) {
         const std::size_t length =
             toEnd ? bufferBytes
                   : static_cast<std::size_t>(std::min<std::uint64_t>(bufferBytes, upTo - checked_));
-        const IoResult copy = copy_.Read(copyBuffer_.Data(), length, checked_);
+        const IoResult copy = copy_.Read(copyBuffer_->Data(), length, checked_);
         if (copy.error != 0)
             return Fail(Because("could not read back the copy", copy.error));
-        if (md5_) {
-            md5_->Update(copyBuffer_.Data(), copy.bytes);
-        } else {
-            const IoResult source = source_.Read(sourceBuffer_->Data(), length, checked_);
-            if (source.error != 0)
-                return Fail(Because("source could not be read back", source.error));
-            const std::size_t common = std::min(copy.bytes, source.bytes);
-            const std::size_t differs = FirstDifference(copyBuffer_.Data(), sourceBuffer_->Data(), common);
-            if (differs != common)
-                return Fail("verification failed: contents differ at byte " +
-                            std::to_string(checked_ + differs));
-            if (copy.bytes != source.bytes)
-                return Fail("verification failed: sizes differ");
-        }
+        const IoResult source = source_.Read(sourceBuffer_->Data(), length, checked_);
+        if (source.error != 0)
+            return Fail(Because("source could not be read back", source.error));
+        const std::size_t common = std::min(copy.bytes, source.bytes);
+        const std::size_t differs = FirstDifference(copyBuffer_->Data(), sourceBuffer_->Data(), common);
+        if (differs != common)
+            return Fail("verification failed: contents differ at byte " + std::to_string(checked_ + differs));
+        if (copy.bytes != source.bytes)
+            return Fail("verification failed: sizes differ");
         checked_ += copy.bytes;
         if (copy.bytes < length)
             break;

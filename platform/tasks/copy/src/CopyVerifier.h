@@ -10,6 +10,7 @@
 #include "MediumReader.h"
 #include "QL/Engine/CopyControl.h"
 #include "QL/Engine/FileCopier.h"
+#include "ReadBackPipeline.h"
 
 namespace QL::Engine {
 
@@ -19,9 +20,10 @@ namespace QL::Engine {
 // being written, so that checking costs little more time than writing.
 class CopyVerifier {
 public:
-    // verifyMode is kVerifyMD5 or kVerifyBitByBit.
+    // verifyMode is kVerifyMD5 or kVerifyBitByBit. An MD5 check keeps readsInFlight reads of
+    // bufferBytes going while it hashes; a byte-by-byte one reads copy and source in turn.
     CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,
-                 CopyControl& control);
+                 std::size_t readsInFlight, CopyControl& control);
 
     // Opens the copy (and, byte by byte, the source) for reading back. Empty, or the reason.
     std::string Open(const std::string& copyPath);
@@ -40,6 +42,8 @@ public:
 
 private:
     bool Check(std::uint64_t upTo, bool toEnd);
+    bool HashUpTo(std::uint64_t upTo, bool toEnd);
+    bool CompareUpTo(std::uint64_t upTo, bool toEnd);
     bool Fail(std::string reason);
 
     const std::uint32_t verifyMode_;
@@ -47,7 +51,8 @@ private:
     CopyControl& control_;
     MediumReader copy_;
     MediumReader source_;
-    AlignedBuffer copyBuffer_;
+    std::unique_ptr<ReadBackPipeline> pipeline_;
+    std::unique_ptr<AlignedBuffer> copyBuffer_;
     std::unique_ptr<AlignedBuffer> sourceBuffer_;
     std::unique_ptr<Md5> md5_;
     std::uint64_t checked_ = 0;

@@ -23,7 +23,7 @@ int MediumReader::Open(const std::string& path) {
 }
 
 IoResult MediumReader::Read(std::byte* data, std::size_t length, std::uint64_t offset) {
-    if (direct_) {
+    if (Direct()) {
         const IoResult result = ReadAt(fd_, data, RoundUpToAlignment(length), offset, /*direct=*/true);
         if (result.error != EINVAL) {
             IoResult clipped = result;
@@ -34,7 +34,7 @@ IoResult MediumReader::Read(std::byte* data, std::size_t length, std::uint64_t o
         // Some filesystems take O_DIRECT at open and refuse it at the first read.
         if (!ClearDirect(fd_))
             return IoResult{0, errno};
-        direct_ = false;
+        direct_.store(false, std::memory_order_release);
     }
     ::posix_fadvise(fd_, static_cast<off_t>(offset), static_cast<off_t>(length), POSIX_FADV_DONTNEED);
     return ReadAt(fd_, data, length, offset);

@@ -1,4 +1,5 @@
 #pragma once
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -10,7 +11,8 @@ namespace QL::Engine {
 // Reads a file back from the storage medium rather than from the page cache, which would only
 // prove that memory holds the right bytes. Uses O_DIRECT where the filesystem takes it; where it
 // refuses (EINVAL), each range's cached pages are dropped just before it is read. The caller
-// flushes what it reads first: only clean pages can be dropped.
+// flushes what it reads first: only clean pages can be dropped. Reads may run on several threads
+// at once.
 class MediumReader {
 public:
     MediumReader() = default;
@@ -21,7 +23,7 @@ public:
     // 0, or the errno of the open.
     int Open(const std::string& path);
     // False once the filesystem has refused direct reads, at open or at a read.
-    bool Direct() const { return direct_; }
+    bool Direct() const { return direct_.load(std::memory_order_acquire); }
 
     // Up to length bytes at offset; offset and the buffer are aligned, length is rounded up to the
     // alignment by the caller's buffer. Short only at the end of the file.
@@ -29,7 +31,7 @@ public:
 
 private:
     int fd_ = -1;
-    bool direct_ = false;
+    std::atomic<bool> direct_{false};
 };
 
 } // namespace QL::Engine

@@ -11,8 +11,7 @@
 
 namespace QL::Engine {
 
-SourceReader::SourceReader(std::string path, bool hash)
-    : path_(std::move(path)), md5_(hash ? std::make_unique<Md5>() : nullptr) {}
+SourceReader::SourceReader(std::string path) : path_(std::move(path)) {}
 
 SourceReader::~SourceReader() {
     if (fd_ >= 0)
@@ -29,23 +28,34 @@ int SourceReader::Open() {
         return EISDIR;
     if (!S_ISREG(status_.st_mode))
         return EINVAL;
-    ::posix_fadvise(fd_, 0, 0, POSIX_FADV_SEQUENTIAL);
+    // Read past the page cache: copying every byte out of it costs a CPU the hashing needs, and a
+    // card's media would only push out pages worth keeping. The kernel's read-ahead is the
+    // fallback where direct reads are refused.
+    direct_ = SetDirect(fd_);
+    if (!direct_)
+        ::posix_fadvise(fd_, 0, 0, POSIX_FADV_SEQUENTIAL);
     return 0;
 }
 
 int SourceReader::ReadInto(Chunk& chunk) {
     chunk.offset = done_;
-    const IoResult read = ReadAt(fd_, chunk.buffer.Data(), chunk.buffer.Size(), done_);
+    IoResult read = ReadAt(fd_, chunk.buffer.Data(), chunk.buffer.Size(), done_, direct_);
+    // Some filesystems take O_DIRECT at open and refuse it at the first read.
+    if (direct_ && read.error == EINVAL) {
+        if (!ClearDirect(fd_))
+            return errno;
+        direct_ = false;
+        ::posix_fadvise(fd_, 0, 0, POSIX_FADV_SEQUENTIAL);
+        read = ReadAt(fd_, chunk.buffer.Data(), chunk.buffer.Size(), done_);
+    }
     chunk.length = read.bytes;
     if (read.error != 0)
         return read.error;
     done_ += read.bytes;
-    if (read.bytes != 0) {
-        // Start the disk on the next chunk while this one is hashed and written.
+    if (read.bytes != 0 && !direct_) {
+        // Start the disk on the next chunk while this one is handed on.
         ::posix_fadvise(fd_, static_cast<off_t>(done_), static_cast<off_t>(chunk.buffer.Size()),
                         POSIX_FADV_WILLNEED);
-        if (md5_)
-            md5_->Update(chunk.buffer.Data(), read.bytes);
     }
     return 0;
 }
@@ -68,8 +78,6 @@ SourceEnd SourceReader::Finish() {
     }
     end.kind = SourceEnd::Kind::Complete;
     end.size = done_;
-    if (md5_)
-        end.md5 = md5_->FinishHex();
     return end;
 }
 

@@ -68,8 +68,8 @@ bool TargetCopy::Prepare() {
         return false;
     }
     if (NeedsReadBack(job_.verifyMode)) {
-        verifier_ =
-            std::make_unique<CopyVerifier>(job_.verifyMode, job_.source, job_.readBackBytes, *job_.control);
+        verifier_ = std::make_unique<CopyVerifier>(job_.verifyMode, job_.source, job_.readBackBytes,
+                                                   job_.readBacksInFlight, *job_.control);
         if (std::string reason = verifier_->Open(temporary_); !reason.empty()) {
             Fail(std::move(reason));
             return false;

@@ -67,10 +67,11 @@ using ProgressFunction = std::function<void(std::uint64_t sourceBytesDone)>;
 // the source's modification time, and only then renamed to its final name. A failing target
 // does not stop the others.
 //
-// Memory is bounded whatever the file size: four chunks shared by all targets, and per target one
-// read-back buffer of at most 2 MiB (two for bit by bit). Verification runs behind the writing,
-// on regions already flushed, so that it costs little more time than the writing itself. CopyFile
-// may run on several threads at once. A value that is no copy action or verify mode, or a target
+// Memory is bounded whatever the file size: four chunks shared by all targets, and per target
+// four read-back buffers of at most 2 MiB each, read into at once (two buffers, one read at a
+// time, for bit by bit). Verification runs behind the writing, on regions already flushed, so
+// that it costs little more time than the writing itself. CopyFile may run on several threads at
+// once. A value that is no copy action or verify mode, or a target
 // path that names no file, is a fault of the caller: std::invalid_argument.
 class FileCopier {
 public:
