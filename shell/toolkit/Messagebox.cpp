@@ -1,5 +1,6 @@
 #include "shell/toolkit/fluxui/Messagebox.h"
 
+#include <stdexcept>
 #include <vector>
 
 #include "Fnd/InteractionDriver.h"
@@ -30,6 +31,34 @@ void ShowStop(const Fnd::WString& text) {
     request.buttons = {OKLabel()};
     request.icon = Fnd::BoxIcon::Stop;
     Fnd::GetInteractionDriver().AskMessageBox(request);
+}
+
+void ShowStop(sketcher::SupplierInterface* supplier, const Fnd::WString& title, const Fnd::WString& text,
+              ui::UI_Node* parent) {
+    Fnd::MessageBoxRequest request;
+    request.title = title;
+    request.text = text;
+    request.buttons = {OKLabel()};
+    request.icon = Fnd::BoxIcon::Stop;
+    Fnd::GetInteractionDriver().AskMessageBox(request);
+}
+
+int Messagebox(sketcher::SupplierInterface* supplier, const Fnd::WString& title, const Fnd::WString& text,
+               ui::UI_Node* parent, const std::vector<Fnd::WString>& labels, int defaultButton,
+               int cancelButton) {
+    if (labels.empty() || labels.size() > 3)
+        throw std::invalid_argument("Messagebox: a box has one to three buttons");
+    const int count = static_cast<int>(labels.size());
+    if (defaultButton < 0 || defaultButton >= count || cancelButton < 0 || cancelButton >= count)
+        throw std::invalid_argument("Messagebox: the default and cancel buttons must be among the buttons");
+    Fnd::MessageBoxRequest request;
+    request.title = title;
+    request.text = text;
+    request.buttons = labels;
+    request.defaultButton = defaultButton;
+    request.icon = Fnd::BoxIcon::Question;
+    const int pressed = Fnd::GetInteractionDriver().AskMessageBox(request);
+    return pressed >= 0 && pressed < count ? pressed : cancelButton;
 }
 
 } // namespace fluxui::dialogs::messagebox

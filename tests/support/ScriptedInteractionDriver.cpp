@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "Fnd/RunLoop.h"
+
 namespace igd::test {
 
 void ScriptedInteractionDriver::QueueExistingPathAnswer(int action, bool applyToAll) {
@@ -39,6 +41,36 @@ ScriptedInteractionDriver::AskExistingPath(const Fnd::ExistingPathQuestion& ques
     const Fnd::ExistingPathAnswer answer = existingPathAnswers_.front();
     existingPathAnswers_.pop_front();
     return answer;
+}
+
+void ScriptedInteractionDriver::RunModal(Fnd::IModalSession& session) {
+    modalTitles_.push_back(session.ModalTitle());
+    if (modalActions_.empty()) {
+        ADD_FAILURE() << "unscripted modal run of \"" << Fnd::ToUTF8(session.ModalTitle()) << "\"";
+        session.CloseByUser();
+        return;
+    }
+    const auto action = std::move(modalActions_.front());
+    modalActions_.pop_front();
+    action(session);
+    Fnd::GetDefaultQueue().Drain();
+    if (!session.IsCloseRequested()) {
+        ADD_FAILURE() << "the scripted action left \"" << Fnd::ToUTF8(session.ModalTitle()) << "\" open";
+        session.CloseByUser();
+    }
+}
+
+bool ScriptedInteractionDriver::AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) {
+    folders_.push_back(question);
+    if (folderAnswers_.empty()) {
+        ADD_FAILURE() << "unscripted folder question \"" << Fnd::ToUTF8(question.title) << "\"";
+        return false;
+    }
+    const auto answer = folderAnswers_.front();
+    folderAnswers_.pop_front();
+    if (answer.first)
+        chosen = answer.second;
+    return answer.first;
 }
 
 ScopedInteractionDriver::ScopedInteractionDriver() : driver_(std::make_shared<ScriptedInteractionDriver>()) {

@@ -1,6 +1,15 @@
 #pragma once
 // Message boxes of the toolkit. Every box is a modal run answered through the interaction driver.
+#include <vector>
+
 #include "Fnd/WString.h"
+
+namespace fluxui::sketcher {
+class SupplierInterface;
+}
+namespace fluxui::ui {
+class UI_Node;
+}
 
 namespace fluxui::dialogs::messagebox {
 
@@ -9,6 +18,16 @@ void Messagebox(const Fnd::WString& title, const Fnd::WString& text);
 
 // A stop box titled with the application's name, one OK button.
 void ShowStop(const Fnd::WString& text);
+
+// A stop box with an OK button, over a parent node (or none).
+void ShowStop(sketcher::SupplierInterface* supplier, const Fnd::WString& title, const Fnd::WString& text,
+              ui::UI_Node* parent);
+
+// A question box with up to three labelled buttons; answers the index of the button pressed.
+// Closing the box by other means answers cancelButton.
+int Messagebox(sketcher::SupplierInterface* supplier, const Fnd::WString& title, const Fnd::WString& text,
+               ui::UI_Node* parent, const std::vector<Fnd::WString>& labels, int defaultButton,
+               int cancelButton);
 
 } // namespace fluxui::dialogs::messagebox
 

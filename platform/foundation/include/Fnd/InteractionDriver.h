@@ -1,6 +1,7 @@
 #pragma once
 // Every question the system asks a person goes through one interaction driver: the desktop host
 // shows real dialogs, the command-line host answers from flags or the terminal, tests script it.
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -35,12 +36,34 @@ struct ExistingPathAnswer {
     bool applyToAll = false;
 };
 
+// A modal window being run. The driver presents it and lets the person work in it until a close
+// is requested; the window is found again through its platform handle.
+class IModalSession {
+public:
+    virtual ~IModalSession() = default;
+    virtual WString ModalTitle() const = 0;
+    virtual std::uintptr_t ModalPlatformWindow() const = 0;
+    virtual bool IsCloseRequested() const = 0;
+    // The person closed the window by its close box or by Escape.
+    virtual void CloseByUser() = 0;
+};
+
+struct FolderQuestion {
+    WString title;
+    WString defaultDirectory;
+};
+
 class IInteractionDriver {
 public:
     virtual ~IInteractionDriver() = default;
     // Answers the index of the button pressed.
     virtual int AskMessageBox(const MessageBoxRequest& request) = 0;
     virtual ExistingPathAnswer AskExistingPath(const ExistingPathQuestion& question) = 0;
+    // Returns when the session has a close requested. A driver that cannot show windows closes it
+    // as the person would, so nothing is ever confirmed unasked.
+    virtual void RunModal(IModalSession& session) { session.CloseByUser(); }
+    // True with the chosen folder; false when cancelled.
+    virtual bool AskFolder(const FolderQuestion& question, WString& chosen) { return false; }
 };
 
 // Without an installed driver nobody can answer: every box answers its default button and every

@@ -1,0 +1,23 @@
+#pragma once
+#include "shell/toolkit/fluxui/controls/UI_PictureSupplyMessage.h"
+#include "shell/toolkit/fluxui/controls/UI_Popup.h"
+
+namespace fluxui::controls {
+
+// A popup shown as a picture instead of the chosen item's text.
+class UI_PicturePopup : public UI_Popup {
+public:
+    UI_PicturePopup() : UI_Popup(PopupType::Picture) {}
+    const char* UI_GetClassName() const override { return "UI_PicturePopup"; }
+
+    void SetImageSupplyFunction(ImageSupplyFunctionPtr function) {
+        supply_ = std::move(function);
+        NotifyObserver(ui::NodeChange::Appearance);
+    }
+    std::string GetPicture(PictureState state) const { return SupplyPicture(supply_, state); }
+
+private:
+    ImageSupplyFunctionPtr supply_;
+};
+
+} // namespace fluxui::controls

@@ -1,0 +1,24 @@
+#pragma once
+#include "shell/toolkit/fluxui/controls/UI_Button.h"
+
+namespace fluxui::controls {
+
+class UI_TextButton : public UI_Button {
+public:
+    UI_TextButton() = default;
+    explicit UI_TextButton(Fnd::WString text) : text_(std::move(text)) {}
+    const char* UI_GetClassName() const override { return "UI_TextButton"; }
+
+    void SetText(const Fnd::WString& text) {
+        if (text == text_)
+            return;
+        text_ = text;
+        NotifyObserver(ui::NodeChange::Value);
+    }
+    const Fnd::WString& GetText() const { return text_; }
+
+private:
+    Fnd::WString text_;
+};
+
+} // namespace fluxui::controls
