@@ -39,18 +39,6 @@ const char* FileStatusName(FileStatus status) {
     return "?";
 }
 
-const char* OutcomeName(OutcomeStatus status) {
-    switch (status) {
-    case OutcomeStatus::Succeeded:
-        return "succeeded";
-    case OutcomeStatus::Failed:
-        return "failed";
-    case OutcomeStatus::Cancelled:
-        return "cancelled";
-    }
-    return "?";
-}
-
 const char* VerifyName(std::uint32_t mode) {
     switch (mode) {
     case 0:
@@ -212,7 +200,7 @@ void ProgressPrinter::OnTask(const TaskOutcomeMessage& task) {
     if (style_ == OutputStyle::Json) {
         out_ << "{\"event\":\"task\",\"batch\":" << JsonString(task.batch.ToString())
              << ",\"task\":" << task.task << ",\"kind\":" << JsonString(std::string(TaskKindName(task.kind)))
-             << ",\"status\":" << JsonString(OutcomeName(task.status))
+             << ",\"status\":" << JsonString(OutcomeStatusName(task.status))
              << ",\"filesFailed\":" << task.filesFailed << ",\"itemsImported\":" << task.itemsImported
              << ",\"reason\":" << JsonString(U(task.reason)) << "}\n"
              << std::flush;
@@ -240,7 +228,7 @@ void ProgressPrinter::OnBatch(const BatchOutcomeMessage& batch) {
         ++batchesCancelled_;
     if (style_ == OutputStyle::Json) {
         out_ << "{\"event\":\"batch\",\"batch\":" << JsonString(batch.batch.ToString())
-             << ",\"status\":" << JsonString(OutcomeName(batch.status))
+             << ",\"status\":" << JsonString(OutcomeStatusName(batch.status))
              << ",\"filesCopied\":" << batch.filesCopied << ",\"filesSkipped\":" << batch.filesSkipped
              << ",\"filesAlreadyCopied\":" << batch.filesAlreadyCopied
              << ",\"filesFailed\":" << batch.filesFailed << ",\"filesCancelled\":" << batch.filesCancelled

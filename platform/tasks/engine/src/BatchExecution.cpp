@@ -49,18 +49,6 @@ void PostTaskOutcome(const BatchRun& run, std::uint32_t position, const RunTask&
     Fnd::StationUtils::PostMessageToUIThread(kStation_TaskService, message, false);
 }
 
-std::string_view OutcomeName(OutcomeStatus status) {
-    switch (status) {
-    case OutcomeStatus::Succeeded:
-        return "succeeded";
-    case OutcomeStatus::Failed:
-        return "failed";
-    case OutcomeStatus::Cancelled:
-        return "cancelled";
-    }
-    return "failed";
-}
-
 BatchOutcomeMessage Outcome(const BatchRun& run, const BatchCounters& counters, bool cancelled) {
     BatchOutcomeMessage outcome;
     outcome.batch = run.batch;
@@ -114,7 +102,7 @@ void ExecuteBatch(BatchRun& run, Journal& journal, CopyBackend& backend,
         counters.itemsImported += result.itemsImported;
         // An interrupted batch stays resumable: its tasks are not over.
         if (!run.interrupted)
-            runJournal.MarkTaskFinished(task, OutcomeName(result.status), result.reason);
+            runJournal.MarkTaskFinished(task, OutcomeStatusName(result.status), result.reason);
         PostTaskOutcome(run, position, task, result);
     }
 

@@ -57,6 +57,9 @@ struct FileOutcomeMessage : Fnd::MessageT<FileOutcomeMessage> {
 
 enum class OutcomeStatus : std::uint8_t { Succeeded, Failed, Cancelled };
 
+// Stable names: stored in the journal and printed by hosts.
+std::string_view OutcomeStatusName(OutcomeStatus status);
+
 // One task, once its copies and imports are over.
 struct TaskOutcomeMessage : Fnd::MessageT<TaskOutcomeMessage> {
     static constexpr std::string_view kTypeName = "QL::Engine::TaskOutcomeMessage";
