@@ -43,6 +43,23 @@ public:
     }
 
     void SetWantsKeyboardFocus(bool wants) { wantsFocus_ = wants; }
+
+    // Shown pressed in, as a divider drawn sunken or a button held down.
+    void SetDownState(bool down) {
+        if (down == downState_)
+            return;
+        downState_ = down;
+        NotifyObserver(ui::NodeChange::Appearance);
+    }
+    bool IsDownState() const { return downState_; }
+    // Points; 0 leaves the presenter's standard size.
+    void SetFontSize(float size) {
+        if (size == fontSize_)
+            return;
+        fontSize_ = size;
+        NotifyObserver(ui::NodeChange::Appearance);
+    }
+    float GetFontSize() const { return fontSize_; }
     bool UI_WantsKeyboardFocus() const override { return wantsFocus_; }
 
 protected:
@@ -54,6 +71,8 @@ protected:
 private:
     bool valueUnknown_ = false;
     bool wantsFocus_ = false;
+    bool downState_ = false;
+    float fontSize_ = 0.0f;
     ControlNotifyFunctionPtr changed_;
 };
 

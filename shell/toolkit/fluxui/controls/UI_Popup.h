@@ -35,6 +35,14 @@ public:
     void SetAllowMouseScroll(bool allow) { allowMouseScroll_ = allow; }
     bool GetAllowMouseScroll() const { return allowMouseScroll_; }
     PopupType GetType() const { return type_; }
+    // A line between the chosen item and the popup's arrow.
+    void SetDrawDivider(bool draw) {
+        if (draw == drawDivider_)
+            return;
+        drawDivider_ = draw;
+        NotifyObserver(ui::NodeChange::Appearance);
+    }
+    bool GetDrawDivider() const { return drawDivider_; }
 
     // The person chose an item; a disabled item or a disabled popup cannot be chosen.
     void ChooseByUser(int number);
@@ -48,6 +56,7 @@ private:
     std::vector<Item> items_;
     int value_ = -1;
     bool allowMouseScroll_ = true;
+    bool drawDivider_ = true;
 };
 
 } // namespace fluxui::controls

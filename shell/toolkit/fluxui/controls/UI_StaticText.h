@@ -1,4 +1,5 @@
 #pragma once
+#include "shell/toolkit/fluxui/controls/TextAlignment.h"
 #include "shell/toolkit/fluxui/controls/UI_ControlView.h"
 
 namespace fluxui::controls {
@@ -17,8 +18,26 @@ public:
     }
     const Fnd::WString& GetValue() const { return text_; }
 
+    void SetAlignment(TextAlignment alignment) {
+        if (alignment == alignment_)
+            return;
+        alignment_ = alignment;
+        NotifyObserver(ui::NodeChange::Appearance);
+    }
+    TextAlignment GetAlignment() const { return alignment_; }
+    // Wraps at the width instead of running on one line.
+    void SetMultiLine(bool multiLine) {
+        if (multiLine == multiLine_)
+            return;
+        multiLine_ = multiLine;
+        NotifyObserver(ui::NodeChange::Appearance);
+    }
+    bool IsMultiLine() const { return multiLine_; }
+
 private:
     Fnd::WString text_;
+    TextAlignment alignment_ = TextAlignment::Default;
+    bool multiLine_ = false;
 };
 
 } // namespace fluxui::controls

@@ -1,4 +1,5 @@
 #pragma once
+#include "shell/toolkit/fluxui/controls/TextAlignment.h"
 #include "shell/toolkit/fluxui/controls/UI_Button.h"
 
 namespace fluxui::controls {
@@ -16,9 +17,17 @@ public:
         NotifyObserver(ui::NodeChange::Value);
     }
     const Fnd::WString& GetText() const { return text_; }
+    void SetTextAlignment(TextAlignment alignment) {
+        if (alignment == alignment_)
+            return;
+        alignment_ = alignment;
+        NotifyObserver(ui::NodeChange::Appearance);
+    }
+    TextAlignment GetTextAlignment() const { return alignment_; }
 
 private:
     Fnd::WString text_;
+    TextAlignment alignment_ = TextAlignment::Default;
 };
 
 } // namespace fluxui::controls

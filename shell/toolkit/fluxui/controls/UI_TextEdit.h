@@ -1,11 +1,11 @@
 #pragma once
 #include <optional>
 
+#include "shell/toolkit/fluxui/controls/TextAlignment.h"
 #include "shell/toolkit/fluxui/controls/UI_InteractiveControlView.h"
 
 namespace fluxui::controls {
 
-enum class TextAlignment { Default, Left, Center, Right };
 enum class EditEnd { Commit, Cancel };
 
 using EditEndsFunction = std::function<void(EditEnd how)>;

@@ -6,6 +6,7 @@
 namespace fluxui::ui {
 
 // Sides of its parent a subview keeps its distance to. Left and right together stretch it.
+// Layout archives store these bits, unchanged, as a node's Constraints.
 enum LayoutBinding : std::uint32_t {
     kBindNone = 0,
     kBindLeft = 1,

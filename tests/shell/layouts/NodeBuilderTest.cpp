@@ -1,0 +1,261 @@
+// The builder against small archives of our own: finding layouts, the custom factory, ids, and
+// the errors a broken layout gives.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "shell/AutoHintTextEdit.h"
+#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
+#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
+#include "shell/toolkit/fluxui/ui/UI_NodeBuilder.h"
+#include "shell/toolkit/fluxui/utility/OS_ResourceManager.h"
+
+namespace igd::test {
+namespace {
+
+using fluxui::ui::ControlsById;
+using fluxui::ui::LayoutError;
+using fluxui::ui::UI_NodeBuilder;
+using fluxui::ui::UI_NodeRef;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+std::string Pair(const std::string& key, const std::string& value) {
+    return "<prop.pair>\r\n<key>" + key + "</key>\r\n" + value + "\r\n</prop.pair>\r\n";
+}
+std::string List(const std::string& pairs) {
+    return "<prop.list>\r\n" + pairs + "</prop.list>";
+}
+std::string Unsigned(int value) {
+    return "<int type='unsigned' size='32'>" + std::to_string(value) + "</int>";
+}
+std::string Rect(int left, int top, int width, int height) {
+    const auto f = [](int v) { return "<float>" + std::to_string(v) + "</float>"; };
+    return List(Pair(".aptype", "<int type='signed' size='32'>1</int>") + Pair("left", f(left)) +
+                Pair("top", f(top)) + Pair("width", f(width)) + Pair("height", f(height)));
+}
+std::string Section(const std::string& name, const std::string& pairs = "") {
+    return List(Pair("sectionName", "<ustring>" + name + "</ustring>") + pairs);
+}
+std::string Numbered(const std::string& prefix, const std::vector<std::string>& maps) {
+    std::string pairs = Pair("count", Unsigned(static_cast<int>(maps.size())));
+    for (std::size_t i = 0; i < maps.size(); ++i)
+        pairs += Pair(prefix + std::to_string(i), maps[i]);
+    return List(pairs);
+}
+std::string NodeSection(const std::string& id, const std::string& bounds = Rect(0, 0, 100, 20)) {
+    return Section("UI_Node",
+                   Pair("bounds", bounds) + (id.empty() ? "" : Pair("id", "<string>" + id + "</string>")));
+}
+
+std::string SubView(const std::string& id, const std::vector<std::string>& children,
+                    const std::string& bounds = Rect(0, 0, 200, 40)) {
+    const std::string childPairs = children.empty() ? "" : Pair("children", Numbered("child-", children));
+    return List(
+        Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
+        Pair("sections", Numbered("section-", {Section("UI_SubView", childPairs), NodeSection(id, bounds)})));
+}
+
+std::string Checkbox(const std::string& id, const std::string& text, const std::string& extraNodePairs = "") {
+    return List(
+        Pair("adapter", "<ustring>fluxui::controls::UI_Checkbox</ustring>") +
+        Pair("sections",
+             Numbered("section-",
+                      {Section("UI_Checkbox", Pair("text", "<ustring>" + text + "</ustring>")),
+                       Section("UI_Button"), Section("UI_InteractiveControlView"), Section("UI_ControlView"),
+                       Section("UI_SubView"),
+                       Section("UI_Node", Pair("bounds", Rect(0, 0, 100, 20)) +
+                                              Pair("id", "<string>" + id + "</string>") + extraNodePairs)})));
+}
+
+std::string HintEdit(const std::string& id, const std::string& className = "AutoHintTextEdit") {
+    return List(Pair("adapter", "<ustring>fluxui::controls::UI_TextEdit_S</ustring>") +
+                Pair("className", "<ustring>" + className + "</ustring>") +
+                Pair("sections",
+                     Numbered("section-", {Section("UI_TextEdit_S"),
+                                           Section("UI_TextEdit", Pair("text", "<ustring>abc</ustring>")),
+                                           Section("UI_InteractiveControlView"), Section("UI_ControlView"),
+                                           Section("UI_SubView"), NodeSection(id, Rect(10, 10, 80, 22))})));
+}
+
+std::string Archive(const std::string& root) {
+    return "<?xml version='1.0'?>\r\n<prop.map version='4'>\r\n" +
+           List(Pair("UINodeArchive", Unsigned(1)) + Pair("root", root)) + "\r\n</prop.map>\r\n";
+}
+
+class NodeBuilder : public ::testing::Test {
+protected:
+    UI_NodeRef Load(const std::string& name, const fluxui::ui::CustomControlFactory& factory = {}) {
+        return UI_NodeBuilder::LoadViewFromXML(resources, nullptr, name, controls, factory);
+    }
+    // The message of the LayoutError the layout gives, or "" when it builds.
+    std::string ErrorOf(const std::string& text) {
+        resources.AddResource("XML", "igdBroken", text);
+        try {
+            Load("igdBroken");
+        } catch (const LayoutError& e) {
+            return e.what();
+        }
+        return "";
+    }
+
+    fluxui::utility::OS_ResourceManager resources{nullptr};
+    ControlsById controls;
+};
+
+TEST_F(NodeBuilder, FindsALayoutWhateverTheCaseOfItsName) {
+    for (const std::string name : {"igdVerifySetting", "IGDVERIFYSETTING", "igdverifysetting"}) {
+        ControlsById found;
+        const UI_NodeRef root = UI_NodeBuilder::LoadViewFromXML(resources, nullptr, name, found);
+        ASSERT_TRUE(root) << name;
+        EXPECT_TRUE(found.count("VerifyPopup")) << name;
+    }
+}
+
+TEST_F(NodeBuilder, AnAddedResourceTakesThePlaceOfTheStoredOne) {
+    resources.AddResource("XML", "IGDVERIFYSETTING", Archive(SubView("Replaced", {})));
+    ASSERT_TRUE(Load("igdVerifySetting"));
+    EXPECT_TRUE(controls.count("Replaced"));
+    EXPECT_FALSE(controls.count("VerifyPopup"));
+}
+
+TEST_F(NodeBuilder, AnEmptyNameBuildsNothing) {
+    EXPECT_FALSE(Load(""));
+    EXPECT_TRUE(controls.empty());
+}
+
+TEST_F(NodeBuilder, BuildsChildrenInOrderWithTheirProperties) {
+    resources.AddResource("XML", "igdTwo",
+                          Archive(SubView("", {Checkbox("First", "($$$/Test/First=One)"),
+                                               Checkbox("Second", "plain", Pair("visible", "<false/>"))})));
+    const UI_NodeRef root = Load("igdTwo");
+    ASSERT_EQ(root->ChildCount(), 2u);
+    EXPECT_EQ(root->UI_GetNodeID(), "UI_SubView"); // the default id
+    EXPECT_EQ((*root->ChildBegin())->UI_GetNodeID(), "First");
+    auto* first = dynamic_cast<fluxui::controls::UI_Checkbox*>(controls.at("First").get());
+    auto* second = dynamic_cast<fluxui::controls::UI_Checkbox*>(controls.at("Second").get());
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->GetText(), u"One");
+    EXPECT_EQ(second->GetText(), u"plain");
+    EXPECT_TRUE(first->UI_IsShown());
+    EXPECT_FALSE(second->UI_IsShown());
+    EXPECT_EQ(first->UI_GetParentNode(), root.get());
+}
+
+TEST_F(NodeBuilder, TheFirstOfARepeatedIdWins) {
+    resources.AddResource("XML", "igdTwice",
+                          Archive(SubView("", {Checkbox("Same", "a"), Checkbox("Same", "b")})));
+    Load("igdTwice");
+    auto* found = dynamic_cast<fluxui::controls::UI_Checkbox*>(controls.at("Same").get());
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->GetText(), u"a");
+}
+
+TEST_F(NodeBuilder, OffersAClassNameToTheFactoryAndUsesItsAnswer) {
+    resources.AddResource("XML", "igdHint", Archive(SubView("", {HintEdit("Hint"), Checkbox("Box", "x")})));
+    std::vector<Fnd::WString> asked;
+    const UI_NodeRef root = Load("igdHint", [&](const Fnd::WString& className) -> UI_NodeRef {
+        asked.push_back(className);
+        return UI_NodeRef(new IGD::AutoHintTextEdit());
+    });
+    EXPECT_EQ(asked, std::vector<Fnd::WString>{u"AutoHintTextEdit"}); // not asked for the checkbox
+    auto* hint = dynamic_cast<IGD::AutoHintTextEdit*>(controls.at("Hint").get());
+    ASSERT_TRUE(hint);
+    EXPECT_EQ(hint->GetValue(), u"abc");
+    EXPECT_EQ(hint->UI_GetLocalRectF(true), (fluxcore::geom::RectF{10, 10, 80, 22}));
+}
+
+TEST_F(NodeBuilder, FallsBackOnTheAdapterWithoutAFactoryOrWhenItDeclines) {
+    resources.AddResource("XML", "igdHint", Archive(SubView("", {HintEdit("Hint", "SomethingElse")})));
+    Load("igdHint", [](const Fnd::WString&) { return UI_NodeRef(); });
+    EXPECT_STREQ(controls.at("Hint")->UI_GetClassName(), "UI_TextEdit");
+    ControlsById withoutFactory;
+    UI_NodeBuilder::LoadViewFromXML(resources, nullptr, "igdHint", withoutFactory);
+    auto* edit = dynamic_cast<fluxui::controls::UI_TextEdit*>(withoutFactory.at("Hint").get());
+    ASSERT_TRUE(edit);
+    EXPECT_EQ(edit->GetValue(), u"abc");
+}
+
+TEST_F(NodeBuilder, AMissingLayoutNamesItself) {
+    EXPECT_THROW(
+        {
+            try {
+                Load("igdNoSuchLayout");
+            } catch (const LayoutError& e) {
+                EXPECT_STREQ(e.what(), "igdNoSuchLayout: no layout of that name");
+                throw;
+            }
+        },
+        LayoutError);
+}
+
+TEST_F(NodeBuilder, MalformedXmlNamesTheLayoutAndTheLine) {
+    EXPECT_THAT(ErrorOf("<?xml version='1.0'?>\r\n<prop.map version='4'>\r\n<prop.list>\r\n</prop.map>"),
+                StartsWith("igdBroken: malformed XML at line 4"));
+    EXPECT_THAT(ErrorOf(""), StartsWith("igdBroken: ")); // an empty resource is no resource
+    EXPECT_THAT(ErrorOf(std::string("\x89PNG\r\n\x1a\n\0\0\0", 11)), StartsWith("igdBroken: malformed XML"));
+    EXPECT_THAT(ErrorOf("<?xml version='1.0'?><other/>"), HasSubstr("not <prop.map>"));
+    EXPECT_THAT(ErrorOf("<?xml version='1.0'?><prop.map version='3'><prop.list/></prop.map>"),
+                HasSubstr("version '3' is not 4"));
+}
+
+TEST_F(NodeBuilder, AnUnknownClassNamesTheLayoutAndTheNode) {
+    const std::string foo = List(Pair("adapter", "<ustring>fluxui::controls::UI_Foo</ustring>") +
+                                 Pair("sections", Numbered("section-", {})));
+    EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a"), foo}))),
+              "igdBroken: root/child-1: unknown class fluxui::controls::UI_Foo");
+}
+
+TEST_F(NodeBuilder, AValueOfTheWrongTypeNamesTheProperty) {
+    EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a", "")}, "<ustring>wide</ustring>"))),
+              "igdBroken: root: UI_Node.bounds: expected prop.list, found ustring");
+    EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a", Pair("visible", "<ustring>yes</ustring>"))}))),
+              "igdBroken: root/child-0: UI_Node.visible: expected bool, found ustring");
+    EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a", Pair("colour", "<true/>"))}))),
+              "igdBroken: root/child-0: section UI_Node has no property colour");
+    EXPECT_THAT(
+        ErrorOf(Archive(SubView(
+            "", {}, Rect(0, 0, 10, 10).replace(Rect(0, 0, 10, 10).find("<float>10"), 9, "<float>ten")))),
+        HasSubstr("'ten' is not a float"));
+}
+
+TEST_F(NodeBuilder, TheSectionsMustFollowTheClassChain) {
+    const std::string swapped =
+        List(Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
+             Pair("sections", Numbered("section-", {NodeSection("X"), Section("UI_SubView")})));
+    EXPECT_EQ(ErrorOf(Archive(swapped)), "igdBroken: root: section-0 is UI_Node, expected UI_SubView");
+    const std::string miscounted =
+        List(Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
+             Pair("sections", List(Pair("count", Unsigned(3)) + Pair("section-0", Section("UI_SubView")) +
+                                   Pair("section-1", NodeSection("X")))));
+    EXPECT_EQ(ErrorOf(Archive(miscounted)), "igdBroken: root: count 3 does not match the section- entries");
+}
+
+TEST_F(NodeBuilder, ConstraintsOutsideTheKnownSidesAreRefused) {
+    const std::string flags =
+        List(Pair(".aptype", "<int type='signed' size='32'>4</int>") + Pair("constraints", Unsigned(16)));
+    const std::string node = List(
+        Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
+        Pair("sections",
+             Numbered("section-", {Section("UI_SubView", Pair("Constraints", flags)), NodeSection("X")})));
+    EXPECT_EQ(ErrorOf(Archive(node)), "igdBroken: root: UI_SubView.Constraints: unknown flag bits 16");
+}
+
+TEST_F(NodeBuilder, DeepNestingFailsInsteadOfExhaustingTheStack) {
+    std::string node = SubView("Leaf", {});
+    for (int i = 0; i < 200; ++i)
+        node = SubView("", {node});
+    EXPECT_THAT(ErrorOf(Archive(node)), HasSubstr("nested deeper than"));
+}
+
+TEST_F(NodeBuilder, AFailedBuildLeavesTheCallersMapAsItWas) {
+    controls.emplace("Existing", UI_NodeRef(new fluxui::ui::UI_SubView()));
+    const std::string foo = List(Pair("adapter", "<ustring>fluxui::controls::UI_Foo</ustring>") +
+                                 Pair("sections", Numbered("section-", {})));
+    resources.AddResource("XML", "igdHalf", Archive(SubView("", {Checkbox("Built", "a"), foo})));
+    EXPECT_THROW(Load("igdHalf"), LayoutError);
+    EXPECT_EQ(controls.size(), 1u);
+    EXPECT_TRUE(controls.count("Existing"));
+}
+
+} // namespace
+} // namespace igd::test
