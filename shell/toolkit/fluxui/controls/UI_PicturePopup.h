@@ -15,6 +15,10 @@ public:
         NotifyObserver(ui::NodeChange::Appearance);
     }
     std::string GetPicture(PictureState state) const { return SupplyPicture(supply_, state); }
+    // The whole answer, with the file to draw, for a screen of the given scale.
+    UI_PictureSupplyMessage GetPictureMessage(PictureState state, float displayScale) const {
+        return SupplyPictureMessage(supply_, state, displayScale);
+    }
 
 private:
     ImageSupplyFunctionPtr supply_;

@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "shell/toolkit/fluxui/utility/ImageDimensions.h"
+#include "shell/toolkit/fluxui/utility/ImageProvider.h"
+
+namespace {
+
+using fluxui::controls::UI_PictureSupplyMessage;
+using fluxui::utility::ImageProvider;
+using fluxui::utility::PixelSize;
+using fluxui::utility::ResourceManager;
+using fluxui::utility::SketcherImageResourceCache;
+
+// The header of a PNG of the given size, which is all the provider reads.
+std::string PngHeader(int width, int height) {
+    std::string bytes = "\x89PNG\r\n\x1A\n";
+    bytes += std::string("\0\0\0\x0D", 4) + "IHDR";
+    for (int value : {width, height}) {
+        for (int shift = 24; shift >= 0; shift -= 8)
+            bytes += static_cast<char>((value >> shift) & 0xFF);
+    }
+    bytes += std::string("\x08\x06\0\0\0", 5);
+    return bytes;
+}
+
+std::string Svg(int width, int height) {
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(2 * width) +
+           "\" viewBox=\"0 0 " + std::to_string(width) + " " + std::to_string(height) + "\"><line/></svg>";
+}
+
+std::span<const std::byte> Bytes(const std::string& text) {
+    return std::as_bytes(std::span(text.data(), text.size()));
+}
+
+// A manager that counts how often the store is searched.
+class CountingManager : public ResourceManager {
+public:
+    std::span<const std::byte> FindResource(std::string_view type, std::string_view name) const override {
+        ++lookups;
+        return ResourceManager::FindResource(type, name);
+    }
+    mutable int lookups = 0;
+};
+
+class ImageProviderTest : public ::testing::Test {
+protected:
+    ImageProviderTest() {
+        // A full family at every scale, and one that lacks its 1.5x file, as the plain plus does.
+        manager.AddResource("PNG", "SP_ADD_SM_N_D", PngHeader(16, 16));
+        manager.AddResource("PNG", "SP_ADD_SM_N_D_AT_3TO2X", PngHeader(24, 24));
+        manager.AddResource("PNG", "SP_ADD_SM_N_D_AT_2X", PngHeader(32, 32));
+        manager.AddResource("SVG", "S_ADD_SM_N_D_AT_2X", Svg(16, 16));
+        manager.AddResource("PNG", "SP_ADD_SM_N", PngHeader(16, 16));
+        manager.AddResource("PNG", "SP_ADD_SM_N_AT_2X", PngHeader(32, 32));
+        manager.AddResource("SVG", "S_SAVE_MD_N_D_AT_2X", Svg(20, 20));
+    }
+
+    UI_PictureSupplyMessage Provide(std::string_view name, float displayScale, bool preferVector = false) {
+        UI_PictureSupplyMessage message;
+        message.displayScale = displayScale;
+        provided = provider.ProvideImage(name, message, preferVector);
+        return message;
+    }
+
+    CountingManager manager;
+    SketcherImageResourceCache cache;
+    ImageProvider provider{&manager, nullptr, &cache};
+    bool provided = false;
+};
+
+TEST_F(ImageProviderTest, PicksTheSmallestRasterThatIsNotScaledUp) {
+    struct Case {
+        float displayScale;
+        const char* resource;
+        float imageScale;
+        int pixels;
+    };
+    const Case cases[] = {
+        {1.0f, "SP_ADD_SM_N_D", 1.0f, 16},           {0.75f, "SP_ADD_SM_N_D", 1.0f, 16},
+        {1.25f, "SP_ADD_SM_N_D_AT_3TO2X", 1.5f, 24}, {1.5f, "SP_ADD_SM_N_D_AT_3TO2X", 1.5f, 24},
+        {1.75f, "SP_ADD_SM_N_D_AT_2X", 2.0f, 32},    {3.0f, "SP_ADD_SM_N_D_AT_2X", 2.0f, 32}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.displayScale);
+        const UI_PictureSupplyMessage message = Provide("ADD_SM_N_D", c.displayScale);
+        EXPECT_TRUE(provided);
+        EXPECT_EQ(message.imageName, "ADD_SM_N_D");
+        EXPECT_EQ(message.resourceType, "PNG");
+        EXPECT_EQ(message.resourceName, c.resource);
+        EXPECT_EQ(message.imageScale, c.imageScale);
+        EXPECT_EQ(message.pixelWidth, c.pixels);
+        EXPECT_EQ(message.pixelHeight, c.pixels);
+        EXPECT_EQ(std::string(reinterpret_cast<const char*>(message.bytes.data()), message.bytes.size()),
+                  PngHeader(c.pixels, c.pixels));
+    }
+}
+
+TEST_F(ImageProviderTest, AMissingScaleFallsToTheNextLargerThenSmaller) {
+    EXPECT_EQ(Provide("ADD_SM_N", 1.5f).resourceName, "SP_ADD_SM_N_AT_2X");
+    manager.AddResource("PNG", "SP_CLOSE_XS_N", PngHeader(13, 13));
+    EXPECT_EQ(Provide("CLOSE_XS_N", 2.0f).resourceName, "SP_CLOSE_XS_N");
+}
+
+TEST_F(ImageProviderTest, AnImageWithoutRasterIsGivenAsItsSvg) {
+    const UI_PictureSupplyMessage message = Provide("SAVE_MD_N_D", 1.0f);
+    EXPECT_TRUE(provided);
+    EXPECT_EQ(message.resourceType, "SVG");
+    EXPECT_EQ(message.resourceName, "S_SAVE_MD_N_D_AT_2X");
+    EXPECT_EQ(message.imageScale, 2.0f);
+    EXPECT_EQ(message.pixelWidth, 40);
+}
+
+TEST_F(ImageProviderTest, PreferringVectorsGivesTheSvgWhereOneExists) {
+    EXPECT_EQ(Provide("ADD_SM_N_D", 1.0f, true).resourceName, "S_ADD_SM_N_D_AT_2X");
+    EXPECT_EQ(Provide("ADD_SM_N", 1.0f, true).resourceName, "SP_ADD_SM_N");
+}
+
+TEST_F(ImageProviderTest, NamesAreMatchedWithoutRegardToCase) {
+    EXPECT_EQ(Provide("add_sm_n_d", 2.0f).resourceName, "SP_ADD_SM_N_D_AT_2X");
+}
+
+TEST_F(ImageProviderTest, AnUnknownNameLeavesNoImageFromAnEarlierAnswer) {
+    UI_PictureSupplyMessage message;
+    ASSERT_TRUE(provider.ProvideImage("ADD_SM_N_D", message, false));
+    EXPECT_FALSE(provider.ProvideImage("NOPE_SM_N", message, false));
+    EXPECT_FALSE(message.HasImage());
+    EXPECT_TRUE(message.bytes.empty());
+    EXPECT_EQ(message.pixelWidth, 0);
+    EXPECT_EQ(message.imageName, "NOPE_SM_N");
+}
+
+TEST_F(ImageProviderTest, AFileThatIsNotAPngIsPassedOver) {
+    manager.AddResource("PNG", "SP_ALERT_SM_N_D", "not a picture at all, and long enough");
+    manager.AddResource("PNG", "SP_ALERT_SM_N_D_AT_3TO2X", PngHeader(24, 24));
+    EXPECT_EQ(Provide("ALERT_SM_N_D", 1.0f).resourceName, "SP_ALERT_SM_N_D_AT_3TO2X");
+}
+
+TEST_F(ImageProviderTest, EachPictureIsLookedUpOnceForEachScale) {
+    Provide("ADD_SM_N_D", 1.0f);
+    const int first = manager.lookups;
+    EXPECT_GT(first, 0);
+    Provide("ADD_SM_N_D", 1.0f);
+    Provide("add_sm_n_d", 0.5f); // the same file answers
+    EXPECT_EQ(manager.lookups, first);
+
+    Provide("ADD_SM_N_D", 2.0f);
+    EXPECT_GT(manager.lookups, first);
+    const int afterTwo = manager.lookups;
+    EXPECT_EQ(Provide("ADD_SM_N_D", 2.0f).resourceName, "SP_ADD_SM_N_D_AT_2X");
+    EXPECT_EQ(manager.lookups, afterTwo);
+}
+
+TEST_F(ImageProviderTest, AMissingPictureIsNotSearchedForAgain) {
+    Provide("NOPE_SM_N", 1.0f);
+    const int first = manager.lookups;
+    Provide("NOPE_SM_N", 1.0f);
+    EXPECT_FALSE(provided);
+    EXPECT_EQ(manager.lookups, first);
+}
+
+TEST(ImageProviderConstruction, NeedsAManagerAndACache) {
+    ResourceManager manager;
+    SketcherImageResourceCache cache;
+    EXPECT_THROW(ImageProvider(nullptr, nullptr, &cache), std::logic_error);
+    EXPECT_THROW(ImageProvider(&manager, nullptr, nullptr), std::logic_error);
+}
+
+TEST(ImageDimensions, ReadsPngHeadersAndRejectsOtherBytes) {
+    const std::string png = PngHeader(300, 7);
+    EXPECT_EQ(fluxui::utility::ReadPngPixelSize(Bytes(png)), (PixelSize{300, 7}));
+    EXPECT_FALSE(fluxui::utility::ReadPngPixelSize(Bytes(png.substr(0, 20))));
+    std::string wrongChunk = png;
+    wrongChunk.replace(12, 4, "IDAT");
+    EXPECT_FALSE(fluxui::utility::ReadPngPixelSize(Bytes(wrongChunk)));
+    EXPECT_FALSE(fluxui::utility::ReadPngPixelSize(Bytes(PngHeader(0, 5))));
+    EXPECT_FALSE(fluxui::utility::ReadPngPixelSize({}));
+}
+
+TEST(ImageDimensions, ReadsTheSvgViewBox) {
+    EXPECT_EQ(fluxui::utility::ReadSvgViewBoxSize(Bytes(Svg(20, 13))), (PixelSize{20, 13}));
+    const std::string commas = "<svg viewBox=\"0,0,14.0,8\"/>";
+    EXPECT_EQ(fluxui::utility::ReadSvgViewBoxSize(Bytes(commas)), (PixelSize{14, 8}));
+    const std::string none = "<svg width=\"10\"/>";
+    EXPECT_FALSE(fluxui::utility::ReadSvgViewBoxSize(Bytes(none)));
+    const std::string cut = "<svg viewBox=\"0 0 14";
+    EXPECT_FALSE(fluxui::utility::ReadSvgViewBoxSize(Bytes(cut)));
+    const std::string empty = "<svg viewBox=\"0 0 0 8\"/>";
+    EXPECT_FALSE(fluxui::utility::ReadSvgViewBoxSize(Bytes(empty)));
+}
+
+} // namespace

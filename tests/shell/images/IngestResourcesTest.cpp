@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <string>
+
+#include "Fnd/NullInterfaceException.h"
+#include "IGD/IngestDialogApi.h"
+#include "shell/resources/IngestResources.h"
+#include "shell/toolkit/AppFrame/Workspace.h"
+#include "shell/toolkit/fluxui/controls/UI_PictureButton.h"
+
+namespace {
+
+using fluxui::controls::PictureState;
+using fluxui::controls::UI_PictureSupplyMessage;
+using IGD::IngestResources;
+
+class Supplier : public fluxui::sketcher::SupplierInterface {};
+
+// A workspace whose drawing resources the test can tell apart.
+class TestWorkspace : public fluxworkspace::workspace::Workspace {
+public:
+    TestWorkspace() : Workspace(nullptr) {}
+    fluxui::sketcher::SupplierInterface* GetDrawSupplier() const override { return &supplier; }
+    mutable Supplier supplier;
+};
+
+class IngestResourcesTest : public ::testing::Test {
+protected:
+    void SetUp() override { IngestResources::Release(); }
+    void TearDown() override {
+        IngestResources::Release();
+        AppFrame::Workspace::Install(nullptr);
+    }
+
+    UI_PictureSupplyMessage Supply(int index, float displayScale = 1.0f) {
+        UI_PictureSupplyMessage message;
+        message.displayScale = displayScale;
+        IngestResources::SupplyImage(index, message);
+        return message;
+    }
+};
+
+TEST_F(IngestResourcesTest, ASecondCreateKeepsTheFirstObjectAndItsWorkspace) {
+    TestWorkspace embedded;
+    IngestResources::Create(&embedded); // as the embedded view does
+    IngestResources* first = IngestResources::Instance();
+    ASSERT_NE(first, nullptr);
+    IngestResources::Create(nullptr); // as the dialog does afterwards
+    EXPECT_EQ(IngestResources::Instance(), first);
+    EXPECT_EQ(first->GetWorkspace(), &embedded);
+    EXPECT_EQ(first->GetImageProvider().GetDrawSupplier(), &embedded.supplier);
+}
+
+TEST_F(IngestResourcesTest, ReleaseDestroysAndAllowsANewStart) {
+    IngestResources::Create(nullptr);
+    IngestResources::Release();
+    EXPECT_EQ(IngestResources::Instance(), nullptr);
+    EXPECT_THROW(IngestResources::GetResourceManager(), Fnd::NullInterfaceException);
+    IngestResources::Release(); // a second release does nothing
+
+    TestWorkspace workspace;
+    IngestResources::Create(&workspace);
+    EXPECT_EQ(IngestResources::Instance()->GetWorkspace(), &workspace);
+}
+
+TEST_F(IngestResourcesTest, TheExportReleasesTheSingleton) {
+    IngestResources::Create(nullptr);
+    IGD::ReleaseIngestResHandlers();
+    EXPECT_EQ(IngestResources::Instance(), nullptr);
+    IGD::ReleaseIngestResHandlers();
+    EXPECT_EQ(IngestResources::Instance(), nullptr);
+}
+
+TEST_F(IngestResourcesTest, TheManagerReachesTheCompiledStore) {
+    IngestResources::Create(nullptr);
+    fluxui::utility::ResourceManager* manager = IngestResources::GetResourceManager();
+    ASSERT_NE(manager, nullptr);
+    EXPECT_TRUE(manager->HasResource("PNG", "SP_POWER_SM_N_D"));
+    EXPECT_TRUE(manager->HasResource("svg", "s_power_sm_s_n_at_2x"));
+}
+
+TEST_F(IngestResourcesTest, TheDrawSupplierIsTheHostsThenTheSingletonsThenNone) {
+    EXPECT_EQ(IngestResources::GetDrawSupplier(), nullptr);
+    IngestResources::Create(nullptr);
+    EXPECT_EQ(IngestResources::GetDrawSupplier(), nullptr);
+    IngestResources::Release();
+
+    TestWorkspace embedded;
+    IngestResources::Create(&embedded);
+    EXPECT_EQ(IngestResources::GetDrawSupplier(), &embedded.supplier);
+
+    auto host = std::make_shared<TestWorkspace>();
+    AppFrame::Workspace::Install(host);
+    EXPECT_EQ(IngestResources::GetDrawSupplier(), &host->supplier);
+}
+
+TEST_F(IngestResourcesTest, EveryDecalHasAPictureAtEveryScale) {
+    IngestResources::Create(nullptr);
+    std::set<std::string> names;
+    for (int index = 0; index < IngestResources::kDecalCount; ++index) {
+        SCOPED_TRACE(index);
+        names.insert(IngestResources::Instance()->GetDecalName(index).str());
+        for (float scale : {1.0f, 1.5f, 2.0f}) {
+            const UI_PictureSupplyMessage message = Supply(index, scale);
+            ASSERT_TRUE(message.HasImage());
+            EXPECT_EQ(message.imageName, IngestResources::Instance()->GetDecalName(index).str());
+            EXPECT_FALSE(message.bytes.empty());
+            EXPECT_GT(message.pixelWidth, 0);
+            if (message.resourceType == "PNG")
+                EXPECT_EQ(message.imageScale, scale);
+            else
+                EXPECT_EQ(message.resourceType, "SVG");
+        }
+    }
+    EXPECT_EQ(names.size(), static_cast<std::size_t>(IngestResources::kDecalCount));
+}
+
+TEST_F(IngestResourcesTest, DecalsShowTheFamiliesTheirButtonsMean) {
+    IngestResources::Create(nullptr);
+    const std::pair<int, std::string> expected[] = {{0, "SP_POWER_SM_S_D"},     {1, "SP_POWER_SM_N_D"},
+                                                    {2, "S_SAVE_MD_N_D_AT_2X"}, {3, "SP_SAVEAS_MD_N_D"},
+                                                    {4, "SP_CLOSE_XS_N_D"},     {5, "SP_ADD_SM_N_D"},
+                                                    {6, "SP_ADDTRI_MD_N_D"},    {7, "SP_DELETE_WI_N_D"},
+                                                    {8, "SP_SORTUP_XS_N_D"},    {9, "SP_SORTDOWN_XS_N_D"}};
+    for (const auto& [index, resource] : expected)
+        EXPECT_EQ(Supply(index).resourceName, resource) << index;
+}
+
+TEST_F(IngestResourcesTest, APictureButtonGetsItsDecalThroughTheSupplyFunction) {
+    IngestResources::Create(nullptr);
+    fluxui::controls::UI_PictureButton button;
+    button.SetImageSupplyFunction(IngestResources::ImageSupplyFunction(7));
+    const UI_PictureSupplyMessage message = button.GetPictureMessage(PictureState::Normal, 2.0f);
+    EXPECT_EQ(message.resourceName, "SP_DELETE_WI_N_D_AT_2X");
+    EXPECT_EQ(message.pixelWidth, 40);
+    EXPECT_EQ(message.pixelHeight, 26);
+    EXPECT_EQ(button.GetPicture(PictureState::Normal), "DELETE_WI_N_D");
+}
+
+TEST_F(IngestResourcesTest, AfterReleaseAPictureRequestGetsNothingAndDoesNotFail) {
+    IngestResources::Create(nullptr);
+    auto supply = IngestResources::ImageSupplyFunction(0);
+    IngestResources::Release();
+    UI_PictureSupplyMessage message;
+    (*supply)(message);
+    EXPECT_FALSE(message.HasImage());
+}
+
+TEST_F(IngestResourcesTest, AnIndexOutsideTheTableIsAFault) {
+    IngestResources::Create(nullptr);
+    EXPECT_THROW(IngestResources::ImageSupplyFunction(10), std::out_of_range);
+    EXPECT_THROW(IngestResources::ImageSupplyFunction(-1), std::out_of_range);
+    UI_PictureSupplyMessage message;
+    EXPECT_THROW(IngestResources::SupplyImage(10, message), std::out_of_range);
+    EXPECT_THROW(IngestResources::Instance()->GetDecalName(10), std::out_of_range);
+}
+
+} // namespace
