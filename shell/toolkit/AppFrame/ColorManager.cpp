@@ -14,6 +14,8 @@ fluxui::sketcher::ColorRGBA ColorManager::GetColor(ColorName name) {
         return {0.8f, 0.8f, 0.8f, 1.0f};
     case kColor_DisabledText:
         return {0.5f, 0.5f, 0.5f, 1.0f};
+    case kColor_SectionOutline:
+        return {0.09f, 0.09f, 0.09f, 1.0f};
     }
     throw std::invalid_argument("ColorManager: no such colour");
 }
@@ -23,7 +25,10 @@ fluxui::sketcher::ColorRGBA ColorManager::GetColor(ColorName name) {
 namespace fluxui::ui {
 
 sketcher::ColorRGBA GetColor(int number) {
-    if (number < AppFrame::kColor_PanelBackground || number > AppFrame::kColor_DisabledText)
+    const bool listed =
+        (number >= AppFrame::kColor_PanelBackground && number <= AppFrame::kColor_DisabledText) ||
+        number == AppFrame::kColor_SectionOutline;
+    if (!listed)
         throw std::invalid_argument("GetColor: no such colour");
     return AppFrame::ColorManager::GetColor(static_cast<AppFrame::ColorName>(number));
 }

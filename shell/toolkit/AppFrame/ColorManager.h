@@ -8,6 +8,8 @@ enum ColorName {
     kColor_PanelDivider,
     kColor_PanelText,
     kColor_DisabledText,
+    // The outline around a titled option section; its number is fixed by the sections that ask.
+    kColor_SectionOutline = 4000054,
 };
 
 // The named colours of the application's theme.

@@ -7,7 +7,9 @@
 
 namespace fluxui::controls {
 
-enum class SectionDrawPolicy { HeaderAndBorder, HeaderOnly, Nothing };
+// The values are bits, so that a section can tell from the policy whether a border takes room:
+// 1 leaves the border out, 4 leaves out the whole frame (header fill and border).
+enum class SectionDrawPolicy : unsigned { HeaderAndBorder = 0, HeaderOnly = 1, Nothing = 4 };
 
 using OpenedStateChangedFunction = std::function<void(bool opened)>;
 using OpenedStateChangedFunctionPtr = std::shared_ptr<OpenedStateChangedFunction>;

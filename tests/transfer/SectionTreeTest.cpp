@@ -1,0 +1,248 @@
+// The protocol run over a tree, binding controls, and a tree inside a scroll view.
+#include <gtest/gtest.h>
+
+#include "fluxcore/ConfigError.h"
+#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
+#include "shell/toolkit/fluxui/controls/UI_ScrollView.h"
+#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
+#include "tests/transfer/SectionTestSupport.h"
+#include "transfer/SectionTree.h"
+
+namespace {
+
+using fluxui::controls::UI_Checkbox;
+using fluxui::controls::UI_StaticText;
+using igd::test::LayoutControlKind;
+using igd::test::Make;
+using igd::test::RecordingSection;
+using igd::test::TestResources;
+using wrangler::ui::SectionViewEx;
+using wrangler::ui::SectionViewExRef;
+using Journal = std::vector<std::string>;
+
+// A section that makes its children as the protocol says a section does: in CreateChildSections.
+class ParentSection : public RecordingSection {
+public:
+    ParentSection(std::string name, Journal& journal, std::vector<SectionViewExRef> toCreate)
+        : RecordingSection(std::move(name), journal), toCreate_(std::move(toCreate)) {}
+
+protected:
+    void CreateChildSections() override {
+        RecordingSection::CreateChildSections();
+        for (const SectionViewExRef& child : toCreate_)
+            InsertChildSection(child);
+    }
+
+private:
+    std::vector<SectionViewExRef> toCreate_;
+};
+
+// Checks, while binding, that the parent it will hang under is there already.
+class ChildSection : public ParentSection {
+public:
+    using ParentSection::ParentSection;
+    SectionViewEx* parentAtBind = nullptr;
+
+protected:
+    void BindControls() override {
+        ParentSection::BindControls();
+        parentAtBind = GetParentSection();
+    }
+};
+
+TEST(SectionTree, RunsTheProtocolDepthFirstInItsOrder) {
+    Journal journal;
+    auto grandchild = Make<ChildSection>("G", journal, std::vector<SectionViewExRef>{});
+    auto first = Make<ChildSection>("C1", journal, std::vector<SectionViewExRef>{grandchild});
+    auto second = Make<ChildSection>("C2", journal, std::vector<SectionViewExRef>{});
+    second->UI_Show(false);
+    auto root = Make<ParentSection>("P", journal, std::vector<SectionViewExRef>{first, second});
+    TestResources resources;
+    wrangler::ui::BuildSectionTree(*root, resources, nullptr);
+
+    const Journal expected{
+        "P.Bind",  "P.Wire",    "P.Create",         "C1.Bind",          "C1.Wire",   "C1.Create", "G.Bind",
+        "G.Wire",  "G.Create",  "G.ChildrenBuilt",  "C1.ChildrenBuilt", "C1.Update", "P.Update",  "C2.Bind",
+        "C2.Wire", "C2.Create", "C2.ChildrenBuilt", "P.ChildrenBuilt",  "P.Update"};
+    EXPECT_EQ(journal, expected);
+    EXPECT_EQ(first->parentAtBind, root.get());
+    EXPECT_EQ(grandchild->parentAtBind, first.get());
+    EXPECT_TRUE(second->UI_IsShown());
+    EXPECT_TRUE(root->IsBuilt() && first->IsBuilt() && grandchild->IsBuilt());
+}
+
+TEST(SectionTree, BuildingAgainDoesNothing) {
+    Journal journal;
+    auto child = Make<ChildSection>("C", journal, std::vector<SectionViewExRef>{});
+    auto root = Make<ParentSection>("P", journal, std::vector<SectionViewExRef>{child});
+    TestResources resources;
+    wrangler::ui::BuildSectionTree(*root, resources, nullptr);
+    journal.clear();
+    wrangler::ui::BuildSectionTree(*root, resources, nullptr);
+    EXPECT_TRUE(journal.empty());
+    EXPECT_EQ(root->GetChildSections().size(), 1u);
+
+    // A section added later is built alone; building the tree again leaves it be.
+    auto late = Make<ChildSection>("L", journal, std::vector<SectionViewExRef>{});
+    root->InsertChildSection(late);
+    wrangler::ui::BuildSectionTree(*late, resources, nullptr);
+    EXPECT_EQ(journal, (Journal{"L.Bind", "L.Wire", "L.Create", "L.ChildrenBuilt"}));
+    late->UI_Show(false);
+    journal.clear();
+    wrangler::ui::BuildSectionTree(*root, resources, nullptr);
+    EXPECT_TRUE(journal.empty());
+    EXPECT_FALSE(late->UI_IsShown());
+}
+
+// Adds a child the first time it loads, as a transfer section adds its backups.
+class GrowingSection : public RecordingSection {
+public:
+    GrowingSection(Journal& journal) : RecordingSection("P", journal), journal_(journal) {}
+
+protected:
+    void LoadFromSettings() override {
+        RecordingSection::LoadFromSettings();
+        if (GetChildSections().size() < 2)
+            InsertChildSection(Make<RecordingSection>("New", journal_));
+    }
+
+private:
+    Journal& journal_;
+};
+
+TEST(SectionTree, ApplyingSettingsReachesChildrenAddedWhileLoading) {
+    Journal journal;
+    auto root = Make<GrowingSection>(journal);
+    auto child = Make<RecordingSection>("C", journal);
+    child->InsertChildSection(Make<RecordingSection>("G", journal));
+    root->InsertChildSection(child);
+
+    wrangler::ui::ApplySettingsToTree(*root);
+    EXPECT_EQ(journal, (Journal{"P.Load", "C.Load", "G.Load", "New.Load"}));
+    journal.clear();
+    wrangler::ui::ApplySettingsToTree(*root);
+    EXPECT_EQ(journal, (Journal{"P.Load", "C.Load", "G.Load", "New.Load"}));
+}
+
+// Binds one control of the class it is told.
+template <typename Control> class BindingSection : public SectionViewEx {
+public:
+    BindingSection(std::string id) : SectionViewEx(u"Bind", "igdTestBinding"), id_(std::move(id)) {}
+    boost::intrusive_ptr<Control> bound;
+
+protected:
+    void BindControls() override { bound = BindControl<Control>(id_); }
+
+private:
+    std::string id_;
+};
+
+class SectionBinding : public ::testing::Test {
+protected:
+    SectionBinding() {
+        resources.AddLayout("igdTestBinding", 200, 40,
+                            {{LayoutControlKind::StaticText, "Label", {5, 0, 100, 20}},
+                             {LayoutControlKind::Checkbox, "Check", {5, 20, 100, 20}}});
+    }
+    template <typename Control> void ExpectBindError(const std::string& id) {
+        auto section = Make<BindingSection<Control>>(id);
+        try {
+            wrangler::ui::BuildSectionTree(*section, resources, nullptr);
+            FAIL() << id << " was bound";
+        } catch (const fluxcore::config::Error& error) {
+            EXPECT_EQ(error.Key(), "$$$/fluxcore/utility/Error/InvalidTypeConversion");
+            EXPECT_EQ(error.Text(), u"Invalid type conversion.");
+        }
+        EXPECT_FALSE(section->IsBuilt());
+    }
+    TestResources resources;
+};
+
+TEST_F(SectionBinding, BindsAControlOfTheExpectedClass) {
+    auto section = Make<BindingSection<UI_Checkbox>>("Check");
+    wrangler::ui::BuildSectionTree(*section, resources, nullptr);
+    ASSERT_NE(section->bound, nullptr);
+    EXPECT_EQ(section->bound.get(), section->FindControl("Check").get());
+    // A base class of the control binds as well.
+    auto general = Make<BindingSection<fluxui::controls::UI_ControlView>>("Label");
+    wrangler::ui::BuildSectionTree(*general, resources, nullptr);
+    EXPECT_NE(general->bound, nullptr);
+}
+
+TEST_F(SectionBinding, AMistypedOrMissingControlRaisesTheConversionError) {
+    ExpectBindError<UI_Checkbox>("Label");
+    ExpectBindError<UI_StaticText>("Missing");
+    auto section = Make<BindingSection<UI_Checkbox>>("Check");
+    wrangler::ui::BuildSectionTree(*section, resources, nullptr);
+    EXPECT_EQ(section->FindControl("Missing"), nullptr);
+}
+
+// Makes its own control for the class name the layout names.
+class CustomSection : public SectionViewEx {
+public:
+    CustomSection() : SectionViewEx(u"", "igdTestCustom") {}
+    std::vector<Fnd::WString> asked;
+    boost::intrusive_ptr<UI_StaticText> made;
+
+protected:
+    fluxui::ui::UI_NodeRef CreateCustomControl(const Fnd::WString& className) override {
+        asked.push_back(className);
+        if (className != u"Hinted")
+            return {};
+        made = Make<UI_StaticText>(u"made here");
+        return made;
+    }
+};
+
+TEST(SectionCustomControls, TheLayoutAsksTheSectionForItsCustomClasses) {
+    TestResources resources;
+    resources.AddLayout("igdTestCustom", 200, 40,
+                        {{LayoutControlKind::StaticText, "Mine", {5, 0, 100, 20}, "Hinted"},
+                         {LayoutControlKind::StaticText, "Plain", {5, 20, 100, 20}, "Other"}});
+    auto section = Make<CustomSection>();
+    wrangler::ui::BuildSectionTree(*section, resources, nullptr);
+    EXPECT_EQ(section->asked, (std::vector<Fnd::WString>{u"Hinted", u"Other"}));
+    EXPECT_EQ(section->FindControl("Mine").get(), section->made.get());
+    EXPECT_NE(dynamic_cast<UI_StaticText*>(section->FindControl("Plain").get()), nullptr);
+}
+
+TEST(SectionTree, ATreeInAScrollViewFoldsAndTheRangeFollows) {
+    TestResources resources;
+    resources.AddLayout("igdTestBlock", 200, 40);
+    auto root = Make<SectionViewEx>(u"", "");
+    root->SetChildSpacing(2);
+    std::vector<SectionViewExRef> blocks;
+    for (const char16_t* title : {u"Transfer", u"Verify", u"Rename", u"Metadata"}) {
+        blocks.push_back(Make<SectionViewEx>(title, "igdTestBlock"));
+        root->InsertChildSection(blocks.back());
+    }
+    auto scroll = Make<fluxui::controls::UI_ScrollView>(0u, root);
+    scroll->UI_SetLocalRectF({0, 0, 220, 150});
+    root->UI_InstallSizeChangedNotifyFunction([&](const fluxcore::geom::RectF&) { scroll->Update(); });
+    wrangler::ui::BuildSectionTree(*root, resources, nullptr);
+
+    const float open = 40 + fluxui::controls::UI_SectionView::kDefaultHeaderHeight;
+    const float closed = fluxui::controls::UI_SectionView::kDefaultHeaderHeight;
+    EXPECT_EQ(root->UI_GetLocalRectF().height, 4 * open + 3 * 2);
+    EXPECT_EQ(scroll->GetScrollBarY().GetMaximum(), 4 * open + 6 - 150);
+    EXPECT_TRUE(scroll->GetScrollBarY().UI_IsShown());
+
+    scroll->ScrollTo(1000);
+    EXPECT_EQ(scroll->GetScrollY(), 4 * open + 6 - 150);
+    blocks[0]->SetOpened(false);
+    EXPECT_EQ(scroll->GetScrollBarY().GetMaximum(), closed + 3 * open + 6 - 150);
+    // The view stays in range: the content's bottom meets the view's.
+    EXPECT_EQ(scroll->GetScrollY(), closed + 3 * open + 6 - 150);
+    EXPECT_EQ(scroll->GetContentRectF().Bottom(), 150.0f);
+
+    for (const SectionViewExRef& block : blocks)
+        block->SetOpened(false);
+    EXPECT_EQ(root->UI_GetLocalRectF().height, 4 * closed + 6);
+    EXPECT_FALSE(scroll->GetScrollBarY().UI_IsShown());
+    EXPECT_EQ(scroll->GetContentRectF().top, 0.0f);
+
+    blocks[3]->SetOpened(true);
+    EXPECT_EQ(blocks[3]->UI_GetLocalRectF(true), (fluxcore::geom::RectF{0, 3 * closed + 6, 202, open}));
+}
+
+} // namespace
