@@ -32,4 +32,21 @@ bool IsValidFileName(WStringView name);
 // Removes \ / : * ? " < > | and control characters. Answers whether anything was removed.
 bool RemoveIllegalFileNameCharacters(WString& name);
 
+// Absolute and lexically clean: "." and ".." resolved, repeated and trailing separators gone. A
+// relative path is taken from the current directory.
+WString ToNormalizedPath(WStringView path);
+// Whether the path is already what ToNormalizedPath makes of it.
+bool IsNormalizedPath(WStringView path);
+
+// The extension with its dot, as SplitPath finds it; empty when there is none.
+WString GetExtensionPart(WStringView path);
+// The directory of the normalised path, with its trailing separator.
+WString GetFullDirectoryPart(WStringView path);
+
+namespace Win {
+// Long paths elsewhere carry an extended-length prefix; a POSIX path has none and is answered as
+// it is.
+WString StripUNC(WStringView path);
+} // namespace Win
+
 } // namespace Fnd::PathUtils

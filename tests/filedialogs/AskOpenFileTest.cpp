@@ -1,0 +1,252 @@
+// Asking for files to open: where the dialog starts, what is remembered, what the caller gets
+// back, and what happens around the dialog while it is up.
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <boost/intrusive_ptr.hpp>
+#include <gtest/gtest.h>
+
+#include "Fnd/NullInterfaceException.h"
+#include "HostApp/ApplicationType.h"
+#include "IGD/FileDialogs.h"
+#include "Proj/Backend.h"
+#include "Proj/LastUsedDirectory.h"
+#include "shell/toolkit/AppFrame/PlayerControl.h"
+#include "shell/toolkit/AppFrame/Workspace.h"
+#include "shell/toolkit/fluxui/ui/UI_NodeManager.h"
+#include "support/ScriptedInteractionDriver.h"
+#include "support/TempTree.h"
+#include "tests/filedialogs/MemoryPreferences.h"
+#include "tests/filedialogs/ScriptedFileDialog.h"
+
+namespace {
+
+using namespace std::string_literals;
+using igd::test::MemoryPreferences;
+using igd::test::ScopedFileDialogFactory;
+using igd::test::ScopedInteractionDriver;
+using igd::test::ScriptedFileDialog;
+using igd::test::TempTree;
+using Paths = std::vector<Fnd::WString>;
+
+const std::string kLastUsedKey(Proj::kLastUsedDirectoryKey);
+
+class AskOpenFileTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        backend.emplace(preferences->Interface());
+        card = tree.MakeFolder("card");
+        clip = tree.MakeFile("card/A001.MOV", "frames");
+        other = tree.MakeFolder("other");
+        otherClip = tree.MakeFile("other/B001.MOV", "frames");
+    }
+
+    void RememberFolder(const Fnd::WString& folder) {
+        preferences->values[kLastUsedKey] = Fnd::ToUTF8(folder);
+    }
+    Fnd::WString Remembered() const { return Fnd::FromUTF8(preferences->String(kLastUsedKey)); }
+
+    bool AskOne(Fnd::WString& path) { return IGD::AskOpenFile(u"Import", path, u"", filter, 0, 0); }
+    bool AskMany(Paths& paths) { return IGD::AskOpenFile(u"Import", paths, u"", filter, 0, 0); }
+
+    TempTree tree;
+    Fnd::WString card, clip, other, otherClip;
+    Fnd::InterfaceRef<MemoryPreferences> preferences = MemoryPreferences::Make();
+    std::optional<Proj::ScopedBackend> backend;
+    std::shared_ptr<ScriptedFileDialog> dialog = std::make_shared<ScriptedFileDialog>();
+    const Fnd::WString filter = u"Movies\0*.mov\0Audio\0*.wav"s;
+};
+
+TEST_F(AskOpenFileTest, ThePathFormReturnsTheChosenFileNormalised) {
+    ScopedFileDialogFactory factory(dialog);
+    dialog->QueueChoose({card + u"/./../card/A001.MOV"});
+    Fnd::WString path;
+    EXPECT_TRUE(AskOne(path));
+    EXPECT_EQ(path, clip);
+    EXPECT_EQ(dialog->Title(), u"Import");
+    EXPECT_EQ(dialog->Rows(),
+              (std::vector<ScriptedFileDialog::Row>{{u"Movies", u"*.mov"}, {u"Audio", u"*.wav"}}));
+    EXPECT_EQ(dialog->Options() & kFileDialogAllowMultiSelect, 0u);
+    EXPECT_EQ(dialog->AdvisedCount(), 0u) << "the wrapper must be unadvised before it dies";
+}
+
+TEST_F(AskOpenFileTest, ThePathFormKeepsThePathWhenCancelled) {
+    ScopedFileDialogFactory factory(dialog);
+    dialog->QueueCancel();
+    Fnd::WString path = clip;
+    EXPECT_FALSE(AskOne(path));
+    EXPECT_EQ(path, clip);
+}
+
+TEST_F(AskOpenFileTest, TheListFormAllowsSeveralFilesAndNormalisesEach) {
+    ScopedFileDialogFactory factory(dialog);
+    dialog->QueueChoose({otherClip, card + u"//A001.MOV"});
+    Paths paths = {clip};
+    EXPECT_TRUE(AskMany(paths));
+    EXPECT_EQ(paths, (Paths{otherClip, clip}));
+    EXPECT_NE(dialog->Options() & kFileDialogAllowMultiSelect, 0u);
+}
+
+TEST_F(AskOpenFileTest, CancelLeavesTheListAndTheRememberedFolder) {
+    RememberFolder(other);
+    ScopedFileDialogFactory factory(dialog);
+    dialog->QueueCancel();
+    Paths paths = {tree.Path("missing.mov"), clip};
+    EXPECT_FALSE(AskMany(paths));
+    EXPECT_EQ(paths, (Paths{tree.Path("missing.mov"), clip}));
+    EXPECT_EQ(preferences->writes, 0);
+}
+
+struct StartCase {
+    const char* label;
+    std::string given;            // relative to the tree; "" for none
+    std::string remembered;       // relative to the tree; "" for nothing stored
+    std::string expectedFolder;   // where the dialog starts; "" for its own default
+    bool rememberedAfter = false; // the chosen file's folder is stored
+};
+
+TEST_F(AskOpenFileTest, StartFolderComesFromTheCallerElseFromTheLastUsedFolder) {
+    const std::vector<StartCase> cases = {
+        {"caller's folder ending in a separator", "card/", "other", "card", false},
+        {"caller's folder that does not exist", "gone/", "other", "", false},
+        {"caller's existing file", "card/A001.MOV", "other", "card", false},
+        {"caller's missing file falls back", "card/A002.MOV", "other", "other", true},
+        {"nothing given", "", "other", "other", true},
+        {"nothing given, nothing remembered", "", "", "", true},
+        {"remembered folder is gone", "", "gone", "", true},
+        {"remembered path is a file", "", "card/A001.MOV", "", true},
+    };
+    for (const StartCase& c : cases) {
+        SCOPED_TRACE(c.label);
+        preferences->values.clear();
+        preferences->writes = 0;
+        if (!c.remembered.empty())
+            RememberFolder(tree.Path(c.remembered));
+        auto fresh = std::make_shared<ScriptedFileDialog>();
+        ScopedFileDialogFactory factory(fresh);
+        fresh->QueueChoose({otherClip});
+
+        Paths paths;
+        if (!c.given.empty())
+            paths.push_back(tree.Path(c.given) + (c.given.back() == '/' ? u"/" : u""));
+        ASSERT_TRUE(AskMany(paths));
+        EXPECT_EQ(paths, Paths{otherClip});
+        EXPECT_EQ(fresh->FoldersSet(),
+                  c.expectedFolder.empty() ? Paths{} : Paths{tree.Path(c.expectedFolder)});
+        if (c.rememberedAfter) {
+            EXPECT_EQ(Remembered(), other + u"/");
+        } else {
+            EXPECT_EQ(preferences->writes, 0);
+        }
+    }
+}
+
+TEST_F(AskOpenFileTest, ALockedLastUsedFolderIsNotWritten) {
+    RememberFolder(card);
+    preferences->locked.insert(kLastUsedKey);
+    ScopedFileDialogFactory factory(dialog);
+    dialog->QueueChoose({otherClip});
+    Fnd::WString path;
+    EXPECT_TRUE(AskOne(path));
+    EXPECT_EQ(preferences->writes, 0);
+    EXPECT_EQ(Remembered(), card);
+}
+
+TEST_F(AskOpenFileTest, WithoutADialogNothingIsChosenAndNothingAsked) {
+    ScopedInteractionDriver ui;
+    const std::shared_ptr<IFileDialogFactory> previous = SetFileDialogFactory(nullptr);
+    Fnd::WString path = clip;
+    EXPECT_FALSE(AskOne(path));
+    EXPECT_EQ(path, clip);
+    ScopedFileDialogFactory none(nullptr);
+    Paths paths;
+    EXPECT_FALSE(AskMany(paths));
+    EXPECT_TRUE(paths.empty());
+    EXPECT_TRUE(ui->Boxes().empty());
+    SetFileDialogFactory(previous);
+}
+
+TEST_F(AskOpenFileTest, WithoutPreferencesTheLastUsedFolderCannotBeRead) {
+    ScopedFileDialogFactory factory(dialog);
+    Proj::ScopedBackend noPreferences(nullptr);
+    Paths paths;
+    EXPECT_THROW(AskMany(paths), Fnd::NullInterfaceException);
+    // A caller's start needs no preferences at all.
+    dialog->QueueCancel();
+    paths = {clip};
+    EXPECT_FALSE(AskMany(paths));
+}
+
+class AskOpenFileWindows : public AskOpenFileTest {
+protected:
+    void SetUp() override {
+        AskOpenFileTest::SetUp();
+        AppFrame::Workspace::Install(std::make_shared<fluxworkspace::workspace::Workspace>(mainWindow.get()));
+        player = AppFrame::PlayerControl::Register([this] { ++playersStopped; });
+    }
+    void TearDown() override {
+        AppFrame::PlayerControl::Unregister(player);
+        AppFrame::Workspace::Install(nullptr);
+        HostApp::SetApplicationType(0);
+    }
+
+    boost::intrusive_ptr<fluxui::ui::OS_Window> mainWindow{new fluxui::ui::OS_Window()};
+    boost::intrusive_ptr<fluxui::ui::OS_Window> ownWindow{new fluxui::ui::OS_Window()};
+    int player = 0;
+    int playersStopped = 0;
+};
+
+TEST_F(AskOpenFileWindows, TheMainWindowIsDisabledWhileTheDialogIsUp) {
+    ScopedFileDialogFactory factory(dialog);
+    std::optional<bool> enabledDuringShow;
+    int stoppedBeforeShow = -1;
+    std::size_t advisedDuringShow = 0;
+    dialog->WhileShown([&] {
+        enabledDuringShow = mainWindow->UI_IsEnabled();
+        stoppedBeforeShow = playersStopped;
+        advisedDuringShow = dialog->AdvisedCount();
+    });
+    auto capturing = boost::intrusive_ptr<fluxui::ui::OS_Window>(new fluxui::ui::OS_Window());
+    fluxui::ui::UI_NodeManager::Get(true).BeginInputCapture(capturing.get());
+    dialog->QueueChoose({clip});
+    Fnd::WString path;
+    EXPECT_TRUE(AskOne(path));
+
+    EXPECT_EQ(dialog->ShownParent(), mainWindow->GetPlatformWindow());
+    EXPECT_EQ(enabledDuringShow, false);
+    EXPECT_TRUE(mainWindow->UI_IsEnabled());
+    EXPECT_EQ(stoppedBeforeShow, 1);
+    EXPECT_EQ(advisedDuringShow, 1u);
+    EXPECT_EQ(fluxui::ui::UI_NodeManager::Get(true).GetInputCapture(), nullptr);
+}
+
+TEST_F(AskOpenFileWindows, TheCallersWindowIsTheParent) {
+    ScopedFileDialogFactory factory(dialog);
+    std::optional<bool> ownEnabled, mainEnabled;
+    dialog->WhileShown([&] {
+        ownEnabled = ownWindow->UI_IsEnabled();
+        mainEnabled = mainWindow->UI_IsEnabled();
+    });
+    dialog->QueueCancel();
+    Paths paths = {clip};
+    EXPECT_FALSE(IGD::AskOpenFile(u"Import", paths, u"", filter, 0, ownWindow->GetPlatformWindow()));
+    EXPECT_EQ(dialog->ShownParent(), ownWindow->GetPlatformWindow());
+    EXPECT_EQ(ownEnabled, false);
+    EXPECT_EQ(mainEnabled, true);
+    EXPECT_TRUE(ownWindow->UI_IsEnabled());
+}
+
+TEST_F(AskOpenFileWindows, AHostOfKind8KeepsItsWindowsAsTheyAre) {
+    HostApp::SetApplicationType(8);
+    ScopedFileDialogFactory factory(dialog);
+    std::optional<bool> enabledDuringShow;
+    dialog->WhileShown([&] { enabledDuringShow = mainWindow->UI_IsEnabled(); });
+    dialog->QueueCancel();
+    Fnd::WString path = clip;
+    EXPECT_FALSE(AskOne(path));
+    EXPECT_EQ(enabledDuringShow, true);
+}
+
+} // namespace

@@ -1,0 +1,247 @@
+// The wrappers on a running dialog: the start folder, paths out of items, and the checks made when
+// the person presses OK in an open or a save dialog.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Fnd/NullInterfaceException.h"
+#include "IGD/WinCommonOpenDialogWrapper.h"
+#include "IGD/WinCommonSaveDialogWrapper.h"
+#include "support/ScriptedInteractionDriver.h"
+#include "support/TempTree.h"
+#include "tests/filedialogs/ScriptedFileDialog.h"
+
+namespace {
+
+using namespace std::string_literals;
+using igd::test::MakeItemWithoutPath;
+using igd::test::ScopedInteractionDriver;
+using igd::test::ScriptedFileDialog;
+using igd::test::TempTree;
+
+constexpr int kYes = 0;
+constexpr int kNo = 1;
+
+TEST(WrapperFolder, StartsInAnExistingFolderOnly) {
+    TempTree tree;
+    const Fnd::WString sub = tree.MakeFolder("card/sub");
+    struct Case {
+        const char* label;
+        Fnd::WString path;
+        std::vector<Fnd::WString> folders;
+    };
+    const std::vector<Case> cases = {
+        {"empty", u"", {}},
+        {"missing folder", tree.Path("card/missing"), {}},
+        {"existing folder", sub, {sub}},
+        {"unnormalised path", tree.Path("card/./sub/../sub/"), {sub}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        auto dialog = std::make_shared<ScriptedFileDialog>();
+        IGD::WinCommonFileDialogWrapper wrapper;
+        wrapper.SetFileDialog(dialog);
+        wrapper.SetFolder(c.path);
+        EXPECT_EQ(dialog->FoldersSet(), c.folders);
+        EXPECT_EQ(wrapper.GetFolder(), c.folders.empty() ? Fnd::WString() : c.folders.back());
+    }
+}
+
+TEST(WrapperFolder, AWrapperWithoutItsDialogIsAProgrammingFault) {
+    IGD::WinCommonFileDialogWrapper wrapper;
+    EXPECT_THROW(wrapper.SetTitle(u"Open"), Fnd::NullInterfaceException);
+    EXPECT_THROW(wrapper.SetFileTypes(u"Movies\0*.mov"s, false), Fnd::NullInterfaceException);
+}
+
+TEST(WrapperItems, PathsComeOutInOrderWithoutItemsThatHaveNone) {
+    EXPECT_EQ(IGD::WinCommonFileDialogWrapper::ConvertShellItemToPath(nullptr), u"");
+    EXPECT_EQ(IGD::WinCommonFileDialogWrapper::ConvertShellItemToPath(MakeItemWithoutPath().get()), u"");
+    const IShellItemArray items = {MakeFileSystemShellItem(u"/b/2.mov"), MakeItemWithoutPath(),
+                                   MakeFileSystemShellItem(u"/a/1.mov")};
+    EXPECT_EQ(IGD::WinCommonFileDialogWrapper::ConvertShellItemArrayToPaths(items),
+              (std::vector<Fnd::WString>{u"/b/2.mov", u"/a/1.mov"}));
+}
+
+TEST(OpenDialogOk, NothingChosenShowsABoxAndKeepsTheDialogOpen) {
+    TempTree tree;
+    const Fnd::WString clip = tree.MakeFile("A001.MOV", "frames");
+    auto dialog = std::make_shared<ScriptedFileDialog>();
+    IGD::WinCommonOpenDialogWrapper wrapper;
+    wrapper.SetFileOpenDialog(dialog);
+    unsigned cookie = 0;
+    dialog->Advise(&wrapper, cookie);
+
+    ScopedInteractionDriver ui;
+    ui->QueueBoxAnswer(0);
+    dialog->QueueChooseItems({MakeItemWithoutPath()});
+    dialog->QueueChoose({clip});
+    EXPECT_EQ(dialog->Show(0), S_OK);
+
+    EXPECT_EQ(dialog->FileOkAnswers(), (std::vector<HRESULT>{S_FALSE, S_OK}));
+    ASSERT_EQ(ui->Boxes().size(), 1u);
+    EXPECT_EQ(ui->Boxes()[0].title, u"Invalid File Path");
+    EXPECT_EQ(ui->Boxes()[0].text, u"Invalid File Path");
+    EXPECT_EQ(ui->Boxes()[0].buttons.size(), 1u);
+    EXPECT_EQ(wrapper.GetFilesToOpen(), std::vector<Fnd::WString>{clip});
+    dialog->Unadvise(cookie);
+}
+
+TEST(OpenDialogOk, GetFilesToOpenIsEmptyBeforeOk) {
+    auto dialog = std::make_shared<ScriptedFileDialog>();
+    IGD::WinCommonOpenDialogWrapper wrapper;
+    EXPECT_TRUE(wrapper.GetFilesToOpen().empty());
+    wrapper.SetFileOpenDialog(dialog);
+    EXPECT_TRUE(wrapper.GetFilesToOpen().empty());
+}
+
+struct SaveCase {
+    const char* label;
+    std::optional<std::string> chosen; // relative to the tree; nothing: an item without a path
+    Fnd::WString defaultExtension;
+    bool dialogPrompts = false;   // the dialog's own overwrite prompt is on
+    std::optional<int> boxAnswer; // the replacement question is asked and answered so
+    HRESULT expected = S_OK;
+    std::string saved; // relative to the tree; empty: nothing saved
+};
+
+class SaveDialogOk : public ::testing::Test {
+protected:
+    void SetUp() override {
+        tree.MakeFile("take.mov", "old take");
+        tree.MakeFolder("folder.mov");
+    }
+    TempTree tree;
+};
+
+TEST_F(SaveDialogOk, CompletesTheNameAndAsksBeforeReplacing) {
+    const std::vector<SaveCase> cases = {
+        {"default extension added", "clip", u"mov", false, {}, S_OK, "clip.mov"},
+        {"dotted default extension", "clip", u".mov", false, {}, S_OK, "clip.mov"},
+        {"same extension in upper case", "clip.MOV", u"mov", false, {}, S_OK, "clip.MOV"},
+        {"another extension gets the default too", "clip.wav", u"mov", false, {}, S_OK, "clip.wav.mov"},
+        {"no default extension", "clip", u"", false, {}, S_OK, "clip"},
+        {"existing file, Yes", "take.mov", u"mov", false, kYes, S_OK, "take.mov"},
+        {"existing file, No", "take.mov", u"mov", false, kNo, S_FALSE, ""},
+        {"existing file found by the default extension", "take", u"mov", false, kNo, S_FALSE, ""},
+        {"existing file, the dialog asked already", "take.mov", u"", true, {}, S_OK, "take.mov"},
+        {"a folder is not a file to replace", "folder.mov", u"", false, {}, S_OK, "folder.mov"},
+    };
+    for (const SaveCase& c : cases) {
+        SCOPED_TRACE(c.label);
+        auto dialog = std::make_shared<ScriptedFileDialog>();
+        dialog->SetOptionsDirectly(c.dialogPrompts ? kFileDialogOverwritePrompt : 0);
+        dialog->SetChosenItems({MakeFileSystemShellItem(tree.Path(*c.chosen))});
+        IGD::WinCommonSaveDialogWrapper wrapper;
+        wrapper.SetFileSaveDialog(dialog);
+        wrapper.SetDefaultExtension(c.defaultExtension);
+
+        ScopedInteractionDriver ui;
+        if (c.boxAnswer)
+            ui->QueueBoxAnswer(*c.boxAnswer);
+        EXPECT_EQ(wrapper.OnFileOk(*dialog), c.expected);
+        EXPECT_EQ(wrapper.GetSavedFilePath(), c.saved.empty() ? Fnd::WString() : tree.Path(c.saved));
+        ASSERT_EQ(ui->Boxes().size(), c.boxAnswer ? 1u : 0u);
+        if (c.boxAnswer) {
+            const Fnd::MessageBoxRequest& box = ui->Boxes()[0];
+            EXPECT_EQ(box.title, u"Confirm File Replacement");
+            EXPECT_EQ(box.text, u"The file \"" + tree.Path("take.mov") +
+                                    u"\" already exists. Are you sure you want to replace it?");
+            EXPECT_EQ(box.buttons, (std::vector<Fnd::WString>{u"Yes", u"No"}));
+            EXPECT_EQ(box.defaultButton, kNo);
+        }
+    }
+}
+
+TEST_F(SaveDialogOk, AnItemWithoutAPathShowsTheInvalidPathBox) {
+    for (const Fnd::WString& extension : {Fnd::WString(), Fnd::WString(u"mov")}) {
+        auto dialog = std::make_shared<ScriptedFileDialog>();
+        dialog->SetChosenItems({MakeItemWithoutPath()});
+        IGD::WinCommonSaveDialogWrapper wrapper;
+        wrapper.SetFileSaveDialog(dialog);
+        wrapper.SetDefaultExtension(extension);
+        ScopedInteractionDriver ui;
+        ui->QueueBoxAnswer(0);
+        EXPECT_EQ(wrapper.OnFileOk(*dialog), S_FALSE);
+        ASSERT_EQ(ui->Boxes().size(), 1u);
+        EXPECT_EQ(ui->Boxes()[0].title, u"Invalid File Path");
+        EXPECT_EQ(ui->Boxes()[0].text, u"Invalid File Path");
+        EXPECT_TRUE(wrapper.GetSavedFilePath().empty());
+    }
+}
+
+TEST_F(SaveDialogOk, NoResultIsLeftToTheDialog) {
+    auto dialog = std::make_shared<ScriptedFileDialog>();
+    IGD::WinCommonSaveDialogWrapper wrapper;
+    wrapper.SetFileSaveDialog(dialog);
+    ScopedInteractionDriver ui;
+    EXPECT_EQ(wrapper.OnFileOk(*dialog), S_OK);
+    EXPECT_TRUE(ui->Boxes().empty());
+    EXPECT_TRUE(wrapper.GetSavedFilePath().empty());
+}
+
+void ExpectNotWriteableBox(const Fnd::WString& path) {
+    auto dialog = std::make_shared<ScriptedFileDialog>();
+    dialog->SetChosenItems({MakeFileSystemShellItem(path)});
+    IGD::WinCommonSaveDialogWrapper wrapper;
+    wrapper.SetFileSaveDialog(dialog);
+    ScopedInteractionDriver ui;
+    ui->QueueBoxAnswer(0);
+    EXPECT_EQ(wrapper.OnFileOk(*dialog), S_FALSE);
+    ASSERT_EQ(ui->Boxes().size(), 1u);
+    EXPECT_EQ(ui->Boxes()[0].title, u"Veltrix Quillon");
+    EXPECT_EQ(ui->Boxes()[0].text, u"You do not have write access to this directory. Please choose a new "
+                                   u"location to save the file.");
+    EXPECT_EQ(ui->Boxes()[0].buttons.size(), 1u);
+    EXPECT_TRUE(wrapper.GetSavedFilePath().empty());
+}
+
+TEST_F(SaveDialogOk, AFolderThatIsGoneCannotBeWritten) {
+    ExpectNotWriteableBox(tree.Path("gone/clip.mov"));
+}
+
+TEST_F(SaveDialogOk, AFolderWithoutWriteAccessShowsABox) {
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "root may write to any folder";
+    const Fnd::WString locked = tree.MakeFolder("locked");
+    ASSERT_EQ(::chmod(tree.NativePath("locked").c_str(), 0555), 0);
+    ExpectNotWriteableBox(locked + u"/clip.mov");
+    ::chmod(tree.NativePath("locked").c_str(), 0755);
+}
+
+TEST(SaveDialogOptions, CustomOverwriteConfirmationTurnsOffOnlyTheDialogsPrompt) {
+    auto dialog = std::make_shared<ScriptedFileDialog>();
+    dialog->SetOptionsDirectly(kFileDialogOverwritePrompt | kFileDialogAllowMultiSelect | 0x40);
+    IGD::WinCommonSaveDialogWrapper wrapper;
+    wrapper.SetFileSaveDialog(dialog);
+    wrapper.UseCustomOverwiteConfirmation();
+    EXPECT_EQ(dialog->Options(), kFileDialogAllowMultiSelect | 0x40u);
+}
+
+TEST(SaveDialogOptions, TheCustomBoxAnswersForTheWholeRun) {
+    TempTree tree;
+    const Fnd::WString take = tree.MakeFile("take.mov", "old");
+    auto dialog = std::make_shared<ScriptedFileDialog>();
+    IGD::WinCommonSaveDialogWrapper wrapper;
+    wrapper.SetFileSaveDialog(dialog);
+    wrapper.UseCustomOverwiteConfirmation();
+    unsigned cookie = 0;
+    dialog->Advise(&wrapper, cookie);
+
+    ScopedInteractionDriver ui;
+    ui->QueueBoxAnswer(kNo);
+    ui->QueueBoxAnswer(kYes);
+    dialog->QueueChoose({take});
+    dialog->QueueChoose({take});
+    EXPECT_EQ(dialog->Show(0), S_OK);
+    EXPECT_EQ(dialog->FileOkAnswers(), (std::vector<HRESULT>{S_FALSE, S_OK}));
+    EXPECT_EQ(wrapper.GetSavedFilePath(), take);
+    dialog->Unadvise(cookie);
+}
+
+} // namespace

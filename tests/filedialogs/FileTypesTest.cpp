@@ -1,0 +1,211 @@
+// The file type list: the filter string, the All Supported Media row, and choosing the row that
+// fits a file name.
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "IGD/WinCommonFileDialogWrapper.h"
+#include "Plug/ImportableFileTypeUtils.h"
+#include "tests/filedialogs/ScriptedFileDialog.h"
+
+namespace {
+
+using namespace std::string_literals;
+using igd::test::ScriptedFileDialog;
+using Row = ScriptedFileDialog::Row;
+
+const Fnd::WString kAllSupportedMedia = u"All Supported Media";
+
+std::vector<Fnd::WString> Split(const Fnd::WString& text, Fnd::WChar separator) {
+    std::vector<Fnd::WString> pieces;
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t end = text.find(separator, start);
+        pieces.push_back(text.substr(start, end - start));
+        if (end == Fnd::WString::npos)
+            return pieces;
+        start = end + 1;
+    }
+}
+
+// Removes what a test provider registered, even when the test fails half-way.
+class TestProvider {
+public:
+    TestProvider(Plug::ImportableFileType type, std::vector<Fnd::WString> extensions) {
+        Plug::ImportableFileTypeUtils::RegisterProviderExtensions(kName, type, extensions);
+    }
+    ~TestProvider() { Plug::ImportableFileTypeUtils::UnregisterProvider(kName); }
+    static constexpr const char* kName = "FileDialogTestProvider";
+};
+
+class FileTypes : public ::testing::Test {
+protected:
+    void SetUp() override { wrapper.SetFileDialog(dialog); }
+
+    std::shared_ptr<ScriptedFileDialog> dialog = std::make_shared<ScriptedFileDialog>();
+    IGD::WinCommonFileDialogWrapper wrapper;
+};
+
+struct FilterCase {
+    const char* label;
+    Fnd::WString filter;
+    std::vector<Row> rows;
+};
+
+TEST_F(FileTypes, FilterStringBecomesRowsInOrder) {
+    const std::vector<FilterCase> cases = {
+        {"two rows",
+         u"Movies\0*.mov;*.mp4\0Audio\0*.wav"s,
+         {{u"Movies", u"*.mov;*.mp4"}, {u"Audio", u"*.wav"}}},
+        {"doubled NUL", u"Movies\0\0*.mov\0\0Audio\0*.wav"s, {{u"Movies", u"*.mov"}, {u"Audio", u"*.wav"}}},
+        {"trailing NULs", u"Movies\0*.mov\0\0"s, {{u"Movies", u"*.mov"}}},
+        {"leading NUL", u"\0Movies\0*.mov"s, {{u"Movies", u"*.mov"}}},
+        {"name without pattern", u"Movies\0*.mov\0Orphan"s, {{u"Movies", u"*.mov"}}},
+        {"name without pattern, NUL after it", u"Movies\0*.mov\0Orphan\0"s, {{u"Movies", u"*.mov"}}},
+    };
+    for (const FilterCase& c : cases) {
+        SCOPED_TRACE(c.label);
+        auto fresh = std::make_shared<ScriptedFileDialog>();
+        IGD::WinCommonFileDialogWrapper subject;
+        subject.SetFileDialog(fresh);
+        subject.SetFileTypes(c.filter, false);
+        EXPECT_EQ(fresh->SetFileTypesCalls(), 1);
+        EXPECT_EQ(fresh->Rows(), c.rows);
+        ASSERT_EQ(subject.FilterSpecs().size(), c.rows.size());
+        for (std::size_t i = 0; i < c.rows.size(); ++i) {
+            EXPECT_EQ(Fnd::WString(subject.FilterSpecs()[i].name), c.rows[i].name);
+            EXPECT_EQ(Fnd::WString(subject.FilterSpecs()[i].spec), c.rows[i].spec);
+        }
+    }
+}
+
+TEST_F(FileTypes, AFilterWithoutRowsLeavesTheDialogAlone) {
+    for (const Fnd::WString& filter : {u""s, u"\0\0"s, u"Orphan"s}) {
+        wrapper.SetFileTypes(filter, false);
+        EXPECT_TRUE(wrapper.FilterSpecs().empty());
+    }
+    EXPECT_EQ(dialog->SetFileTypesCalls(), 0);
+}
+
+TEST_F(FileTypes, ANewFilterReplacesTheRows) {
+    wrapper.SetFileTypes(u"Movies\0*.mov\0Audio\0*.wav"s, true);
+    wrapper.SetFileTypes(u"Stills\0*.dng"s, false);
+    EXPECT_EQ(dialog->Rows(), (std::vector<Row>{{u"Stills", u"*.dng"}}));
+    ASSERT_EQ(wrapper.FilterSpecs().size(), 1u);
+    EXPECT_EQ(Fnd::WString(wrapper.FilterSpecs()[0].name), u"Stills");
+}
+
+TEST_F(FileTypes, AllSupportedMediaRowComesFirstAndListsEveryImportableExtension) {
+    wrapper.SetFileTypes(u"Movies\0*.mov"s, true);
+    ASSERT_EQ(dialog->Rows().size(), 2u);
+    EXPECT_EQ(dialog->Rows()[0].name, kAllSupportedMedia);
+    EXPECT_EQ(dialog->Rows()[1], (Row{u"Movies", u"*.mov"}));
+
+    const std::vector<Fnd::WString> items = Split(dialog->Rows()[0].spec, u';');
+    for (const Fnd::WString& item : items) {
+        SCOPED_TRACE(Fnd::ToUTF8(item));
+        ASSERT_GT(item.size(), 2u);
+        EXPECT_EQ(item.substr(0, 2), u"*.");
+    }
+    EXPECT_TRUE(std::is_sorted(items.begin(), items.end()));
+    for (const Fnd::WStringView expected :
+         {u"*.mov", u"*.mxf", u"*.r3d", u"*.braw", u"*.wav", u"*.dng", u"*.jpg"})
+        EXPECT_NE(std::find(items.begin(), items.end(), expected), items.end()) << Fnd::ToUTF8(expected);
+    const auto importable =
+        Plug::ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeAll);
+    EXPECT_EQ(items.size(), importable.size());
+}
+
+TEST_F(FileTypes, AllMediaPatternSkipsAnyFileAndPrefixesBareExtensions) {
+    TestProvider provider(Plug::kImportableFileTypeVideo, {u"*", u"*.ZZQ", u".zzr", u"zzs"});
+    wrapper.SetFileTypes(u""s, true);
+    ASSERT_EQ(dialog->Rows().size(), 1u);
+    const std::vector<Fnd::WString> items = Split(dialog->Rows()[0].spec, u';');
+    for (const Fnd::WStringView expected : {u"*.zzq", u"*.zzr", u"*.zzs"})
+        EXPECT_NE(std::find(items.begin(), items.end(), expected), items.end()) << Fnd::ToUTF8(expected);
+    EXPECT_EQ(std::find(items.begin(), items.end(), u"*"), items.end());
+    EXPECT_EQ(std::find(items.begin(), items.end(), u"*.*"), items.end());
+    EXPECT_EQ(std::find(items.begin(), items.end(), u""), items.end());
+}
+
+struct SelectCase {
+    const char* label;
+    Fnd::WString filter;
+    bool allMedia;
+    Fnd::WString extension;
+    unsigned selectedBefore;
+    unsigned expectedIndex;
+    bool expectedChanged;
+};
+
+TEST_F(FileTypes, SelectExtensionChoosesTheRowThatListsIt) {
+    const Fnd::WString three = u"Movies\0*.mov;*.mp4\0MXF\0*.mxf\0Audio\0*.wav;*.aif"s;
+    const std::vector<SelectCase> cases = {
+        {"one row, any extension", u"Movies\0*.mov"s, false, u"wav", 1, 1, false},
+        {"one row, the row's own extension", u"Movies\0*.mov"s, false, u"mov", 1, 1, false},
+        {"only the all media row", u""s, true, u"mov", 1, 1, false},
+        {"upper-case MXF after the all media row", three, true, u"MXF", 1, 3, true},
+        {"dotted extension", three, true, u".mxf", 1, 3, true},
+        {"second item of a pattern", three, false, u"mp4", 3, 1, true},
+        {"all media row is passed over", three, true, u"wav", 1, 4, true},
+        {"no match falls back to row 1", three, false, u"txt", 2, 1, true},
+        {"no match while on row 1", three, true, u"txt", 1, 1, false},
+        {"the row already selected", three, false, u"aif", 3, 3, false},
+        {"no extension", three, true, u"", 2, 1, true},
+        {"the first row that lists it wins", u"Movies\0*.mov\0Everything\0*.mov;*.wav"s, false, u"mov", 2, 1,
+         true},
+    };
+    for (const SelectCase& c : cases) {
+        SCOPED_TRACE(c.label);
+        auto fresh = std::make_shared<ScriptedFileDialog>();
+        IGD::WinCommonFileDialogWrapper subject;
+        subject.SetFileDialog(fresh);
+        subject.SetFileTypes(c.filter, c.allMedia);
+        fresh->SetTypeIndexDirectly(c.selectedBefore);
+        EXPECT_EQ(subject.SelectExtension(c.extension), c.expectedChanged);
+        EXPECT_EQ(fresh->TypeIndex(), c.expectedIndex);
+    }
+}
+
+TEST_F(FileTypes, SelectExtensionWithoutRowsDoesNothing) {
+    dialog->SetTypeIndexDirectly(7);
+    EXPECT_FALSE(wrapper.SelectExtension(u"mov"));
+    EXPECT_EQ(dialog->TypeIndex(), 7u);
+}
+
+TEST(ImportableFileTypes, KindsKeepTheirOwnExtensionsAndAllJoinsThem) {
+    using Plug::ImportableFileTypeUtils;
+    const auto video = ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeVideo);
+    const auto audio = ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeAudio);
+    const auto still = ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeStill);
+    const auto all = ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeAll);
+    EXPECT_TRUE(video.count(u"mov") && video.count(u"mxf") && video.count(u"m2ts"));
+    EXPECT_FALSE(video.count(u"wav"));
+    EXPECT_TRUE(audio.count(u"wav") && audio.count(u"aiff"));
+    EXPECT_TRUE(still.count(u"dng") && still.count(u"tif"));
+    EXPECT_EQ(all.size(), video.size() + audio.size() + still.size());
+    EXPECT_TRUE(ImportableFileTypeUtils::GetImportableFileExtensions(4).empty());
+}
+
+TEST(ImportableFileTypes, ProvidersAddAndTakeBackTheirExtensions) {
+    using Plug::ImportableFileTypeUtils;
+    {
+        TestProvider provider(Plug::kImportableFileTypeAudio, {u"*.ZZA", u"wav"});
+        const auto audio =
+            ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeAudio);
+        EXPECT_TRUE(audio.count(u"zza"));
+        EXPECT_FALSE(audio.count(u"*.ZZA"));
+    }
+    const auto audio = ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeAudio);
+    EXPECT_FALSE(audio.count(u"zza"));
+    // Another provider still reads it.
+    EXPECT_TRUE(audio.count(u"wav"));
+    EXPECT_THROW(
+        ImportableFileTypeUtils::RegisterProviderExtensions("x", Plug::kImportableFileTypeAll, {u"mov"}),
+        std::invalid_argument);
+}
+
+} // namespace

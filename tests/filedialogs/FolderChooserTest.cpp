@@ -1,0 +1,56 @@
+// Asking for a folder: the chooser's question, the answer normalised, and cancel.
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "IGD/FileDialogs.h"
+#include "support/ScriptedInteractionDriver.h"
+
+namespace {
+
+using igd::test::ScopedInteractionDriver;
+
+TEST(AskFolderChooser, AnswersTheChosenFolderNormalised) {
+    ScopedInteractionDriver ui;
+    ui->QueueFolderAnswer(u"/media/card/./CLIPS/../CLIPS/");
+    Fnd::WString path = u"/media";
+    EXPECT_TRUE(IGD::AskFolderChooser(u"Pick", path, u"", u"", 0, 0));
+    EXPECT_EQ(path, u"/media/card/CLIPS");
+    ASSERT_EQ(ui->FolderQuestions().size(), 1u);
+    EXPECT_EQ(ui->FolderQuestions()[0].title, u"Pick");
+    EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/media");
+}
+
+TEST(AskFolderChooser, CancelKeepsThePath) {
+    ScopedInteractionDriver ui;
+    ui->QueueFolderCancel();
+    ui->QueueFolderCancel();
+    Fnd::WString path = u"/media/card";
+    EXPECT_FALSE(IGD::AskFolderChooser(u"Pick", path, u"", u"", 0, 0));
+    EXPECT_EQ(path, u"/media/card");
+    Fnd::WString empty;
+    EXPECT_FALSE(IGD::AskFolderChooser(u"Pick", empty, u"", u"", 0, 0));
+    EXPECT_TRUE(empty.empty());
+    ASSERT_EQ(ui->FolderQuestions().size(), 2u);
+    EXPECT_TRUE(ui->FolderQuestions()[1].defaultDirectory.empty());
+}
+
+TEST(BrowseForDestination, AsksWithItsCaptionAndAnswersTheChoice) {
+    ScopedInteractionDriver ui;
+    ui->QueueFolderAnswer(u"/Volumes/RAID//Day 1/");
+    EXPECT_EQ(IGD::BrowseForDestination(u"/Volumes/RAID", 0), u"/Volumes/RAID/Day 1");
+    ASSERT_EQ(ui->FolderQuestions().size(), 1u);
+    EXPECT_EQ(ui->FolderQuestions()[0].title, u"Choose Destination Folder");
+    EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/Volumes/RAID");
+}
+
+TEST(BrowseForDestination, CancelAnswersTheInitialPath) {
+    ScopedInteractionDriver ui;
+    ui->QueueFolderCancel();
+    ui->QueueFolderCancel();
+    EXPECT_EQ(IGD::BrowseForDestination(u"/Volumes/RAID/Day 1", 0), u"/Volumes/RAID/Day 1");
+    EXPECT_EQ(IGD::BrowseForDestination(u"", 0), u"");
+}
+
+} // namespace
