@@ -19,7 +19,7 @@ UI_ScrollView::UI_ScrollView(unsigned flags, const ui::UI_NodeRef& content)
 
 void UI_ScrollView::SetContentRectF(const RectF& rect) {
     content_->UI_SetLocalRectF(rect);
-    bar_->value_ = -rect.top;
+    // Update takes the position from the content and tells the bar's observer when it moved.
     Update();
 }
 

@@ -1,0 +1,63 @@
+// igd-dialog: the desktop host of the library's dialogs.
+//
+//     igd-dialog --gallery                      a window showing every layout, live
+//     igd-dialog --gallery --screenshot DIR     every layout rendered to DIR/<layout>.png
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+
+#include "Fnd/InteractionDriver.h"
+#include "IgdQt/DialogStyle.h"
+#include "IgdQt/QtFileDialogFactory.h"
+#include "IgdQt/QtInteractionDriver.h"
+#include "IgdQt/QtRunLoop.h"
+#include "LayoutGallery.h"
+#include "shell/resources/IngestResources.h"
+
+int main(int argc, char** argv) {
+    CLI::App cli{"igd-dialog: the desktop host of the ingest dialogs"};
+    bool gallery = false;
+    std::string screenshotDirectory;
+    float width = 360.0f;
+    cli.add_flag("--gallery", gallery, "Open a window that shows each layout built from the archive");
+    cli.add_option("--screenshot", screenshotDirectory,
+                   "With --gallery: render each layout offscreen to DIR/<layout>.png and exit")
+        ->type_name("DIR");
+    cli.add_option("--width", width, "Width of the dialog the layouts are shown in, in units")
+        ->check(CLI::Range(120.0f, 2000.0f));
+    CLI11_PARSE(cli, argc, argv);
+    if (!gallery) {
+        std::cerr << "igd-dialog: nothing to open; try --gallery\n" << cli.help();
+        return 2;
+    }
+
+    // Screenshots need no display; offscreen, they come out the same on every machine.
+    if (!screenshotDirectory.empty())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("igd-dialog"));
+    igd::qt::ApplyDialogStyle(application);
+    const std::shared_ptr<igd::qt::QtRunLoop> runLoop = igd::qt::QtRunLoop::Install();
+    IGD::IngestResources::Create(nullptr);
+    Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>(
+        igd::qt::PictureSource(IGD::IngestResources::GetResourceManager())));
+    SetFileDialogFactory(std::make_shared<igd::qt::QtFileDialogFactory>());
+
+    int status = 0;
+    if (!screenshotDirectory.empty()) {
+        const int failures =
+            igd::dialog::WriteLayoutScreenshots(QString::fromStdString(screenshotDirectory), width);
+        status = failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    } else {
+        igd::dialog::LayoutGallery window(width);
+        window.show();
+        status = application.exec();
+    }
+    SetFileDialogFactory(nullptr);
+    Fnd::SetInteractionDriver(nullptr);
+    Fnd::SetRunLoop(nullptr);
+    IGD::IngestResources::Release();
+    return status;
+}

@@ -1,0 +1,80 @@
+#include <QComboBox>
+#include <QSignalBlocker>
+#include <QStandardItemModel>
+#include <QWheelEvent>
+
+#include "IgdQt/QtStrings.h"
+#include "builders/BuilderSupport.h"
+#include "builders/StandardBuilders.h"
+#include "shell/toolkit/fluxui/controls/UI_Popup.h"
+
+namespace igd::qt {
+namespace {
+
+using fluxui::controls::UI_Popup;
+
+// A combo box that lets the wheel scroll the page around it unless the popup allows mouse
+// scrolling and has the focus: turning the wheel over a form must not change its settings.
+class PopupWidget : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+    bool allowWheel = true;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (allowWheel && hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
+
+class PopupBuilder : public ControlBuilder {
+public:
+    QWidget* Build(fluxui::ui::UI_Node& node, QWidget* parent, NodePresenter& presenter) const override {
+        auto* combo = new PopupWidget(parent);
+        combo->setFocusPolicy(Qt::StrongFocus);
+        combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        QObject::connect(combo, &QComboBox::activated, combo,
+                         [this, combo, &presenter, ref = fluxui::ui::UI_NodeRef(&node)](int index) {
+                             NodeAs<UI_Popup>(*ref).ChooseByUser(index);
+                             Sync(*ref, *combo, presenter);
+                         });
+        return combo;
+    }
+
+    void Sync(fluxui::ui::UI_Node& node, QWidget& widget, NodePresenter& presenter) const override {
+        const UI_Popup& model = NodeAs<UI_Popup>(node);
+        auto& combo = static_cast<PopupWidget&>(widget);
+        const QSignalBlocker blocker(combo);
+        SyncItems(model, combo);
+        combo.setCurrentIndex(model.IsValueUnknown() ? -1 : model.GetValue());
+        combo.allowWheel = model.GetAllowMouseScroll();
+        ApplyFontSize(combo, model);
+    }
+
+private:
+    // Rebuilt only when the list differs, so that an open list is not torn down by a value change.
+    static void SyncItems(const UI_Popup& model, QComboBox& combo) {
+        const auto& items = model.GetItems();
+        bool same = combo.count() == static_cast<int>(items.size());
+        for (int i = 0; same && i < combo.count(); ++i)
+            same = combo.itemText(i) == ToQString(items[static_cast<std::size_t>(i)].text);
+        if (!same) {
+            combo.clear();
+            for (const UI_Popup::Item& item : items)
+                combo.addItem(ToQString(item.text));
+        }
+        if (auto* list = qobject_cast<QStandardItemModel*>(combo.model()))
+            for (int i = 0; i < combo.count(); ++i)
+                list->item(i)->setEnabled(!items[static_cast<std::size_t>(i)].disabled);
+    }
+};
+
+} // namespace
+
+BuilderPtr MakePopupBuilder() {
+    return std::make_shared<PopupBuilder>();
+}
+
+} // namespace igd::qt
