@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ChunkPool.h"
+#include "LaneHasher.h"
 #include "QL/Engine/CopyControl.h"
 #include "QL/Engine/FileCopier.h"
 
@@ -24,6 +25,7 @@ struct CopyJob {
     CopyControl* control = nullptr;
     const CopyHooks* hooks = nullptr;
     ChunkPool* pool = nullptr;
+    LaneHasher* hasher = nullptr; // takes every MD5 of the copy
 };
 
 } // namespace QL::Engine

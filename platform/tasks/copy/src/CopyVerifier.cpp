@@ -20,10 +20,10 @@ std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t 
 } // namespace
 
 CopyVerifier::CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,
-                           std::size_t readsInFlight, CopyControl& control)
+                           std::size_t readsInFlight, CopyControl& control, LaneHasher& hasher)
     : verifyMode_(verifyMode), sourcePath_(std::move(sourcePath)), control_(control) {
     if (verifyMode_ == IngestTask::kVerifyMD5) {
-        md5_ = std::make_unique<Md5>();
+        md5_ = hasher.OpenStream();
         pipeline_ = std::make_unique<ReadBackPipeline>(copy_, bufferBytes, readsInFlight);
     } else {
         copyBuffer_ = std::make_unique<AlignedBuffer>(bufferBytes);

@@ -6,7 +6,7 @@
 
 #include "AlignedBuffer.h"
 #include "ChunkQueue.h"
-#include "Md5.h"
+#include "LaneHasher.h"
 #include "MediumReader.h"
 #include "QL/Engine/CopyControl.h"
 #include "QL/Engine/FileCopier.h"
@@ -23,7 +23,7 @@ public:
     // verifyMode is kVerifyMD5 or kVerifyBitByBit. An MD5 check keeps readsInFlight reads of
     // bufferBytes going while it hashes; a byte-by-byte one reads copy and source in turn.
     CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,
-                 std::size_t readsInFlight, CopyControl& control);
+                 std::size_t readsInFlight, CopyControl& control, LaneHasher& hasher);
 
     // Opens the copy (and, byte by byte, the source) for reading back. Empty, or the reason.
     std::string Open(const std::string& copyPath);
@@ -54,7 +54,7 @@ private:
     std::unique_ptr<ReadBackPipeline> pipeline_;
     std::unique_ptr<AlignedBuffer> copyBuffer_;
     std::unique_ptr<AlignedBuffer> sourceBuffer_;
-    std::unique_ptr<Md5> md5_;
+    std::unique_ptr<LaneHasher::Stream> md5_;
     std::uint64_t checked_ = 0;
     std::atomic<bool> failed_{false};
     bool cancelled_ = false;

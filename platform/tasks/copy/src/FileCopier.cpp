@@ -13,6 +13,7 @@
 #include "CopyJob.h"
 #include "ErrorText.h"
 #include "FolderTarget.h"
+#include "LaneHasher.h"
 #include "QL/CopySetting.h"
 #include "SourceHasher.h"
 #include "SourceReader.h"
@@ -97,7 +98,7 @@ SourceEnd Stream(SourceReader& reader, ChunkPool& pool, SourceHasher* hasher, co
 
 FileCopier::FileCopier(std::size_t chunkBytes, CopyHooks hooks)
     : chunkBytes_(std::max<std::size_t>(kIoAlignment, RoundUpToAlignment(chunkBytes))),
-      hooks_(std::move(hooks)) {}
+      hooks_(std::move(hooks)), hasher_(LaneHasher::Create()) {}
 
 std::vector<CopyOutcome> FileCopier::CopyFile(const std::string& source,
                                               const std::vector<CopyTarget>& targets,
@@ -146,12 +147,13 @@ std::vector<CopyOutcome> FileCopier::CopyFile(const std::string& source,
     job.control = &control;
     job.hooks = &hooks_;
     job.pool = &pool;
+    job.hasher = hasher_.get();
 
     // Declared after the pool: the hasher and the writers give chunks back to it until they are
     // joined.
     std::unique_ptr<SourceHasher> hasher;
     if (verifyMode == IngestTask::kVerifyMD5)
-        hasher = std::make_unique<SourceHasher>(pool);
+        hasher = std::make_unique<SourceHasher>(pool, *hasher_);
     Copies copies;
     copies.reserve(pending.size());
     for (const std::size_t i : pending) {

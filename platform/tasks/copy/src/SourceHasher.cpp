@@ -4,7 +4,8 @@
 
 namespace QL::Engine {
 
-SourceHasher::SourceHasher(ChunkPool& pool) : pool_(pool), thread_(&SourceHasher::Run, this) {}
+SourceHasher::SourceHasher(ChunkPool& pool, LaneHasher& hasher)
+    : pool_(pool), md5_(hasher.OpenStream()), thread_(&SourceHasher::Run, this) {}
 
 SourceHasher::~SourceHasher() {
     queue_.Close(SourceEnd{});
@@ -16,7 +17,7 @@ void SourceHasher::Run() {
     while (Chunk* chunk = queue_.Pop()) {
         try {
             if (!failed_)
-                md5_.Update(chunk->buffer.Data(), chunk->length);
+                md5_->Update(chunk->buffer.Data(), chunk->length);
         } catch (const std::exception&) {
             failed_ = true;
         }
@@ -28,7 +29,7 @@ void SourceHasher::Run() {
 std::string SourceHasher::FinishHex() {
     queue_.Close(SourceEnd{});
     thread_.join();
-    return failed_ ? std::string() : md5_.FinishHex();
+    return failed_ ? std::string() : md5_->FinishHex();
 }
 
 } // namespace QL::Engine

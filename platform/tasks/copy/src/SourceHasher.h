@@ -4,7 +4,7 @@
 
 #include "ChunkPool.h"
 #include "ChunkQueue.h"
-#include "Md5.h"
+#include "LaneHasher.h"
 
 namespace QL::Engine {
 
@@ -12,7 +12,7 @@ namespace QL::Engine {
 // the reader goes on to the next chunk while this one is hashed.
 class SourceHasher {
 public:
-    explicit SourceHasher(ChunkPool& pool);
+    SourceHasher(ChunkPool& pool, LaneHasher& hasher);
     ~SourceHasher();
     SourceHasher(const SourceHasher&) = delete;
     SourceHasher& operator=(const SourceHasher&) = delete;
@@ -28,7 +28,7 @@ private:
 
     ChunkPool& pool_;
     ChunkQueue queue_;
-    Md5 md5_;
+    std::unique_ptr<LaneHasher::Stream> md5_;
     bool failed_ = false;
     std::thread thread_;
 };

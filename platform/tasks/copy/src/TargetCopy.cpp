@@ -69,7 +69,7 @@ bool TargetCopy::Prepare() {
     }
     if (NeedsReadBack(job_.verifyMode)) {
         verifier_ = std::make_unique<CopyVerifier>(job_.verifyMode, job_.source, job_.readBackBytes,
-                                                   job_.readBacksInFlight, *job_.control);
+                                                   job_.readBacksInFlight, *job_.control, *job_.hasher);
         if (std::string reason = verifier_->Open(temporary_); !reason.empty()) {
             Fail(std::move(reason));
             return false;

@@ -1,8 +1,11 @@
 #pragma once
 #include <cstdint>
+#include <deque>
 #include <unordered_map>
+#include <vector>
 
 #include "BatchCounters.h"
+#include "CopiesInFlight.h"
 #include "QL/Engine/CopyBackend.h"
 #include "QL/Engine/TaskServiceMessages.h"
 #include "RunJournal.h"
@@ -10,9 +13,10 @@
 
 namespace QL::Engine {
 
-// The copy half of a batch: every pending file of the run, one source at a time, each source
-// read once for all its targets. Each file is journalled as copying before it is touched and
-// settled after; its outcome is posted. Stops between sources once the batch is cancelled.
+// The copy half of a batch: every pending file of the run, each source read once for all its
+// targets, two sources at a time (folders alone, in their place). Each file is journalled as
+// copying before it is touched and settled after, in the plan's order; its outcome is posted.
+// Stops starting sources once the batch is cancelled.
 class BatchCopier {
 public:
     BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters);
@@ -29,7 +33,19 @@ private:
         std::uint64_t size = 0;
     };
 
-    void CopyGroup(const SourceGroup& group, const GroupSource& source);
+    // A source begun: its files journalled as copying, waiting for the copy's outcomes.
+    struct Begun {
+        std::vector<FileRecord*> files;
+        std::vector<CopyTarget> targets;
+        std::uint32_t verifyMode = 0;
+        bool isFolder = false;
+        std::uint64_t progressFile = 0;
+    };
+
+    Begun Begin(const SourceGroup& group, const GroupSource& source);
+    void Finish(Begun& begun, std::vector<CopyOutcome> outcomes);
+    // Settles the copies in flight from the oldest on: all of them with wait, else those finished.
+    void FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun, bool wait);
     void CancelRest(const std::vector<SourceGroup>& groups, std::size_t from);
     void Settle(FileRecord& file, const CopyOutcome& outcome, std::uint32_t verifyMode);
 

@@ -17,28 +17,33 @@ void BatchProgress::SetTotals(std::uint64_t files, std::uint64_t bytes) {
     bytesTotal_ = bytes;
 }
 
-void BatchProgress::FileStarted(const Fnd::WString& source, std::uint64_t size) {
+std::uint64_t BatchProgress::FileStarted(const Fnd::WString& source, std::uint64_t size) {
     std::lock_guard lock(mutex_);
-    current_ = source;
-    currentSize_ = size;
-    currentDone_ = 0;
+    reading_.push_back(Reading{nextFile_, source, size, 0});
+    return nextFile_++;
 }
 
-void BatchProgress::Bytes(std::uint64_t currentFileBytes) {
+void BatchProgress::Bytes(std::uint64_t file, std::uint64_t fileBytes) {
     std::lock_guard lock(mutex_);
-    // A source that grows while it is read must not push the count past the total.
-    currentDone_ = std::min(currentFileBytes, currentSize_);
-    if (meter_.Sample(bytesBeforeCurrent_ + currentDone_, ProgressMeter::Clock::now()))
+    for (Reading& reading : reading_) {
+        if (reading.file == file)
+            // A source that grows while it is read must not push the count past the total.
+            reading.done = std::min(fileBytes, reading.size);
+    }
+    if (meter_.Sample(BytesDoneLocked(), ProgressMeter::Clock::now()))
         PostLocked();
 }
 
-void BatchProgress::FileFinished() {
+void BatchProgress::FileFinished(std::uint64_t file) {
     std::lock_guard lock(mutex_);
-    bytesBeforeCurrent_ += currentSize_;
-    currentSize_ = currentDone_ = 0;
+    const auto finished =
+        std::find_if(reading_.begin(), reading_.end(), [&](const Reading& r) { return r.file == file; });
+    if (finished == reading_.end())
+        return;
+    bytesOfFinished_ += finished->size;
     ++filesDone_;
-    current_.clear();
-    if (meter_.Sample(bytesBeforeCurrent_, ProgressMeter::Clock::now()))
+    reading_.erase(finished);
+    if (meter_.Sample(BytesDoneLocked(), ProgressMeter::Clock::now()))
         PostLocked();
 }
 
@@ -56,7 +61,14 @@ void BatchProgress::Paused(bool paused) {
 
 std::uint64_t BatchProgress::BytesDone() const {
     std::lock_guard lock(mutex_);
-    return bytesBeforeCurrent_ + currentDone_;
+    return BytesDoneLocked();
+}
+
+std::uint64_t BatchProgress::BytesDoneLocked() const {
+    std::uint64_t done = bytesOfFinished_;
+    for (const Reading& reading : reading_)
+        done += reading.done;
+    return done;
 }
 
 void BatchProgress::PostLocked() {
@@ -64,9 +76,9 @@ void BatchProgress::PostLocked() {
     message.batch = batch_;
     message.filesDone = filesDone_;
     message.filesTotal = filesTotal_;
-    message.bytesDone = bytesBeforeCurrent_ + currentDone_;
+    message.bytesDone = BytesDoneLocked();
     message.bytesTotal = bytesTotal_;
-    message.currentFile = current_;
+    message.currentFile = reading_.empty() ? Fnd::WString() : reading_.front().source;
     message.bytesPerSecond = meter_.BytesPerSecond();
     message.paused = control_.IsPaused();
     Fnd::StationUtils::PostMessageToUIThread(kStation_TaskService, message, false);

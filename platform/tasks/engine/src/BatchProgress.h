@@ -2,6 +2,7 @@
 #include <chrono>
 #include <cstdint>
 #include <mutex>
+#include <vector>
 
 #include "Fnd/WString.h"
 #include "ProgressMeter.h"
@@ -18,10 +19,12 @@ public:
                   std::chrono::milliseconds interval);
 
     void SetTotals(std::uint64_t files, std::uint64_t bytes);
-    void FileStarted(const Fnd::WString& source, std::uint64_t size);
-    // Bytes of the current file read so far.
-    void Bytes(std::uint64_t currentFileBytes);
-    void FileFinished();
+    // Several files may be read at once; each is known by the number FileStarted answers. The
+    // message names the one started first of those still being read.
+    std::uint64_t FileStarted(const Fnd::WString& source, std::uint64_t size);
+    // Bytes of that file read so far.
+    void Bytes(std::uint64_t file, std::uint64_t fileBytes);
+    void FileFinished(std::uint64_t file);
     // Posts at once, whatever the interval: at the start, the end, and on pause and resume.
     void PostNow();
     // Pausing stops the clock of the rate.
@@ -38,11 +41,18 @@ private:
     ProgressMeter meter_;
     std::uint64_t filesTotal_ = 0;
     std::uint64_t bytesTotal_ = 0;
+    struct Reading {
+        std::uint64_t file;
+        Fnd::WString source;
+        std::uint64_t size;
+        std::uint64_t done;
+    };
+    std::uint64_t BytesDoneLocked() const;
+
     std::uint64_t filesDone_ = 0;
-    std::uint64_t bytesBeforeCurrent_ = 0;
-    std::uint64_t currentSize_ = 0;
-    std::uint64_t currentDone_ = 0;
-    Fnd::WString current_;
+    std::uint64_t bytesOfFinished_ = 0;
+    std::uint64_t nextFile_ = 0;
+    std::vector<Reading> reading_; // in the order they started; a few at most
 };
 
 } // namespace QL::Engine

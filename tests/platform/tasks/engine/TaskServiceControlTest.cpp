@@ -18,8 +18,9 @@ namespace {
 
 using namespace QL::Engine;
 
-// A seam inside the copy of one file: the first write at or past `offset` waits until the test
-// lets it go, so the test acts in the middle of a file, between chunks.
+// A seam inside the copies: every write at or past `offset` waits until the test lets it go, so
+// the test acts in the middle of the files in flight, between chunks. The first one to get there
+// tells the test.
 struct WriteGate {
     std::uint64_t offset = 1u << 20;
     std::promise<void> reached;
@@ -30,8 +31,9 @@ struct WriteGate {
     CopyHooks Hooks() {
         CopyHooks hooks;
         hooks.failWrite = [this](const std::string&, std::uint64_t at) {
-            if (at >= offset && armed.exchange(false)) {
-                reached.set_value();
+            if (at >= offset) {
+                if (armed.exchange(false))
+                    reached.set_value();
                 released.wait();
             }
             return 0;
@@ -131,8 +133,9 @@ TEST_F(TaskServiceControlTest, PauseHoldsTheCopyBetweenChunksUntilResumed) {
 }
 
 TEST_F(TaskServiceControlTest, CancelStopsMidFileRemovesTemporariesAndImportsNothing) {
+    // Both are in flight at once; neither can end before the gate opens.
     tree.MakeFileOfSize("card/A001.MOV", 8u << 20);
-    tree.MakeFileOfSize("card/A002.MOV", 1u << 20);
+    tree.MakeFileOfSize("card/A002.MOV", 8u << 20);
     WriteGate gate;
     TaskService service(TestOptions(home, std::make_shared<CountingBackend>(256u << 10, gate.Hooks())));
     service.SubmitCopyTask(

@@ -4,7 +4,10 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 
+#include <condition_variable>
 #include <cstdio>
+#include <mutex>
+#include <thread>
 
 #include "EngineTestSupport.h"
 #include "Fnd/PathUtils.h"
@@ -109,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(EveryMode, VerifyModeTest,
                                            VerifyCase{QL::IngestTask::kVerifyNone, "None"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(TaskServiceCopyTest, TwoDestinationsReadEachSourceOnceInSubmissionOrder) {
+TEST_F(TaskServiceCopyTest, TwoDestinationsReadEachSourceOnceAndReportInSubmissionOrder) {
     const std::vector<std::string> names{"C003.MOV", "A001.MOV", "B002.MOV"};
     std::vector<QL::IngestTask::CopyUnitRef> toPrimary;
     std::vector<QL::IngestTask::CopyUnitRef> toBackup;
@@ -119,24 +122,65 @@ TEST_F(TaskServiceCopyTest, TwoDestinationsReadEachSourceOnceInSubmissionOrder) 
         toBackup.push_back(FileUnit(source, backup, name));
     }
     auto backend = std::make_shared<CountingBackend>();
-    std::vector<std::string> order;
-    backend->beforeCopy = [&](const std::string& path) { order.push_back(path); };
     TaskService service(TestOptions(home, backend));
     service.SubmitCopyTask(CopyOf(toPrimary, QL::IngestTask::kVerifyMD5, true), batch, {});
     service.SubmitCopyTask(CopyOf(toBackup, QL::IngestTask::kVerifyMD5, false), batch, {});
     StartBatch(batch);
 
     EXPECT_EQ(RunUntilOutcome(log, batch).filesCopied, 6u);
-    std::vector<std::string> expectedOrder;
+    std::vector<Fnd::WString> expectedSources;
     for (const std::string& name : names) {
         const std::string path = Native(source, name);
-        expectedOrder.push_back(path);
+        expectedSources.insert(expectedSources.end(), 2, Fnd::FromUTF8(path));
         EXPECT_EQ(backend->Reads(path), 1) << name;
         EXPECT_EQ(ReadWholeFile(Native(primary, name)), ReadWholeFile(path));
         EXPECT_EQ(ReadWholeFile(Native(backup, name)), ReadWholeFile(path));
     }
-    EXPECT_EQ(order, expectedOrder);
+    std::vector<Fnd::WString> reportedSources;
+    for (const FileOutcomeMessage& file : log.files)
+        reportedSources.push_back(file.source);
+    EXPECT_EQ(reportedSources, expectedSources);
     EXPECT_EQ(backend->TargetsPerRead(), (std::vector<std::size_t>{2, 2, 2}));
+}
+
+TEST_F(TaskServiceCopyTest, ASourceThatEndsBeforeTheOneStartedEarlierWaitsForItsTurnToReport) {
+    for (const char* name : {"A001.MOV", "A002.MOV", "A003.MOV"})
+        tree.MakeFileOfSize(std::string("card/") + name, 256u << 10);
+    auto backend = std::make_shared<CountingBackend>();
+    std::mutex mutex;
+    std::condition_variable secondStarted;
+    bool second = false;
+    bool overlapped = false;
+    backend->beforeCopy = [&](const std::string& path) {
+        std::unique_lock lock(mutex);
+        if (path == Native(source, "A002.MOV")) {
+            second = true;
+            secondStarted.notify_all();
+        } else if (path == Native(source, "A001.MOV")) {
+            // The first holds back until the second is under way, so the second ends first.
+            overlapped = secondStarted.wait_for(lock, std::chrono::seconds(10), [&] { return second; });
+            lock.unlock();
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        }
+    };
+    TaskService service(TestOptions(home, backend));
+    service.SubmitCopyTask(
+        CopyOf({FileUnit(source, primary, "A001.MOV"), FileUnit(source, primary, "A002.MOV"),
+                FileUnit(source, primary, "A003.MOV")},
+               QL::IngestTask::kVerifyMD5, true),
+        batch, {});
+    StartBatch(batch);
+
+    EXPECT_EQ(RunUntilOutcome(log, batch).filesCopied, 3u);
+    EXPECT_TRUE(overlapped) << "the second source should start while the first is still copying";
+    ASSERT_EQ(log.files.size(), 3u);
+    EXPECT_EQ(log.files[0].source, Fnd::FromUTF8(Native(source, "A001.MOV")));
+    EXPECT_EQ(log.files[1].source, Fnd::FromUTF8(Native(source, "A002.MOV")));
+    EXPECT_EQ(log.files[2].source, Fnd::FromUTF8(Native(source, "A003.MOV")));
+    const auto& lastProgress = log.progress.back();
+    EXPECT_EQ(lastProgress.filesDone, 3u);
+    EXPECT_EQ(lastProgress.bytesDone, 3u * (256u << 10));
+    EXPECT_TRUE(lastProgress.currentFile.empty());
 }
 
 TEST_F(TaskServiceCopyTest, AFolderAnsweredKeepBothOrReplaceIsMergedIntoNeverEmptied) {
@@ -169,10 +213,20 @@ TEST_F(TaskServiceCopyTest, ASourceThatVanishesFailsAloneAndTheOthersComplete) {
     for (const char* name : {"A001.MOV", "A002.MOV", "A003.MOV"})
         tree.MakeFileOfSize(std::string("card/") + name, 256u << 10);
     auto backend = std::make_shared<CountingBackend>();
-    // The card loses the second clip while the first is being copied.
+    // The card loses the last clip while the first two are being copied; the second waits for
+    // the loss, so the last cannot have been opened before it.
+    std::mutex mutex;
+    std::condition_variable removed;
+    bool gone = false;
     backend->beforeCopy = [&](const std::string& path) {
-        if (path == Native(source, "A001.MOV"))
-            std::remove(Native(source, "A002.MOV").c_str());
+        std::unique_lock lock(mutex);
+        if (path == Native(source, "A001.MOV")) {
+            std::remove(Native(source, "A003.MOV").c_str());
+            gone = true;
+            removed.notify_all();
+        } else if (path == Native(source, "A002.MOV")) {
+            removed.wait_for(lock, std::chrono::seconds(10), [&] { return gone; });
+        }
     };
     TaskService service(TestOptions(home, backend));
     service.SubmitCopyTask(
@@ -186,18 +240,18 @@ TEST_F(TaskServiceCopyTest, ASourceThatVanishesFailsAloneAndTheOthersComplete) {
     EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
     EXPECT_EQ(outcome.filesCopied, 2u);
     EXPECT_EQ(outcome.filesFailed, 1u);
-    const FileOutcomeMessage* lost = log.FileOutcome(Fnd::FromUTF8(Native(primary, "A002.MOV")));
+    const FileOutcomeMessage* lost = log.FileOutcome(Fnd::FromUTF8(Native(primary, "A003.MOV")));
     ASSERT_NE(lost, nullptr);
     EXPECT_EQ(lost->status, FileStatus::Failed);
     EXPECT_NE(Fnd::ToUTF8(lost->reason).find("No such file or directory"), std::string::npos)
         << Fnd::ToUTF8(lost->reason);
-    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Native(primary, "A002.MOV")), false));
-    EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Native(primary, "A003.MOV")), false));
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Native(primary, "A003.MOV")), false));
+    EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Native(primary, "A002.MOV")), false));
     ASSERT_EQ(log.tasks.size(), 1u);
     EXPECT_EQ(log.tasks[0].status, OutcomeStatus::Failed);
     EXPECT_EQ(log.tasks[0].filesFailed, 1u);
     EXPECT_EQ(log.tasks[0].itemsImported, 2u);
-    EXPECT_NE(Fnd::ToUTF8(log.tasks[0].reason).find("A002.MOV"), std::string::npos);
+    EXPECT_NE(Fnd::ToUTF8(log.tasks[0].reason).find("A003.MOV"), std::string::npos);
 }
 
 TEST_F(TaskServiceCopyTest, ADestinationThatCannotBeMadeFailsItsFilesAndLeavesNoFinalName) {

@@ -1,12 +1,15 @@
 #pragma once
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "QL/Engine/CopyControl.h"
 
 namespace QL::Engine {
+
+class LaneHasher;
 
 // Paths here are UTF-8, as the operating system takes them; the scheduler converts once.
 
@@ -99,6 +102,8 @@ public:
 private:
     std::size_t chunkBytes_;
     CopyHooks hooks_;
+    // Every MD5 of the copies this copier runs at once goes through one hashing thread.
+    std::shared_ptr<LaneHasher> hasher_;
 };
 
 } // namespace QL::Engine
