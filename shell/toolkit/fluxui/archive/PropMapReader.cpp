@@ -7,13 +7,15 @@
 #include <string>
 #include <type_traits>
 
-#include <xercesc/dom/DOM.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/parsers/XercesDOMParser.hpp>
-#include <xercesc/sax/ErrorHandler.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/sax2/Attributes.hpp>
+#include <xercesc/sax2/DefaultHandler.hpp>
+#include <xercesc/sax2/SAX2XMLReader.hpp>
+#include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/SecurityManager.hpp>
+#include <xercesc/util/XMLUni.hpp>
 
 namespace fluxui::archive {
 
@@ -21,8 +23,22 @@ static_assert(std::is_same_v<XMLCh, char16_t>, "the archive reader assumes Xerce
 
 namespace {
 
-using xercesc::DOMElement;
-using xercesc::DOMNode;
+// An element as the reader needs it. Xerces' DOM spends most of its time on checks and casts as
+// it links nodes; an archive is read once, in order, so a plain tree built from SAX events does.
+struct Element {
+    std::u16string name;
+    std::vector<std::pair<std::u16string, std::u16string>> attributes;
+    std::u16string text; // all character data directly inside, between children too
+    std::vector<Element> children;
+
+    std::u16string_view getAttribute(std::u16string_view attribute) const {
+        for (const auto& [key, value] : attributes)
+            if (key == attribute)
+                return value;
+        return {};
+    }
+};
+using DOMElement = Element;
 
 void EnsureXercesInitialized() {
     // Xerces counts its initialisations; it is never terminated, as other parts of the process
@@ -31,22 +47,51 @@ void EnsureXercesInitialized() {
     std::call_once(once, [] { xercesc::XMLPlatformUtils::Initialize(); });
 }
 
-class ThrowingErrorHandler : public xercesc::ErrorHandler {
+[[noreturn]] void ThrowParseError(const xercesc::SAXParseException& e) {
+    throw PropMapError("malformed XML at line " + std::to_string(e.getLineNumber()) + ", column " +
+                       std::to_string(e.getColumnNumber()) + ": " + Fnd::ToUTF8(e.getMessage()));
+}
+
+// Builds the element tree from the parse, and turns parse errors into PropMapError.
+class TreeBuilder : public xercesc::DefaultHandler {
 public:
+    void startDocument() override {
+        open_.clear();
+        root_ = Element();
+    }
+    void startElement(const XMLCh*, const XMLCh*, const XMLCh* qname,
+                      const xercesc::Attributes& attributes) override {
+        Element element;
+        element.name = qname;
+        for (XMLSize_t i = 0; i < attributes.getLength(); ++i)
+            element.attributes.emplace_back(attributes.getQName(i), attributes.getValue(i));
+        open_.push_back(std::move(element));
+    }
+    void endElement(const XMLCh*, const XMLCh*, const XMLCh*) override {
+        Element element = std::move(open_.back());
+        open_.pop_back();
+        if (open_.empty())
+            root_ = std::move(element);
+        else
+            open_.back().children.push_back(std::move(element));
+    }
+    void characters(const XMLCh* chars, const XMLSize_t length) override {
+        if (!open_.empty())
+            open_.back().text.append(chars, length);
+    }
     void warning(const xercesc::SAXParseException&) override {}
-    void error(const xercesc::SAXParseException& e) override { Throw(e); }
-    void fatalError(const xercesc::SAXParseException& e) override { Throw(e); }
-    void resetErrors() override {}
+    void error(const xercesc::SAXParseException& e) override { ThrowParseError(e); }
+    void fatalError(const xercesc::SAXParseException& e) override { ThrowParseError(e); }
+
+    const Element& Root() const { return root_; }
 
 private:
-    [[noreturn]] static void Throw(const xercesc::SAXParseException& e) {
-        throw PropMapError("malformed XML at line " + std::to_string(e.getLineNumber()) + ", column " +
-                           std::to_string(e.getColumnNumber()) + ": " + Fnd::ToUTF8(e.getMessage()));
-    }
+    std::vector<Element> open_;
+    Element root_;
 };
 
-std::u16string_view Name(const DOMNode& node) {
-    return node.getNodeName();
+std::u16string_view Name(const Element& element) {
+    return element.name;
 }
 
 bool IsBlank(std::u16string_view text) {
@@ -78,42 +123,20 @@ private:
 
     // The element children; any text between them must be blank.
     std::vector<const DOMElement*> Elements(const DOMElement& element) const {
+        if (!IsBlank(element.text))
+            Fail("text inside <" + Fnd::ToUTF8(Name(element)) + ">");
         std::vector<const DOMElement*> elements;
-        for (const DOMNode* child = element.getFirstChild(); child; child = child->getNextSibling()) {
-            switch (child->getNodeType()) {
-            case DOMNode::ELEMENT_NODE:
-                elements.push_back(static_cast<const DOMElement*>(child));
-                break;
-            case DOMNode::TEXT_NODE:
-            case DOMNode::CDATA_SECTION_NODE:
-                if (!IsBlank(child->getNodeValue()))
-                    Fail("text inside <" + Fnd::ToUTF8(Name(element)) + ">");
-                break;
-            case DOMNode::COMMENT_NODE:
-                break;
-            default:
-                Fail("unexpected content inside <" + Fnd::ToUTF8(Name(element)) + ">");
-            }
-        }
+        elements.reserve(element.children.size());
+        for (const Element& child : element.children)
+            elements.push_back(&child);
         return elements;
     }
 
     // The text of an element that may hold text only.
     Fnd::WString Text(const DOMElement& element) const {
-        Fnd::WString text;
-        for (const DOMNode* child = element.getFirstChild(); child; child = child->getNextSibling()) {
-            switch (child->getNodeType()) {
-            case DOMNode::TEXT_NODE:
-            case DOMNode::CDATA_SECTION_NODE:
-                text += child->getNodeValue();
-                break;
-            case DOMNode::COMMENT_NODE:
-                break;
-            default:
-                Fail("<" + Fnd::ToUTF8(Name(element)) + "> may hold text only");
-            }
-        }
-        return text;
+        if (!element.children.empty())
+            Fail("<" + Fnd::ToUTF8(Name(element)) + "> may hold text only");
+        return element.text;
     }
 
     void ExpectEmpty(const DOMElement& element) const {
@@ -226,45 +249,36 @@ private:
 // on the UI thread, so in practice there is one.
 class ReusableParser {
 public:
-    ReusableParser() {
-        parser_.setValidationScheme(xercesc::XercesDOMParser::Val_Never);
-        parser_.setDoNamespaces(false);
-        parser_.setDoSchema(false);
-        parser_.setLoadExternalDTD(false);
-        parser_.setCreateEntityReferenceNodes(false);
+    ReusableParser() : parser_(xercesc::XMLReaderFactory::createXMLReader()) {
+        parser_->setFeature(xercesc::XMLUni::fgSAX2CoreNameSpaces, false);
+        parser_->setFeature(xercesc::XMLUni::fgSAX2CoreValidation, false);
+        parser_->setFeature(xercesc::XMLUni::fgXercesSchema, false);
+        parser_->setFeature(xercesc::XMLUni::fgXercesLoadExternalDTD, false);
         // An archive declares no entities; the limit keeps a hostile one from expanding without end.
         security_.setEntityExpansionLimit(100);
-        parser_.setSecurityManager(&security_);
-        parser_.setErrorHandler(&errors_);
+        parser_->setProperty(xercesc::XMLUni::fgXercesSecurityManager, &security_);
+        parser_->setContentHandler(&builder_);
+        parser_->setErrorHandler(&builder_);
     }
 
     Property Read(std::span<const std::byte> document) {
-        // Frees the parsed document on every way out, so that one layout's tree is not kept
-        // until the next parse.
-        struct Release {
-            xercesc::XercesDOMParser& parser;
-            ~Release() { parser.resetDocumentPool(); }
-        } release{parser_};
         xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(document.data()), document.size(),
                                           "layout");
         try {
-            parser_.parse(source);
+            parser_->parse(source);
         } catch (const xercesc::XMLException& e) {
             throw PropMapError("malformed XML: " + Fnd::ToUTF8(e.getMessage()));
-        } catch (const xercesc::DOMException& e) {
-            throw PropMapError("malformed XML: " + Fnd::ToUTF8(e.getMessage()));
         }
-        const xercesc::DOMDocument* parsed = parser_.getDocument();
-        if (!parsed || !parsed->getDocumentElement())
+        if (builder_.Root().name.empty())
             throw PropMapError("the document is empty");
         TreeReader reader;
-        return reader.ReadTop(*parsed->getDocumentElement());
+        return reader.ReadTop(builder_.Root());
     }
 
 private:
     xercesc::SecurityManager security_;
-    ThrowingErrorHandler errors_;
-    xercesc::XercesDOMParser parser_;
+    TreeBuilder builder_;
+    std::unique_ptr<xercesc::SAX2XMLReader> parser_;
 };
 
 } // namespace
