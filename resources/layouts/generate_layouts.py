@@ -326,8 +326,8 @@ LAYOUTS = {
               tloc("KilnHostedBackupDestination", "Destination:")),
     ]),
     "igdKilnHostedPathSetting": (200, 32, [
-        popup((10, 5, 44, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
-        text_button((60, 5, 130, 22), "BrowseTextButton", BROWSE),
+        popup((10, 5, 34, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
+        text_button((50, 5, 140, 22), "BrowseTextButton", BROWSE),
     ]),
     "igdKilnHostedPresetManagementNormalModeHeader": (300, 21, [
         popup((10, 0, 280, 21), "PresetPopup"),
@@ -388,8 +388,8 @@ LAYOUTS = {
         text_edit((10, 24, 130, 22), "AutoHintTextEdit", hint_edit=True),
     ]),
     "igdPathSetting": (200, 72, [
-        popup((10, 6, 44, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
-        text_button((60, 6, 130, 22), "BrowseTextButton", BROWSE),
+        popup((10, 6, 34, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
+        text_button((50, 6, 140, 22), "BrowseTextButton", BROWSE),
         checkbox((10, 37, 110, 20), "AddSubfolderCheckbox", tloc("AddSubFolder", "Add Subfolder"), FIXED),
         text_edit((126, 36, 64, 22), "AddSubfolderTextEdit"),
     ]),
