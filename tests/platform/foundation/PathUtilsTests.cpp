@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include "Fnd/Directory.h"
 #include "Fnd/PathUtils.h"
 #include "Mid/Utilities.h"
 #include "fluxcore/FileUtils.h"
@@ -167,4 +169,39 @@ TEST(ArePathsRelative, AnswersTheWayFromBaseToPathOnlyOnTheSameFilesystem) {
         GTEST_SKIP() << "needs /proc on its own filesystem";
     EXPECT_EQ(relative(tree.Path(), true, u"/proc/self", true), u"<unrelated>");
     EXPECT_EQ(relative(u"/proc/self/not-there", true, tree.Path("a"), true), u"<unrelated>");
+}
+
+TEST(NormalizedPath, AbsoluteAndCleanWithRelativePathsTakenFromTheCurrentDirectory) {
+    EXPECT_EQ(PathUtils::ToNormalizedPath(u"/a/./b/../c//d/"), u"/a/c/d");
+    EXPECT_EQ(PathUtils::ToNormalizedPath(u""), u"");
+    char cwd[4096];
+    ASSERT_NE(::getcwd(cwd, sizeof cwd), nullptr);
+    EXPECT_EQ(PathUtils::ToNormalizedPath(u"x/../y"),
+              PathUtils::ToNormalizedPath(Fnd::FromUTF8(cwd) + u"/y"));
+
+    EXPECT_TRUE(PathUtils::IsNormalizedPath(u"/a/c"));
+    EXPECT_FALSE(PathUtils::IsNormalizedPath(u"/a/c/"));
+    EXPECT_FALSE(PathUtils::IsNormalizedPath(u"/a/./c"));
+    EXPECT_FALSE(PathUtils::IsNormalizedPath(u"relative"));
+    EXPECT_FALSE(PathUtils::IsNormalizedPath(u""));
+    // A POSIX path carries no extended-length prefix to take off.
+    EXPECT_EQ(PathUtils::Win::StripUNC(u"/media/card"), u"/media/card");
+}
+
+TEST(NormalizedPath, ExtensionAndFullDirectoryParts) {
+    EXPECT_EQ(PathUtils::GetExtensionPart(u"/card/A001.MOV"), u".MOV");
+    EXPECT_EQ(PathUtils::GetExtensionPart(u"/card/README"), u"");
+    EXPECT_EQ(PathUtils::GetFullDirectoryPart(u"/card/./CLIP/../A001.MOV"), u"/card/");
+}
+
+TEST(DirectoryChecks, WriteableOnlyForAnExistingDirectory) {
+    igd::test::TempTree tree;
+    const WString folder = tree.MakeFolder("folder");
+    const WString file = tree.MakeFile("file.txt", "x");
+    EXPECT_TRUE(Fnd::Directory::IsDirectory(folder));
+    EXPECT_FALSE(Fnd::Directory::IsDirectory(file));
+    EXPECT_TRUE(Fnd::Directory::IsDirectoryWriteable(folder));
+    EXPECT_FALSE(Fnd::Directory::IsDirectoryWriteable(file));
+    EXPECT_FALSE(Fnd::Directory::IsDirectoryWriteable(folder + u"/missing"));
+    EXPECT_FALSE(Fnd::Directory::IsDirectoryWriteable(u""));
 }
