@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "Browse/CardScanScope.h"
 #include "Fnd/NullInterfaceException.h"
 #include "Fnd/PathUtils.h"
 #include "Fnd/StationUtils.h"
@@ -41,6 +42,8 @@ enum class WalkResult { Done, NothingAtAll };
 // paths count through the providers.
 WalkResult WalkGroupPaths(const QL::IngestMediaGroup& group, bool viaProvider, IIngestDialogData& session,
                           GroupFile& file, bool& anyItem) {
+    // Paths of one request usually lie on one card: it is read once for all of them.
+    const Browse::CardScanScope scans;
     for (const Fnd::WString& path : group.paths) {
         if (viaProvider) {
             GatherPathItems(session, path);

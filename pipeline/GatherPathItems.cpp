@@ -1,9 +1,20 @@
 #include "pipeline/GatherPathItems.h"
 
+#include "Browse/CardScanScope.h"
+#include "Browse/FileListForCopy.h"
+#include "pipeline/AddBrowserItems.h"
+
 namespace IGD {
 
-void GatherPathItems(IIngestDialogData& /*session*/, const Fnd::WString& /*path*/) {
-    // No media browser provider is installed yet, and a path no provider knows gives no item.
+void GatherPathItems(IIngestDialogData& session, const Fnd::WString& path) {
+    const Browse::CardScanScope scans;
+    const Browse::ProviderWrapper* provider = nullptr;
+    Fnd::WString root;
+    Fnd::WString name;
+    Browse::FileListForCopy::GetProviderAndRootFromPath(path, provider, root, name);
+    if (!provider || name.empty())
+        return;
+    AddBrowserItems(session, CheckedItems{{path, name}}, ClipSettings{}, provider, Fnd::ToUTF8(root));
 }
 
 } // namespace IGD

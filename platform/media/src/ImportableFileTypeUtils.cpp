@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "Browse/ProviderRegistry.h"
 #include "PlainDirectoryExtensions.h"
 
 namespace Plug {
@@ -37,6 +38,8 @@ public:
         Add(kPlainDirectoryProviderName, kImportableFileTypeVideo, PlainDirectoryVideoExtensions());
         Add(kPlainDirectoryProviderName, kImportableFileTypeAudio, PlainDirectoryAudioExtensions());
         Add(kPlainDirectoryProviderName, kImportableFileTypeStill, PlainDirectoryStillExtensions());
+        for (const Browse::CardProvider* provider : Browse::ProviderRegistry::CardProviders())
+            Add(provider->GetIdentification(), kImportableFileTypeVideo, provider->MediaExtensions());
     }
 
     void Add(std::string_view provider, int type, const std::vector<Fnd::WString>& extensions) {

@@ -18,6 +18,9 @@ public:
     // Appends to paths each element of first, then of second, that it does not hold yet.
     static void MergePathList(std::vector<Fnd::WString>& paths, const std::vector<Fnd::WString>& first,
                               const std::vector<Fnd::WString>& second);
+    // The file belongs to a clip stored as a folder structure on a camera card, as the card
+    // providers see it.
+    static bool IsFolderBasedClip(const Fnd::WString& path);
     // The path relative to root; "" for root itself; "../" steps when it lies outside.
     static Fnd::WString GetRelativePath(const Fnd::WString& root, const Fnd::WString& path);
     // Where a sidecar goes when its media was renamed: beside the renamed media, named newName

@@ -1,0 +1,28 @@
+#pragma once
+#include <vector>
+
+#include "Browse/CardClip.h"
+#include "Browse/ProviderWrapper.h"
+
+namespace Browse {
+
+// A provider of one camera card family. Its content of a card root is one entry per clip, named
+// by the path of the clip's media file relative to the card root.
+class CardProvider : public ProviderWrapper {
+public:
+    bool ShouldCheckFilter() const override { return false; }
+    Content GetContent(const Fnd::WString& directory, const Fnd::WString& filter,
+                       const std::set<std::string>& fields, const void* reserved) const override;
+
+    // The clips of this family on the card whose root is given; none when the family's structure
+    // is not there. Names are matched without regard to case. Only index and clip XML files are
+    // read.
+    virtual std::vector<CardClip> FindClips(const Fnd::WString& cardRoot) const = 0;
+    // The folder where this family's structure starts for a file below it, when it can tell from
+    // the path alone; empty otherwise. Lets a file be placed without listing every ancestor.
+    virtual Fnd::WString CardRootForFile(const Fnd::WString& filePath) const = 0;
+    // The video files of its clips, for the importable file types.
+    virtual std::vector<Fnd::WString> MediaExtensions() const = 0;
+};
+
+} // namespace Browse

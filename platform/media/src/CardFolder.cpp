@@ -1,0 +1,138 @@
+#include "CardFolder.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace Browse::card {
+
+std::string Upper(std::string_view text) {
+    std::string out(text);
+    for (char& c : out)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    return out;
+}
+
+bool EqualsNoCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && Upper(a) == Upper(b);
+}
+
+bool EndsWithNoCase(std::string_view text, std::string_view suffix) {
+    return text.size() >= suffix.size() && EqualsNoCase(text.substr(text.size() - suffix.size()), suffix);
+}
+
+bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
+    return text.size() >= prefix.size() && EqualsNoCase(text.substr(0, prefix.size()), prefix);
+}
+
+bool AllDigits(std::string_view text) {
+    return !text.empty() &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+fs::path ToPath(const Fnd::WString& path) {
+    return fs::path(Fnd::ToUTF8(path));
+}
+
+Fnd::WString ToWide(const fs::path& path) {
+    return Fnd::FromUTF8(path.string());
+}
+
+std::vector<Entry> List(const fs::path& folder) {
+    std::vector<Entry> entries;
+    std::error_code error;
+    fs::directory_iterator it(folder, error);
+    if (error)
+        return entries;
+    for (; it != fs::directory_iterator(); it.increment(error)) {
+        if (error)
+            break;
+        std::error_code kindError;
+        entries.push_back({it->path().filename().string(), it->path(), it->is_directory(kindError)});
+    }
+    std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) { return a.name < b.name; });
+    return entries;
+}
+
+std::optional<fs::path> Child(const fs::path& folder, std::string_view name) {
+    // The exact spelling is the common case and costs one stat.
+    std::error_code error;
+    if (fs::exists(folder / std::string(name), error))
+        return folder / std::string(name);
+    for (const Entry& entry : List(folder))
+        if (EqualsNoCase(entry.name, name))
+            return entry.path;
+    return std::nullopt;
+}
+
+std::optional<fs::path> ChildFolder(const fs::path& folder, std::string_view name) {
+    std::optional<fs::path> child = Child(folder, name);
+    std::error_code error;
+    if (child && fs::is_directory(*child, error))
+        return child;
+    return std::nullopt;
+}
+
+std::optional<fs::path> Descend(const fs::path& folder, std::initializer_list<std::string_view> names) {
+    std::optional<fs::path> at = folder;
+    for (std::string_view name : names) {
+        at = ChildFolder(*at, name);
+        if (!at)
+            return std::nullopt;
+    }
+    return at;
+}
+
+std::string Stem(std::string_view name) {
+    const std::size_t dot = name.rfind('.');
+    return std::string(dot == std::string_view::npos || dot == 0 ? name : name.substr(0, dot));
+}
+
+std::string Extension(std::string_view name) {
+    const std::size_t dot = name.rfind('.');
+    return dot == std::string_view::npos || dot == 0 ? std::string() : std::string(name.substr(dot + 1));
+}
+
+} // namespace Browse::card
+
+namespace Browse::card {
+
+NameIndex::NameIndex(const std::optional<fs::path>& folder) {
+    if (!folder)
+        return;
+    entries_ = List(*folder);
+    upper_.reserve(entries_.size());
+    for (const Entry& entry : entries_)
+        upper_.push_back(Upper(entry.name));
+    order_.resize(entries_.size());
+    for (std::size_t i = 0; i < order_.size(); ++i)
+        order_[i] = i;
+    std::sort(order_.begin(), order_.end(),
+              [this](std::size_t a, std::size_t b) { return upper_[a] < upper_[b]; });
+}
+
+std::optional<fs::path> NameIndex::Find(std::string_view name) const {
+    const std::string key = Upper(name);
+    auto it = std::lower_bound(order_.begin(), order_.end(), key,
+                               [this](std::size_t index, const std::string& k) { return upper_[index] < k; });
+    if (it == order_.end() || upper_[*it] != key)
+        return std::nullopt;
+    return entries_[*it].path;
+}
+
+bool NameIndex::AppendIfPresent(std::string_view name, std::vector<Fnd::WString>& files) const {
+    std::optional<fs::path> found = Find(name);
+    if (found)
+        files.push_back(ToWide(*found));
+    return found.has_value();
+}
+
+std::optional<fs::path> AncestorNamed(const fs::path& path, std::string_view name, int levels) {
+    fs::path at = path.parent_path();
+    for (int i = 0; i < levels && at.has_relative_path(); ++i, at = at.parent_path())
+        if (EqualsNoCase(at.filename().string(), name))
+            return at;
+    return std::nullopt;
+}
+
+} // namespace Browse::card
