@@ -3,10 +3,15 @@
 #include <vector>
 
 #include "Fnd/NullInterfaceException.h"
+#include "pipeline/ConcatenateChecks.h"
 #include "pipeline/DestinationChecks.h"
+#include "pipeline/DiskSpaceCheck.h"
 #include "pipeline/HostKind.h"
+#include "pipeline/ImportItemsCheck.h"
 #include "pipeline/NormalizedRoot.h"
 #include "pipeline/SourceCheck.h"
+#include "pipeline/SubFolderNameCheck.h"
+#include "pipeline/TransferConflictCheck.h"
 
 namespace IGD {
 namespace {
@@ -14,7 +19,6 @@ namespace {
 struct PreflightPaths {
     std::vector<Fnd::WString> sourcePaths;
     std::vector<Fnd::WString> basePaths;
-    std::vector<Fnd::WString> copyTargets;
 };
 
 PreflightPaths GatherPreflightPaths(const Fnd::WString& sourceRoot, const SelectedItemList& items,
@@ -27,14 +31,20 @@ PreflightPaths GatherPreflightPaths(const Fnd::WString& sourceRoot, const Select
     paths.basePaths.reserve(destinations.size());
     for (const IngestDestinationRef& destination : destinations) {
         paths.basePaths.push_back(destination->GetDestinationPath());
-        const auto setting = destination->GetTranscodeSetting();
-        if (!setting)
+        if (!destination->GetTranscodeSetting())
             throw Fnd::NullInterfaceException("RunPreflightChain: a destination without a transcode setting");
-        // Transcoding destinations write new files under new names, so two of them may share a folder.
-        if (!setting->enabled)
-            paths.copyTargets.push_back(destination->GetFullDestinationPath());
     }
     return paths;
+}
+
+// Taken after the sub-folder names are trimmed: "day1" and "day1 " end up as one folder.
+std::vector<Fnd::WString> CopyTargets(const DestinationList& destinations) {
+    std::vector<Fnd::WString> targets;
+    for (const IngestDestinationRef& destination : destinations)
+        // Transcoding destinations write new files under new names, so two of them may share a folder.
+        if (!destination->GetTranscodeSetting()->enabled)
+            targets.push_back(destination->GetFullDestinationPath());
+    return targets;
 }
 
 } // namespace
@@ -44,17 +54,24 @@ bool RunPreflightChain(const Fnd::WString& sourceRoot, const SelectedItemList& i
     const PreflightPaths paths = GatherPreflightPaths(sourceRoot, items, destinations);
     if (!CheckSourcesExist(paths.sourcePaths))
         return false;
-    // The sub-folder name check goes here.
+    if (!CheckSubFolderNames(destinations))
+        return false;
     if (!CheckDestinationsExist(paths.basePaths))
         return false;
     if (!CheckDestinationsWritable(paths.basePaths))
         return false;
     // On a server project the transfer goes to the server, so local folders cannot clash there.
-    if (!IsVaultMode() && !CheckNoDuplicateTargets(paths.copyTargets))
+    if (!IsVaultMode() && !CheckNoDuplicateTargets(CopyTargets(destinations)))
         return false;
-    // The checks of transfer conflicts, disk space, importable items, stitch names and the stitch
-    // selection follow here, in that order.
-    return true;
+    if (!CheckTransferConflicts(sourceRoot, items, destinations))
+        return false;
+    if (!CheckDiskSpace(paths.sourcePaths, paths.basePaths))
+        return false;
+    if (!CheckImportItems(sourceRoot, items))
+        return false;
+    if (!CheckConcatenateNames(destinations))
+        return false;
+    return !AnyDestinationConcatenates(destinations) || CheckConcatenateSelection(paths.sourcePaths);
 }
 
 } // namespace IGD
