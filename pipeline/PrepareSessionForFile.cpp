@@ -5,6 +5,8 @@
 #include "pipeline/CopyDecisions.h"
 #include "pipeline/GatherPathItems.h"
 #include "pipeline/ItemFormats.h"
+#include "pipeline/MetadataFieldSetBuilder.h"
+#include "pipeline/OutputNames.h"
 #include "pipeline/SingleFileSidecars.h"
 
 namespace IGD {
@@ -35,20 +37,29 @@ bool AddSingleFileItem(const Fnd::WString& path, IIngestDialogData& session) {
 
 } // namespace
 
-void PrepareSessionForFile(const Fnd::WString& path, IIngestDialogData& session, const Fnd::Date& /*date*/,
-                           bool gather, bool /*forceNames*/) {
+void PrepareSessionForFile(const Fnd::WString& path, IIngestDialogData& session, const Fnd::Date& date,
+                           bool gather, bool forceNames) {
     if (gather)
         GatherPathItems(session, path);
     if (session.GetSelectedItems().empty() && !AddSingleFileItem(path, session))
         return;
-    // Output names from the rename template belong here, before the decisions that use them; the
-    // session reads no template yet, so date and forceNames have nothing to act on.
+    // Camera cards keep their clips' names unless the host insists: their sidecars and folder
+    // structure refer to them.
+    const bool wantNames =
+        forceNames || session.GetSelectedItems().front()->GetItemFormat() == kPlainDirectoryItemFormat;
+    if (wantNames)
+        GenerateOutputNames(session, date);
+    // The decisions look at the renamed targets, so they come after the names.
     CopyDecisionMap decisions;
     if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),
                             decisions))
         return;
     session.SetCopyDecisions(decisions);
-    // The metadata template's field set will go into the custom data here.
+    if (session.IsMetadataEnabled()) {
+        QL::IngestCustomData customData;
+        BuildMetadataFieldSet(session.GetMetadataPreset(), customData);
+        session.SetCustomData(customData);
+    }
 }
 
 } // namespace IGD

@@ -2,30 +2,47 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <string>
+#include <system_error>
 
 #include <CLI/CLI.hpp>
 
 #include "AppFrame/DocumentManager.h"
+#include "CardsCommand.h"
 #include "CommandTable.h"
 #include "HostApp/ApplicationType.h"
 #include "IngestCommand.h"
+#include "NameCommand.h"
 #include "PlanCommand.h"
 #include "PrefsCommand.h"
 #include "PresetsCommand.h"
 #include "Proj/PreferenceStore.h"
-#include "QL/FilePresetService.h"
 #include "ProjectCommand.h"
+#include "QL/FilePresetService.h"
+#include "fluxcore/UsageLogFile.h"
 
 namespace {
 
 struct HostOptions {
     int hostKind = 0;
     bool vault = false;
+    std::string usageLog;
 };
 
-void ApplyHostOptions(const HostOptions& host) {
+// False when the usage log was asked for and cannot be written: a report the user asked for is
+// not silently dropped.
+bool ApplyHostOptions(const HostOptions& host) {
     HostApp::SetApplicationType(host.hostKind);
     AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(host.vault));
+    if (host.usageLog.empty())
+        return true;
+    try {
+        fluxcore::config::UsageLogger::Set(fluxcore::config::UsageLogFile::Open(host.usageLog));
+    } catch (const std::system_error& error) {
+        std::cerr << "igd: " << error.what() << "\n";
+        return false;
+    }
+    return true;
 }
 
 // The services every command may reach through the library. A preference file that cannot be
@@ -50,16 +67,22 @@ int main(int argc, char** argv) {
         ->envname("IGD_HOST_KIND");
     app.add_flag("--vault", host.vault, "the project lives on a collaboration server")
         ->envname("IGD_VAULT_MODE");
+    app.add_option("--usage-log", host.usageLog, "append anonymous usage events to FILE, one JSON line each")
+        ->option_text("FILE")
+        ->envname("IGD_USAGE_LOG");
 
     igd::CommandTable commands;
     igd::RegisterPlanCommand(app, commands);
     igd::RegisterIngestCommands(app, commands);
+    igd::RegisterNameCommand(app, commands);
     igd::RegisterPrefsCommand(app, commands);
     igd::RegisterPresetsCommand(app, commands);
     igd::RegisterProjectCommands(app, commands);
+    igd::RegisterCardsCommand(app, commands);
 
     CLI11_PARSE(app, argc, argv);
-    ApplyHostOptions(host);
+    if (!ApplyHostOptions(host))
+        return EXIT_FAILURE;
     InstallServices();
     return commands.RunParsed();
 }

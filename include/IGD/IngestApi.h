@@ -22,6 +22,12 @@ IGD_EXPORT void DoIngestMedia(const QL::IngestMediaGroup& group, bool useGivenBa
 IGD_EXPORT fluxcore::utility::Guid DoIngestOneMedia(const Fnd::WString& path, IngestDialogDataRef session,
                                                     const Fnd::Date date, bool directFile);
 
+// What the file will be called, relative to the session's source root (a path when it lies in a
+// sub-folder). Leaves the session prepared, so a following DoIngestOneMedia with it gathers
+// nothing again. forceNames renames items of any provider, not only plain folders.
+IGD_EXPORT Fnd::WString GetIngestFileOutputName(const Fnd::WString& path, IngestDialogDataRef session,
+                                                const Fnd::Date date, bool forceNames);
+
 IGD_EXPORT void PauseIngest();
 IGD_EXPORT void ResumeIngest();
 IGD_EXPORT void StopIngest();

@@ -1,0 +1,78 @@
+#include "NameCommand.h"
+
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "CommandLinePaths.h"
+#include "Fnd/NullInterfaceException.h"
+#include "IGD/IngestApi.h"
+#include "QL/FilePresetService.h"
+#include "QL/IQLPresetManager.h"
+#include "QL/PresetService.h"
+#include "pipeline/IngestDialogData.h"
+#include "settings/IngestSettingsController.h"
+
+namespace igd {
+namespace {
+
+struct NameOptions {
+    std::string file;
+    std::string renamePreset;
+};
+
+// A user preset wins over a shipped one of the same name, as in the dialog's popup.
+IGD::PresetRef FindRenamePreset(const std::string& name) {
+    if (!QL::GetPresetService())
+        QL::InstallFilePresetService();
+    const auto manager = QL::InstantiateQLPresetManager(QL::kQLPresetCategoryRename);
+    const Fnd::WString wanted = Fnd::FromUTF8(name);
+    for (const auto& preset : manager->GetUserPresets(false))
+        if (preset->GetName(true) == wanted)
+            return preset;
+    for (const auto& preset : manager->GetSystemPresets())
+        if (preset->GetName(true) == wanted)
+            return preset;
+    return {};
+}
+
+int RunName(const NameOptions& options) {
+    // The stored settings give the custom counter's start number and, without a named preset,
+    // the template the dialog would use. Without a preference store the defaults stand.
+    const auto settings = IGD::IngestSettingsController::GetInstance();
+    try {
+        settings->LoadSettings();
+    } catch (const Fnd::NullInterfaceException&) {
+    }
+
+    const IGD::IngestDialogDataRef session = IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData());
+    if (!options.renamePreset.empty()) {
+        IGD::PresetRef preset = FindRenamePreset(options.renamePreset);
+        if (!preset) {
+            std::cerr << "igd: no rename preset is named \"" << options.renamePreset << "\"\n";
+            return 2;
+        }
+        session->SetRenameEnabled(true);
+        session->SetRenamePreset(preset);
+    } else if (settings->GetEnableRenameTemplate() && settings->GetRenamePreset()) {
+        session->SetRenameEnabled(true);
+        session->SetRenamePreset(settings->GetRenamePreset());
+    }
+
+    const Fnd::WString path = AbsolutePath(options.file);
+    std::cout << Fnd::ToUTF8(IGD::GetIngestFileOutputName(path, session, Fnd::Date::Now(), false)) << "\n";
+    return 0;
+}
+
+} // namespace
+
+void RegisterNameCommand(CLI::App& app, CommandTable& table) {
+    auto options = std::make_shared<NameOptions>();
+    CLI::App* command = app.add_subcommand("name", "print the name an ingest would give the file");
+    command->add_option("file", options->file, "the file to name")->required();
+    command->add_option("--rename-preset", options->renamePreset,
+                        "rename template to use (without it: the stored one, if renaming is on)");
+    table.Add(command, [options] { return RunName(*options); });
+}
+
+} // namespace igd
