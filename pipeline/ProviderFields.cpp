@@ -21,9 +21,9 @@ void Flatten(const Browse::any_regular_t& value, std::vector<Fnd::WString>& out)
             Flatten(element, out);
 }
 
-Browse::Content ReadField(const Browse::ProviderWrapper& provider, const std::string& directory,
-                          const std::string& field) {
-    return provider.GetContent(Fnd::FromUTF8(directory), Fnd::WString(), {field}, nullptr);
+std::shared_ptr<const Browse::Content> ReadField(const Browse::ProviderWrapper& provider,
+                                                 const std::string& directory, const std::string& field) {
+    return provider.GetSharedContent(Fnd::FromUTF8(directory), {field});
 }
 
 } // namespace
@@ -45,8 +45,8 @@ void ReadProviderExtraPaths(const Browse::ProviderWrapper* provider, const std::
                             const Fnd::WString& name, std::vector<Fnd::WString>& out) {
     if (!provider)
         return;
-    const Browse::Content content = ReadField(*provider, directory, Browse::kExtraPathField);
-    if (const Browse::any_regular_t* value = FindField(content, name, Browse::kExtraPathField))
+    const auto content = ReadField(*provider, directory, Browse::kExtraPathField);
+    if (const Browse::any_regular_t* value = FindField(*content, name, Browse::kExtraPathField))
         Flatten(*value, out);
 }
 
@@ -54,8 +54,8 @@ void ReadProviderName(const Browse::ProviderWrapper* provider, const std::string
                       const Fnd::WString& name, Fnd::WString& out) {
     if (!provider)
         return;
-    const Browse::Content content = ReadField(*provider, directory, Browse::kNameField);
-    if (const Browse::any_regular_t* value = FindField(content, name, Browse::kNameField))
+    const auto content = ReadField(*provider, directory, Browse::kNameField);
+    if (const Browse::any_regular_t* value = FindField(*content, name, Browse::kNameField))
         if (const Fnd::WString* text = value->AsString())
             out = *text;
 }

@@ -2,14 +2,17 @@
 
 #include "Browse/CardScanScope.h"
 #include "CardFolder.h"
+#include "ScopedScans.h"
 
 namespace Browse {
 
-Content CardProvider::GetContent(const Fnd::WString& directory, const Fnd::WString& /*filter*/,
-                                 const std::set<std::string>& fields, const void* /*reserved*/) const {
+namespace {
+
+Content MakeContent(const CardProvider& provider, const Fnd::WString& directory,
+                    const std::set<std::string>& fields) {
     Content content;
     const card::fs::path root = card::ToPath(directory);
-    const CardScanScope::ClipList clips = CardScanScope::Clips(*this, directory);
+    const CardScanScope::ClipList clips = CardScanScope::Clips(provider, directory);
     for (const CardClip& clip : *clips) {
         const Fnd::WString entry = card::ToWide(card::ToPath(clip.mediaPath).lexically_relative(root));
         ContentFields& entryFields = content[entry];
@@ -24,6 +27,18 @@ Content CardProvider::GetContent(const Fnd::WString& directory, const Fnd::WStri
         }
     }
     return content;
+}
+
+} // namespace
+
+Content CardProvider::GetContent(const Fnd::WString& directory, const Fnd::WString& /*filter*/,
+                                 const std::set<std::string>& fields, const void* /*reserved*/) const {
+    return *GetSharedContent(directory, fields);
+}
+
+std::shared_ptr<const Content> CardProvider::GetSharedContent(const Fnd::WString& directory,
+                                                              const std::set<std::string>& fields) const {
+    return scans::ContentOf(*this, directory, fields, [&] { return MakeContent(*this, directory, fields); });
 }
 
 } // namespace Browse

@@ -5,6 +5,7 @@
 #include "Browse/CardScanScope.h"
 #include "CardFamilies.h"
 #include "CardFolder.h"
+#include "ScopedScans.h"
 
 namespace Browse {
 namespace {
@@ -54,16 +55,11 @@ bool ProviderRegistry::FindClipOfFile(const Fnd::WString& filePath, const CardPr
         const Fnd::WString root = candidate->CardRootForFile(card::ToWide(file));
         if (root.empty())
             continue;
-        const CardScanScope::ClipList clips = CardScanScope::Clips(*candidate, root);
-        for (const CardClip& found : *clips) {
-            for (const Fnd::WString& member : found.files) {
-                if (card::ToPath(member).lexically_normal() != file)
-                    continue;
-                provider = candidate;
-                cardRoot = root;
-                clip = found;
-                return true;
-            }
+        if (std::optional<CardClip> found = scans::ClipOfFile(*candidate, root, file.native())) {
+            provider = candidate;
+            cardRoot = root;
+            clip = std::move(*found);
+            return true;
         }
     }
     return false;

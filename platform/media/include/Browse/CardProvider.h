@@ -13,6 +13,8 @@ public:
     bool ShouldCheckFilter() const override { return false; }
     Content GetContent(const Fnd::WString& directory, const Fnd::WString& filter,
                        const std::set<std::string>& fields, const void* reserved) const override;
+    std::shared_ptr<const Content> GetSharedContent(const Fnd::WString& directory,
+                                                    const std::set<std::string>& fields) const override;
 
     // The clips of this family on the card whose root is given; none when the family's structure
     // is not there. Names are matched without regard to case. Only index and clip XML files are

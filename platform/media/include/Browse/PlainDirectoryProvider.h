@@ -14,6 +14,8 @@ public:
     // its Name the file name without extension.
     Content GetContent(const Fnd::WString& directory, const Fnd::WString& filter,
                        const std::set<std::string>& fields, const void* reserved) const override;
+    std::shared_ptr<const Content> GetSharedContent(const Fnd::WString& directory,
+                                                    const std::set<std::string>& fields) const override;
 };
 
 } // namespace Browse

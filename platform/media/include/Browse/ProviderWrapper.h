@@ -2,6 +2,7 @@
 // A media browser provider: how one kind of source (a plain folder, a camera card structure)
 // presents its entries.
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 
@@ -33,6 +34,13 @@ public:
     // providers here. An unknown directory answers an empty map.
     virtual Content GetContent(const Fnd::WString& directory, const Fnd::WString& filter,
                                const std::set<std::string>& fields, const void* reserved) const = 0;
+    // The same content without a copy: gathering reads one entry's field for every item, and a
+    // copy of a whole card's content per item makes gathering grow with the square of the card.
+    // Providers that keep their content answer it shared; the default copies once.
+    virtual std::shared_ptr<const Content> GetSharedContent(const Fnd::WString& directory,
+                                                            const std::set<std::string>& fields) const {
+        return std::make_shared<const Content>(GetContent(directory, Fnd::WString(), fields, nullptr));
+    }
 };
 
 } // namespace Browse
