@@ -133,11 +133,15 @@ void BatchCopier::Finish(Begun& begun, std::vector<CopyOutcome> outcomes) {
                                   "the copy answered for " + std::to_string(outcomes.size()) + " of " +
                                       std::to_string(begun.targets.size()) + " targets");
     std::vector<const FileRecord*> journalled;
+    std::vector<FileStatus> statuses;
     for (std::size_t i = 0; i < begun.files.size(); ++i) {
-        Settle(*begun.files[i], outcomes[i], begun.verifyMode);
+        statuses.push_back(Settle(*begun.files[i], outcomes[i]));
         journalled.push_back(begun.files[i]);
     }
+    // On record before it is reported: a host that stops on an outcome finds it in the journal.
     journal_.UpdateFiles(journalled);
+    for (std::size_t i = 0; i < begun.files.size(); ++i)
+        PostOutcome(run_, *begun.files[i], statuses[i], begun.verifyMode, outcomes[i].verifiedBy);
     if (!begun.isFolder)
         run_.progress->FileFinished(begun.progressFile);
 }
@@ -150,13 +154,16 @@ void BatchCopier::CancelRest(const std::vector<SourceGroup>& groups, std::size_t
             file.state = FileState::Cancelled;
             cancelled.push_back(&file);
             ++counters_.filesCancelled;
-            PostOutcome(run_, file, FileStatus::Cancelled, groups[g].verifyMode);
         }
     }
     journal_.UpdateFiles(cancelled);
+    for (std::size_t g = from; g < groups.size(); ++g) {
+        for (std::size_t index : groups[g].files)
+            PostOutcome(run_, run_.files[index], FileStatus::Cancelled, groups[g].verifyMode);
+    }
 }
 
-void BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome, std::uint32_t verifyMode) {
+FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome) {
     file.temporary.clear();
     FileStatus status = FileStatus::Failed;
     switch (outcome.status) {
@@ -189,7 +196,7 @@ void BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome, std::uint
         ++counters_.filesCancelled;
         break;
     }
-    PostOutcome(run_, file, status, verifyMode, outcome.verifiedBy);
+    return status;
 }
 
 void BatchCopier::PostOutcome(const BatchRun& run, const FileRecord& file, FileStatus status,

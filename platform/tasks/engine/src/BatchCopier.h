@@ -47,7 +47,8 @@ private:
     // Settles the copies in flight from the oldest on: all of them with wait, else those finished.
     void FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun, bool wait);
     void CancelRest(const std::vector<SourceGroup>& groups, std::size_t from);
-    void Settle(FileRecord& file, const CopyOutcome& outcome, std::uint32_t verifyMode);
+    // Records the outcome in the file's record and answers the status to report.
+    FileStatus Settle(FileRecord& file, const CopyOutcome& outcome);
 
     BatchRun& run_;
     RunJournal& journal_;
