@@ -96,7 +96,7 @@ void WinCommonFileDialogWrapper::SetFileName(const Fnd::WString& name) {
 }
 
 void WinCommonFileDialogWrapper::SetFileTypes(const Fnd::WString& filter, bool withAllMediaRow) {
-    filterSpecs_.clear();
+    filterRows_.clear();
     filterNames_.clear();
     filterPatterns_.clear();
 
@@ -111,18 +111,18 @@ void WinCommonFileDialogWrapper::SetFileTypes(const Fnd::WString& filter, bool w
         filterPatterns_.push_back(pieces[i + 1]);
     }
 
-    // The specs point into the strings, so they are made only once the strings no longer move.
-    filterSpecs_.reserve(filterNames_.size());
+    // The rows point into the strings, so they are made only once the strings no longer move.
+    filterRows_.reserve(filterNames_.size());
     for (std::size_t i = 0; i < filterNames_.size(); ++i)
-        filterSpecs_.push_back({filterNames_[i].c_str(), filterPatterns_[i].c_str()});
-    if (!filterSpecs_.empty())
-        Dialog().SetFileTypes(static_cast<unsigned>(filterSpecs_.size()), filterSpecs_.data());
+        filterRows_.push_back({filterNames_[i].c_str(), filterPatterns_[i].c_str()});
+    if (!filterRows_.empty())
+        Dialog().SetFileTypes(static_cast<unsigned>(filterRows_.size()), filterRows_.data());
 }
 
 bool WinCommonFileDialogWrapper::SelectExtension(const Fnd::WString& extension) {
-    if (filterSpecs_.empty())
+    if (filterRows_.empty())
         return false;
-    if (filterSpecs_.size() == 1) {
+    if (filterRows_.size() == 1) {
         Dialog().SetFileTypeIndex(1);
         return false;
     }

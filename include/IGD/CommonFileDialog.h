@@ -32,9 +32,9 @@ inline constexpr FileDialogOptions kFileDialogAllowMultiSelect = 0x200;
 
 // One row of the file type list: a name and its patterns ("*.mov;*.mp4"). The pointers stay valid
 // until the next SetFileTypes; a dialog copies what it keeps.
-struct FileDialogFilterSpec {
+struct FileDialogFilterRow {
     const Fnd::WChar* name;
-    const Fnd::WChar* spec;
+    const Fnd::WChar* pattern;
 };
 
 // A place the dialog can show or answer: a file, a folder, or something outside the filesystem.
@@ -80,7 +80,7 @@ public:
     // Runs modally over the native window parent (0: none). S_OK when OK was pressed and
     // accepted; kFileDialogCancelled when the person cancelled.
     virtual HRESULT Show(std::uintptr_t parent) = 0;
-    virtual HRESULT SetFileTypes(unsigned count, const FileDialogFilterSpec* specs) = 0;
+    virtual HRESULT SetFileTypes(unsigned count, const FileDialogFilterRow* rows) = 0;
     // The selected row, from 1.
     virtual HRESULT GetFileTypeIndex(unsigned& index) = 0;
     virtual HRESULT SetFileTypeIndex(unsigned index) = 0;

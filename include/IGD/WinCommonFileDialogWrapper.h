@@ -44,7 +44,7 @@ public:
     static std::vector<Fnd::WString> ConvertShellItemArrayToPaths(const IShellItemArray& items);
 
     // The rows as the dialog received them.
-    const std::vector<FileDialogFilterSpec>& FilterSpecs() const { return filterSpecs_; }
+    const std::vector<FileDialogFilterRow>& FilterRows() const { return filterRows_; }
 
     HRESULT OnFileOk(IFileDialog& dialog) override;
     HRESULT OnFolderChanging(IFileDialog& dialog, IShellItem* folder) override;
@@ -67,7 +67,7 @@ protected:
     static void ShowInvalidFilePathBox();
 
 private:
-    std::vector<FileDialogFilterSpec> filterSpecs_;
+    std::vector<FileDialogFilterRow> filterRows_;
     std::vector<Fnd::WString> filterNames_;
     std::vector<Fnd::WString> filterPatterns_;
     std::shared_ptr<IFileDialog> dialog_;

@@ -74,10 +74,10 @@ TEST_F(FileTypes, FilterStringBecomesRowsInOrder) {
         subject.SetFileTypes(c.filter, false);
         EXPECT_EQ(fresh->SetFileTypesCalls(), 1);
         EXPECT_EQ(fresh->Rows(), c.rows);
-        ASSERT_EQ(subject.FilterSpecs().size(), c.rows.size());
+        ASSERT_EQ(subject.FilterRows().size(), c.rows.size());
         for (std::size_t i = 0; i < c.rows.size(); ++i) {
-            EXPECT_EQ(Fnd::WString(subject.FilterSpecs()[i].name), c.rows[i].name);
-            EXPECT_EQ(Fnd::WString(subject.FilterSpecs()[i].spec), c.rows[i].spec);
+            EXPECT_EQ(Fnd::WString(subject.FilterRows()[i].name), c.rows[i].name);
+            EXPECT_EQ(Fnd::WString(subject.FilterRows()[i].pattern), c.rows[i].pattern);
         }
     }
 }
@@ -85,7 +85,7 @@ TEST_F(FileTypes, FilterStringBecomesRowsInOrder) {
 TEST_F(FileTypes, AFilterWithoutRowsLeavesTheDialogAlone) {
     for (const Fnd::WString& filter : {u""s, u"\0\0"s, u"Orphan"s}) {
         wrapper.SetFileTypes(filter, false);
-        EXPECT_TRUE(wrapper.FilterSpecs().empty());
+        EXPECT_TRUE(wrapper.FilterRows().empty());
     }
     EXPECT_EQ(dialog->SetFileTypesCalls(), 0);
 }
@@ -94,8 +94,8 @@ TEST_F(FileTypes, ANewFilterReplacesTheRows) {
     wrapper.SetFileTypes(u"Movies\0*.mov\0Audio\0*.wav"s, true);
     wrapper.SetFileTypes(u"Stills\0*.dng"s, false);
     EXPECT_EQ(dialog->Rows(), (std::vector<Row>{{u"Stills", u"*.dng"}}));
-    ASSERT_EQ(wrapper.FilterSpecs().size(), 1u);
-    EXPECT_EQ(Fnd::WString(wrapper.FilterSpecs()[0].name), u"Stills");
+    ASSERT_EQ(wrapper.FilterRows().size(), 1u);
+    EXPECT_EQ(Fnd::WString(wrapper.FilterRows()[0].name), u"Stills");
 }
 
 TEST_F(FileTypes, AllSupportedMediaRowComesFirstAndListsEveryImportableExtension) {
@@ -104,7 +104,7 @@ TEST_F(FileTypes, AllSupportedMediaRowComesFirstAndListsEveryImportableExtension
     EXPECT_EQ(dialog->Rows()[0].name, kAllSupportedMedia);
     EXPECT_EQ(dialog->Rows()[1], (Row{u"Movies", u"*.mov"}));
 
-    const std::vector<Fnd::WString> items = Split(dialog->Rows()[0].spec, u';');
+    const std::vector<Fnd::WString> items = Split(dialog->Rows()[0].pattern, u';');
     for (const Fnd::WString& item : items) {
         SCOPED_TRACE(Fnd::ToUTF8(item));
         ASSERT_GT(item.size(), 2u);
@@ -123,7 +123,7 @@ TEST_F(FileTypes, AllMediaPatternSkipsAnyFileAndPrefixesBareExtensions) {
     TestProvider provider(Plug::kImportableFileTypeVideo, {u"*", u"*.ZZQ", u".zzr", u"zzs"});
     wrapper.SetFileTypes(u""s, true);
     ASSERT_EQ(dialog->Rows().size(), 1u);
-    const std::vector<Fnd::WString> items = Split(dialog->Rows()[0].spec, u';');
+    const std::vector<Fnd::WString> items = Split(dialog->Rows()[0].pattern, u';');
     for (const Fnd::WStringView expected : {u"*.zzq", u"*.zzr", u"*.zzs"})
         EXPECT_NE(std::find(items.begin(), items.end(), expected), items.end()) << Fnd::ToUTF8(expected);
     EXPECT_EQ(std::find(items.begin(), items.end(), u"*"), items.end());

@@ -58,11 +58,11 @@ HRESULT ScriptedFileDialog::Show(std::uintptr_t parent) {
     }
 }
 
-HRESULT ScriptedFileDialog::SetFileTypes(unsigned count, const FileDialogFilterSpec* specs) {
+HRESULT ScriptedFileDialog::SetFileTypes(unsigned count, const FileDialogFilterRow* rows) {
     ++setFileTypesCalls_;
     rows_.clear();
     for (unsigned i = 0; i < count; ++i)
-        rows_.push_back({specs[i].name, specs[i].spec});
+        rows_.push_back({rows[i].name, rows[i].pattern});
     typeIndex_ = 1;
     return S_OK;
 }

@@ -25,7 +25,7 @@ class ScriptedFileDialog : public IFileOpenDialog, public IFileSaveDialog {
 public:
     struct Row {
         Fnd::WString name;
-        Fnd::WString spec;
+        Fnd::WString pattern;
         friend bool operator==(const Row&, const Row&) = default;
     };
 
@@ -38,7 +38,7 @@ public:
     void WhileShown(std::function<void()> probe) { whileShown_ = std::move(probe); }
 
     HRESULT Show(std::uintptr_t parent) override;
-    HRESULT SetFileTypes(unsigned count, const FileDialogFilterSpec* specs) override;
+    HRESULT SetFileTypes(unsigned count, const FileDialogFilterRow* rows) override;
     HRESULT GetFileTypeIndex(unsigned& index) override;
     HRESULT SetFileTypeIndex(unsigned index) override;
     HRESULT Advise(IFileDialogEvents* events, unsigned& cookie) override;

@@ -72,13 +72,13 @@ public:
         return S_OK;
     }
 
-    HRESULT SetFileTypes(unsigned count, const FileDialogFilterSpec* specs) override {
+    HRESULT SetFileTypes(unsigned count, const FileDialogFilterRow* rows) override {
         rows_.clear();
         for (unsigned i = 0; i < count; ++i) {
             FilterRow row;
-            row.name = specs[i].name ? QString::fromUtf16(specs[i].name) : QString();
-            const QString spec = specs[i].spec ? QString::fromUtf16(specs[i].spec) : QString();
-            row.patterns = spec.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+            row.name = rows[i].name ? QString::fromUtf16(rows[i].name) : QString();
+            const QString joined = rows[i].pattern ? QString::fromUtf16(rows[i].pattern) : QString();
+            row.patterns = joined.split(QLatin1Char(';'), Qt::SkipEmptyParts);
             for (QString& pattern : row.patterns)
                 pattern = pattern.trimmed();
             rows_.push_back(row);
