@@ -25,6 +25,10 @@ Fnd::WString BaseNameOf(const SelectedItem& item) {
 } // namespace
 
 void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date) {
+    GenerateOutputNames(session, date, 1);
+}
+
+void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date, std::uint32_t firstCounter) {
     const PresetRef preset = session.GetRenamePreset();
     if (!preset)
         return;
@@ -35,7 +39,7 @@ void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date) {
     OutputNameBuilder builder(fields, UserDefinedCounterStart());
     const NormalizedRoot root(session.GetSourceRoot());
     const Fnd::Date now = Fnd::Date::Now();
-    std::uint32_t counter = 1;
+    std::uint32_t counter = firstCounter;
     for (const SelectedItemRef& item : session.GetSelectedItems()) {
         // An unreadable file is named as if made now rather than stopping the ingest over a date.
         const Fnd::Date fileDate = ReadFileCreationTime(root.ItemPath(*item)).value_or(now);

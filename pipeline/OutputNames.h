@@ -1,4 +1,6 @@
 #pragma once
+#include <cstdint>
+
 #include "Fnd/Date.h"
 #include "IGD/IIngestDialogData.h"
 
@@ -10,6 +12,10 @@ namespace IGD {
 // run carry the same number. A session without a template, or with an empty one, keeps the names
 // it has. No uniqueness is enforced: equal names surface later as existing-file questions.
 void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date);
+
+// The same with the items counted from firstCounter: a request spread over several sessions goes
+// on counting where the last one stopped. Stitching destinations still count from 1.
+void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date, std::uint32_t firstCounter);
 
 // The same with the present time as the ingest date.
 void GenerateOutputNamesNow(IIngestDialogData& session);

@@ -9,16 +9,21 @@
 #include <string>
 #include <vector>
 
+#include "CommandChoices.h"
 #include "CommandLinePaths.h"
 #include "Fnd/InteractionDriver.h"
+#include "Fnd/NullInterfaceException.h"
 #include "IngestCheck.h"
 #include "IngestSources.h"
 #include "IngestSubmission.h"
+#include "PresetLookup.h"
 #include "Proj/Project.h"
 #include "QL/CopySetting.h"
 #include "ResumeCommand.h"
 #include "ServiceRunner.h"
+#include "TemplateValues.h"
 #include "TerminalInteractionDriver.h"
+#include "settings/IngestSettingsController.h"
 
 namespace igd {
 namespace {
@@ -26,45 +31,84 @@ namespace {
 struct IngestOptions {
     std::vector<std::string> sources;
     std::vector<std::string> destinations;
+    std::string subFolder;
     std::string verify = "md5";
+    std::string renamePreset;
+    std::string metadataPreset;
+    std::vector<std::string> values;
+    std::string renameScope = "all";
+    std::string metadataScope = "all";
+    std::optional<std::uint32_t> startNumber;
     std::string project;
     std::string bin;
     std::string onConflict = "ask";
     bool json = false;
 };
 
-std::uint32_t VerifyMode(const std::string& name) {
-    static const std::map<std::string, std::uint32_t> modes{{"md5", QL::IngestTask::kVerifyMD5},
-                                                            {"size", QL::IngestTask::kVerifyFileSize},
-                                                            {"bit", QL::IngestTask::kVerifyBitByBit},
-                                                            {"none", QL::IngestTask::kVerifyNone}};
-    return modes.at(name);
-}
-
-std::optional<int> ConflictAction(const std::string& policy) {
-    static const std::map<std::string, int> actions{{"skip", QL::kCopyActionSkip},
-                                                    {"keep-both", QL::kCopyActionKeepBoth},
-                                                    {"replace", QL::kCopyActionReplace}};
-    const auto found = actions.find(policy);
-    return found == actions.end() ? std::nullopt : std::optional<int>(found->second);
-}
-
 // Restores the default driver, which cancels every question, when the command ends.
 struct TerminalQuestions {
     explicit TerminalQuestions(const std::string& onConflict) {
         Fnd::SetInteractionDriver(std::make_shared<TerminalInteractionDriver>(
-            std::cin, std::cerr, isatty(STDIN_FILENO) != 0, ConflictAction(onConflict)));
+            std::cin, std::cerr, isatty(STDIN_FILENO) != 0, ConflictActionOf(onConflict)));
     }
     ~TerminalQuestions() { Fnd::SetInteractionDriver(nullptr); }
 };
+
+std::uint32_t Scope(const std::string& name) {
+    return name == "primary" ? 1 : 0;
+}
+
+// The templates named on the command line, as copies: values given with --set must not change
+// the presets that the dialog and other runs see.
+std::string ChooseTemplates(const IngestOptions& options, IngestChoices& choices) {
+    const auto find = [](QL::_QLPresetCategory category, const std::string& name, IGD::PresetRef& preset,
+                         const char* kind) -> std::string {
+        if (name.empty())
+            return {};
+        const IGD::PresetRef found = FindPreset(category, Fnd::FromUTF8(name));
+        if (!found)
+            return std::string("no ") + kind + " preset is named \"" + name + "\"";
+        preset = found->ClonePreset(true);
+        return {};
+    };
+    if (std::string error =
+            find(QL::kQLPresetCategoryRename, options.renamePreset, choices.renamePreset, "rename");
+        !error.empty())
+        return error;
+    if (std::string error =
+            find(QL::kQLPresetCategoryMetadata, options.metadataPreset, choices.metadataPreset, "metadata");
+        !error.empty())
+        return error;
+    choices.renameScope = Scope(options.renameScope);
+    choices.metadataScope = Scope(options.metadataScope);
+    return SetTemplateValues(options.values, {choices.renamePreset, choices.metadataPreset});
+}
+
+// The template checks read the settings as the dialog's sections left them; here the command line
+// is the settings pane. The stored start number stands unless one is given.
+void SetUpSettings(const IngestOptions& options, const IngestChoices& choices) {
+    IGD::IngestSettingsController& settings = *IGD::IngestSettingsController::GetInstance();
+    try {
+        settings.LoadSettings();
+    } catch (const Fnd::NullInterfaceException&) {
+    }
+    settings.SetEnableRenameTemplate(choices.renamePreset != nullptr);
+    settings.SetEnableMetadataTemplate(choices.metadataPreset != nullptr);
+    settings.SetRenameEditMode(false);
+    settings.SetMetadataEditMode(false);
+    if (options.startNumber)
+        settings.SetUserDefAutoIncStartNumber(*options.startNumber);
+}
 
 int RunIngest(const IngestOptions& options) {
     std::vector<Fnd::WString> sources;
     for (const std::string& source : options.sources)
         sources.push_back(AbsolutePath(source));
-    std::vector<Fnd::WString> destinations;
+    IngestChoices choices;
     for (const std::string& destination : options.destinations)
-        destinations.push_back(AbsolutePath(destination));
+        choices.destinations.push_back(AbsolutePath(destination));
+    choices.subFolder = Fnd::FromUTF8(options.subFolder);
+    choices.verifyMode = VerifyModeOf(options.verify);
     ServiceRunOptions run;
     run.projectPath =
         options.project.empty() ? Proj::DefaultProjectPath() : Fnd::ToUTF8(AbsolutePath(options.project));
@@ -75,25 +119,31 @@ int RunIngest(const IngestOptions& options) {
         std::cerr << "igd: " << error.what() << "\n";
         return 2;
     }
-    if (const std::string error = CheckIngestInput(sources, destinations); !error.empty()) {
+    if (std::string error = ChooseTemplates(options, choices); !error.empty()) {
         std::cerr << "igd: " << error << "\n";
         return 2;
     }
-    sources = DistinctSources(sources);
+    if (const std::string error = CheckIngestInput(sources, choices.destinations); !error.empty()) {
+        std::cerr << "igd: " << error << "\n";
+        return 2;
+    }
+    SetUpSettings(options, choices);
 
-    for (const Fnd::WString& destination : destinations)
+    for (const Fnd::WString& destination : choices.destinations)
         run.destinations.push_back(Fnd::ToUTF8(destination));
     run.bin = Fnd::FromUTF8(options.bin);
     run.json = options.json;
     const TerminalQuestions questions(options.onConflict);
+    std::vector<IGD::IngestDialogDataRef> sessions = GatherIngestSessions(DistinctSources(sources));
+    // With nothing gathered the handler still runs once, to say so as the dialog would.
+    if (sessions.empty())
+        sessions.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
+    for (const IGD::IngestDialogDataRef& session : sessions)
+        ApplyIngestChoices(*session, choices);
+    if (!PrepareIngestSessions(sessions))
+        return 1;
     return RunTaskService(run, [&](QL::Engine::TaskService&) {
-        const std::uint32_t verifyMode = VerifyMode(options.verify);
-        const auto batch = fluxcore::utility::Guid::CreateUnique();
-        if (AllFiles(sources) && destinations.size() <= 1)
-            SubmitThroughDoIngestMedia(sources, destinations.empty() ? Fnd::WString() : destinations.front(),
-                                       verifyMode, batch);
-        else
-            SubmitThroughSessions(sources, destinations, verifyMode, batch);
+        SubmitIngestSessions(sessions, fluxcore::utility::Guid::CreateUnique());
         return 0;
     });
 }
@@ -105,25 +155,49 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
     CLI::App* command = app.add_subcommand(
         "ingest", "copy camera media to one or more destinations, verify it, and import it into the project");
     command
-        ->add_option("sources", options->sources,
-                     "files and folders to ingest (a folder brings its whole tree)")
+        ->add_option(
+            "sources", options->sources,
+            "files, folders and camera cards to ingest (a card brings its clips and other media, any other "
+            "folder its whole tree)")
         ->required();
     command
         ->add_option("--to", options->destinations,
                      "copy to this folder; repeat for backups (the first is the primary); "
                      "without it the media is imported where it lies")
         ->allow_extra_args(false);
+    command->add_option("--subfolder", options->subFolder,
+                        "put everything into a folder of this name inside each destination");
     command
         ->add_option("--verify", options->verify,
                      "how each copy is checked: md5 (default), size, bit or none")
-        ->check(CLI::IsMember({"md5", "size", "bit", "none"}));
+        ->check(CLI::IsMember(VerifyWords()));
+    command->add_option(
+        "--rename-preset", options->renamePreset,
+        "rename single-file clips and their sidecars by this template (see `igd presets list`)");
+    command->add_option("--metadata-preset", options->metadataPreset,
+                        "write the values of this metadata template into each clip's XMP");
+    command->add_option("--set", options->values,
+                        "KEY=VALUE: the value of the template field with that key; repeat for more");
+    command
+        ->add_option("--rename-scope", options->renameScope,
+                     "rename on all destinations (default) or the primary only")
+        ->check(CLI::IsMember({"all", "primary"}));
+    command
+        ->add_option("--metadata-scope", options->metadataScope,
+                     "write metadata on all destinations (default) or the primary only")
+        ->check(CLI::IsMember({"all", "primary"}));
+    command
+        ->add_option("--start-number", options->startNumber,
+                     "first number of a custom counter field (default: where the last ingest stopped)")
+        ->check(CLI::PositiveNumber);
     command->add_option("--project", options->project,
                         "the project to import into (default: " + Proj::DefaultProjectPath() + ")");
     command->add_option("--bin", options->bin, "the bin to import into (default: the root bin)");
     command
-        ->add_option("--on-conflict", options->onConflict,
-                     "what to do with a target that exists: ask (default), skip, keep-both or replace")
-        ->check(CLI::IsMember({"ask", "skip", "keep-both", "replace"}));
+        ->add_option(
+            "--on-conflict", options->onConflict,
+            "what to do with a target that exists: ask (default), skip, keep-both, replace or cancel")
+        ->check(CLI::IsMember(ConflictWords()));
     command->add_flag("--json", options->json, "report as JSON lines");
     table.Add(command, [options] { return RunIngest(*options); });
 

@@ -1,22 +1,110 @@
 #include "IngestSources.h"
 
-#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <set>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "Browse/CardScanScope.h"
+#include "Browse/FileListForCopy.h"
+#include "Browse/ProviderRegistry.h"
 #include "Fnd/PathUtils.h"
+#include "Plug/ImportableFileTypeUtils.h"
+#include "pipeline/AddBrowserItems.h"
+#include "pipeline/GatherPathItems.h"
 
 namespace igd {
 namespace {
 
-Fnd::WString FolderOf(const Fnd::WString& path) {
-    const std::size_t slash = path.rfind(u'/');
-    return slash == 0 ? Fnd::WString(u"/") : path.substr(0, slash);
+namespace fs = std::filesystem;
+
+fs::path NativePath(const Fnd::WString& path) {
+    return fs::path(Fnd::ToUTF8(path));
 }
 
-Fnd::WString NameOf(const Fnd::WString& path) {
-    return path.substr(path.rfind(u'/') + 1);
+Fnd::WString WidePath(const fs::path& path) {
+    return Fnd::FromUTF8(path.string());
 }
+
+Fnd::WString LowerExtension(const fs::path& path) {
+    Fnd::WString extension = Fnd::FromUTF8(path.extension().string());
+    if (!extension.empty())
+        extension.erase(0, 1);
+    for (char16_t& c : extension)
+        if (c >= u'A' && c <= u'Z')
+            c = static_cast<char16_t>(c - u'A' + u'a');
+    return extension;
+}
+
+// Media on a card that no clip claims: a clip the camera never finished indexing, or files put
+// there by hand. Leaving them behind would lose them when the card is formatted. Sidecars come
+// with their media; hidden files and the cards' own index files stay.
+std::vector<fs::path> LooseMediaFiles(const fs::path& cardRoot, const std::vector<Browse::CardClip>& clips) {
+    std::unordered_set<std::string> claimed;
+    for (const Browse::CardClip& clip : clips)
+        for (const Fnd::WString& file : clip.files)
+            claimed.insert(NativePath(file).lexically_normal().string());
+    const std::set<Fnd::WString> media =
+        Plug::ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeAll);
+
+    std::vector<fs::path> loose;
+    std::error_code error;
+    for (fs::recursive_directory_iterator it(cardRoot, fs::directory_options::skip_permission_denied, error),
+         end;
+         it != end; it.increment(error)) {
+        const fs::path& path = it->path();
+        if (path.filename().string().starts_with(".")) {
+            if (it->is_directory(error))
+                it.disable_recursion_pending();
+            continue;
+        }
+        if (!it->is_regular_file(error) || claimed.count(path.lexically_normal().string()) != 0)
+            continue;
+        if (media.count(LowerExtension(path)) != 0)
+            loose.push_back(path);
+    }
+    // Directory order is the filesystem's; the user expects the order a listing shows.
+    std::sort(loose.begin(), loose.end());
+    return loose;
+}
+
+// Gathers a card the way the browser shows it: each clip through its card provider, each loose
+// media file through the plain directory provider, all relative to the folder that holds the card.
+void GatherCard(IGD::IIngestDialogData& session, const Fnd::WString& cardRoot,
+                const std::vector<Browse::CardClip>& clips) {
+    for (const Browse::CardClip& clip : clips)
+        IGD::GatherPathItems(session, clip.mediaPath);
+    const fs::path root = NativePath(cardRoot);
+    const fs::path holder = root.parent_path();
+    for (const fs::path& file : LooseMediaFiles(root, clips))
+        IGD::AddBrowserItems(
+            session, IGD::CheckedItems{{WidePath(file), WidePath(file.lexically_relative(holder))}},
+            IGD::ClipSettings{}, &Browse::ProviderRegistry::PlainDirectory(), holder.string());
+}
+
+// Sessions by source root, in the order the roots first appear, with each item path once.
+class SessionsByRoot {
+public:
+    void Take(const IGD::IIngestDialogData& gathered) {
+        const Fnd::WString root = gathered.GetSourceRoot();
+        auto [found, added] = index_.emplace(root, sessions_.size());
+        if (added) {
+            sessions_.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
+            sessions_.back()->SetSourceRoot(root);
+        }
+        IGD::IIngestDialogData& session = *sessions_[found->second];
+        for (const IGD::SelectedItemRef& item : gathered.GetSelectedItems())
+            if (taken_.insert(root + u'\n' + item->GetItemPath()).second)
+                session.AddSelectedItem(item);
+    }
+    std::vector<IGD::IngestDialogDataRef> Sessions() && { return std::move(sessions_); }
+
+private:
+    std::vector<IGD::IngestDialogDataRef> sessions_;
+    std::unordered_map<Fnd::WString, std::size_t> index_;
+    std::unordered_set<Fnd::WString> taken_;
+};
 
 } // namespace
 
@@ -43,22 +131,23 @@ std::vector<Fnd::WString> DistinctSources(const std::vector<Fnd::WString>& sourc
     return distinct;
 }
 
-bool AllFiles(const std::vector<Fnd::WString>& sources) {
-    return std::none_of(sources.begin(), sources.end(),
-                        [](const Fnd::WString& source) { return Fnd::PathUtils::IsDirectory(source); });
-}
-
-std::vector<SourceFolder> GroupByFolder(const std::vector<Fnd::WString>& sources) {
-    std::vector<SourceFolder> groups;
-    std::unordered_map<Fnd::WString, std::size_t> groupOfFolder;
+std::vector<IGD::IngestDialogDataRef> GatherIngestSessions(const std::vector<Fnd::WString>& sources) {
+    // Several sources usually lie on one card: it is read once for all of them.
+    const Browse::CardScanScope scans;
+    SessionsByRoot sessions;
     for (const Fnd::WString& source : sources) {
-        const Fnd::WString folder = FolderOf(source);
-        const auto [found, added] = groupOfFolder.emplace(folder, groups.size());
-        if (added)
-            groups.push_back(SourceFolder{folder, {}});
-        groups[found->second].names.push_back(NameOf(source));
+        const IGD::IngestDialogDataRef gathered =
+            IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData());
+        const std::vector<Browse::CardClip> clips = Fnd::PathUtils::IsDirectory(source)
+                                                        ? Browse::ProviderRegistry::FindCardClips(source)
+                                                        : std::vector<Browse::CardClip>{};
+        if (!clips.empty())
+            GatherCard(*gathered, source, clips);
+        else
+            IGD::GatherPathItems(*gathered, source);
+        sessions.Take(*gathered);
     }
-    return groups;
+    return std::move(sessions).Sessions();
 }
 
 } // namespace igd

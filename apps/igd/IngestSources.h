@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "Fnd/WString.h"
+#include "pipeline/IngestDialogData.h"
 
 namespace igd {
 
@@ -10,14 +11,11 @@ namespace igd {
 // naming it again (as `card/*` does) would copy it twice.
 std::vector<Fnd::WString> DistinctSources(const std::vector<Fnd::WString>& sources);
 
-// Whether every source is a file (no folder).
-bool AllFiles(const std::vector<Fnd::WString>& sources);
-
-// The sources grouped by the folder that holds them, groups in the order of their first source.
-struct SourceFolder {
-    Fnd::WString folder;
-    std::vector<Fnd::WString> names; // file or folder names inside it
-};
-std::vector<SourceFolder> GroupByFolder(const std::vector<Fnd::WString>& sources);
+// The sessions of one `igd ingest`, filled with items as the dialog's browser would tick them:
+// a card root gives its clips and every other media file on it; any other folder is one item,
+// whole; a file gives its clip, the rest of the clip coming along when it lies on a card. Items
+// that share a source root share a session, in the order of their first source; an item named
+// twice is taken once.
+std::vector<IGD::IngestDialogDataRef> GatherIngestSessions(const std::vector<Fnd::WString>& sources);
 
 } // namespace igd

@@ -7,9 +7,7 @@
 #include "CommandLinePaths.h"
 #include "Fnd/NullInterfaceException.h"
 #include "IGD/IngestApi.h"
-#include "QL/FilePresetService.h"
-#include "QL/IQLPresetManager.h"
-#include "QL/PresetService.h"
+#include "PresetLookup.h"
 #include "pipeline/IngestDialogData.h"
 #include "settings/IngestSettingsController.h"
 
@@ -20,21 +18,6 @@ struct NameOptions {
     std::string file;
     std::string renamePreset;
 };
-
-// A user preset wins over a shipped one of the same name, as in the dialog's popup.
-IGD::PresetRef FindRenamePreset(const std::string& name) {
-    if (!QL::GetPresetService())
-        QL::InstallFilePresetService();
-    const auto manager = QL::InstantiateQLPresetManager(QL::kQLPresetCategoryRename);
-    const Fnd::WString wanted = Fnd::FromUTF8(name);
-    for (const auto& preset : manager->GetUserPresets(false))
-        if (preset->GetName(true) == wanted)
-            return preset;
-    for (const auto& preset : manager->GetSystemPresets())
-        if (preset->GetName(true) == wanted)
-            return preset;
-    return {};
-}
 
 int RunName(const NameOptions& options) {
     // The stored settings give the custom counter's start number and, without a named preset,
@@ -47,7 +30,7 @@ int RunName(const NameOptions& options) {
 
     const IGD::IngestDialogDataRef session = IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData());
     if (!options.renamePreset.empty()) {
-        IGD::PresetRef preset = FindRenamePreset(options.renamePreset);
+        IGD::PresetRef preset = FindPreset(QL::kQLPresetCategoryRename, Fnd::FromUTF8(options.renamePreset));
         if (!preset) {
             std::cerr << "igd: no rename preset is named \"" << options.renamePreset << "\"\n";
             return 2;

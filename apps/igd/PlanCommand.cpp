@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "CommandChoices.h"
 #include "CommandLinePaths.h"
 #include "Fnd/InteractionDriver.h"
 #include "Fnd/PathUtils.h"
@@ -26,19 +27,9 @@ namespace {
 struct PlanOptions {
     std::vector<std::string> sources;
     std::string destination;
-    bool verify = false;
-    std::string verifyMethod = "md5";
+    std::string verify = "none";
     std::string onConflict = "ask";
 };
-
-std::optional<int> ConflictAction(const std::string& policy) {
-    static const std::map<std::string, int> actions{{"skip", QL::kCopyActionSkip},
-                                                    {"keep-both", QL::kCopyActionKeepBoth},
-                                                    {"replace", QL::kCopyActionReplace},
-                                                    {"cancel", 0}};
-    const auto found = actions.find(policy);
-    return found == actions.end() ? std::nullopt : std::optional<int>(found->second);
-}
 
 int RunPlan(const PlanOptions& options) {
     const Fnd::WString first = AbsolutePath(options.sources.front());
@@ -51,7 +42,7 @@ int RunPlan(const PlanOptions& options) {
     QL::IngestTask::SetTaskService(printer);
     Fnd::StationUtils::AddListener(QL::kStation_IngestMedia, printer.get());
     Fnd::SetInteractionDriver(std::make_shared<TerminalInteractionDriver>(
-        std::cin, std::cerr, isatty(STDIN_FILENO) != 0, ConflictAction(options.onConflict)));
+        std::cin, std::cerr, isatty(STDIN_FILENO) != 0, ConflictActionOf(options.onConflict)));
 
     QL::IngestMediaGroup group;
     group.paths.push_back(first);
@@ -61,11 +52,9 @@ int RunPlan(const PlanOptions& options) {
         group.transferMode = u"Copy";
         group.destinationPath = AbsolutePath(options.destination);
     }
-    if (options.verify) {
+    if (options.verify != "none") {
         group.verify = u"Verify";
-        group.verifyMethod = options.verifyMethod == "size"    ? u"FileSize"
-                             : options.verifyMethod == "bytes" ? u"BitByBit"
-                                                               : u"MD5";
+        group.verifyMethod = VerifyMethodOf(options.verify);
     }
 
     IGD::DoIngestMedia(group, /*useGivenBatch=*/true, /*primary=*/true, /*viaProvider=*/true,
@@ -92,11 +81,11 @@ void RegisterPlanCommand(CLI::App& app, CommandTable& table) {
                      "the file to ingest, then further paths relative to its folder")
         ->required();
     command->add_option("--to", plan->destination, "copy to this folder (without it: import in place)");
-    command->add_flag("--verify", plan->verify, "verify each copy");
-    command->add_option("--verify-method", plan->verifyMethod, "md5, size or bytes")
-        ->check(CLI::IsMember({"md5", "size", "bytes"}));
+    command
+        ->add_option("--verify", plan->verify, "how each copy is checked: md5, size, bit or none (default)")
+        ->check(CLI::IsMember(VerifyWords()));
     command->add_option("--on-conflict", plan->onConflict, "what to do with existing targets")
-        ->check(CLI::IsMember({"ask", "skip", "keep-both", "replace", "cancel"}));
+        ->check(CLI::IsMember(ConflictWords()));
     table.Add(command, [plan] { return RunPlan(*plan); });
 }
 

@@ -1,5 +1,7 @@
 #include "PlannedFiles.h"
 
+#include <unordered_set>
+
 namespace QL::Engine {
 
 std::vector<FileRecord> PlannedFiles(const TaskRecord& record, std::int64_t task) {
@@ -9,7 +11,15 @@ std::vector<FileRecord> PlannedFiles(const TaskRecord& record, std::int64_t task
     std::uint32_t unitIndex = 0;
     for (const IngestTask::CopyUnitRef& unit : record.Copy().units) {
         std::uint32_t entryIndex = 0;
+        // A clip's own file usually stands again among its extra paths, under the name it had
+        // before any rename. One copy is what the user asked for: the first, under the item's
+        // target. Entries keep their places, so that the rest are still found by position.
+        std::unordered_set<Fnd::WString> sources;
         for (const CopyEntry& entry : unit->entries) {
+            if (!sources.insert(entry.source).second) {
+                ++entryIndex;
+                continue;
+            }
             FileRecord file;
             file.task = task;
             file.unit = unitIndex;

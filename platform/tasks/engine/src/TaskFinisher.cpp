@@ -117,7 +117,7 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
                 const FileRecord* side = fileAt(item->extraPaths[e]);
                 if (!side && oneItem && e + 1 < unitFiles.size())
                     side = unitFiles[e + 1];
-                if (Landed(side))
+                if (side != main && Landed(side))
                     projectItem.extraPaths.push_back(whereItStands(*side));
             }
             // A skipped target is the user's file as it stands: nothing is written into it.

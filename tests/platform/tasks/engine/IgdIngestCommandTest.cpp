@@ -215,7 +215,7 @@ TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAg
     EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
 }
 
-TEST_F(IgdIngestCommandTest, FilesWithOneDestinationGoThroughTheHostEntryPoint) {
+TEST_F(IgdIngestCommandTest, FilesBringTheirSidecarsAndBecomeOneItemEach) {
     tree.MakeFile("card/A001.MOV", "frames");
     tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
     tree.MakeFile("card/A002.MOV", "more frames");
@@ -232,7 +232,119 @@ TEST_F(IgdIngestCommandTest, FilesWithOneDestinationGoThroughTheHostEntryPoint) 
     EXPECT_NE(ran.out.find("Done"), std::string::npos) << ran.out;
 }
 
-TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndWritesNothing) {
+// A P2 card as a camera leaves it, with two clips, the card's own index file, and media put on it
+// by hand: a clip with its sidecar, and a sound file.
+class IgdIngestCardTest : public IgdIngestCommandTest {
+protected:
+    void SetUp() override {
+        const std::string c = "SHOOT/CARD01/CONTENTS/";
+        for (const std::string id : {"0001AB", "0002AB"}) {
+            tree.MakeFile(c + "CLIP/" + id + ".XML",
+                          "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" + id +
+                              "</GlobalClipID></ClipContent></P2Main>");
+            tree.MakeFile(c + "VIDEO/" + id + ".MXF", "video " + id);
+            tree.MakeFile(c + "AUDIO/" + id + "00.MXF", "audio " + id);
+            tree.MakeFile(c + "ICON/" + id + ".BMP", "icon " + id);
+        }
+        tree.MakeFile("SHOOT/CARD01/LASTCLIP.TXT", "0002AB");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/B001.MOV", "b camera");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/B001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/sound.WAV", "sound");
+    }
+
+    Ran Ingest(std::vector<std::string> options) {
+        std::vector<std::string> arguments{"ingest", Native("SHOOT/CARD01")};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return RunIgd(arguments);
+    }
+};
+
+TEST_F(IgdIngestCardTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMetadataOnBothCopies) {
+    const Ran ran =
+        Ingest({"--to", Native("main"), "--to", Native("backup"), "--rename-preset", "Camera roll",
+                "--metadata-preset", "Production", "--set", "scene=12", "--set", "take=3"});
+    ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
+
+    for (const std::string destination : {"main", "backup"}) {
+        SCOPED_TRACE(destination);
+        const std::string card = Native(destination + "/CARD01/");
+        for (const std::string id : {"0001AB", "0002AB"}) {
+            // The card's structure refers to its files by name: they land together, as they were.
+            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/VIDEO/" + id + ".MXF"), "video " + id);
+            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/AUDIO/" + id + "00.MXF"), "audio " + id);
+            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/ICON/" + id + ".BMP"), "icon " + id);
+            EXPECT_TRUE(std::filesystem::exists(card + "CONTENTS/CLIP/" + id + ".XML"));
+        }
+        // The custom counter numbers the items in order: two card clips, then B001, then the sound.
+        EXPECT_EQ(ReadWholeFile(card + "EXTRA/B001_003.MOV"), "b camera");
+        EXPECT_EQ(ReadWholeFile(card + "EXTRA/sound_004.WAV"), "sound");
+        EXPECT_FALSE(std::filesystem::exists(card + "EXTRA/B001.MOV"));
+        EXPECT_FALSE(std::filesystem::exists(card + "EXTRA/B001.xmp"));
+        EXPECT_FALSE(std::filesystem::exists(card + "LASTCLIP.TXT")) << "index files are no media";
+        for (const std::string sidecar :
+             {"EXTRA/B001_003.xmp", "EXTRA/sound_004.xmp", "CONTENTS/VIDEO/0001AB.xmp"}) {
+            const std::string xmp = ReadWholeFile(card + sidecar);
+            EXPECT_NE(xmp.find("<Production:scene>12</Production:scene>"), std::string::npos)
+                << sidecar << xmp;
+            EXPECT_NE(xmp.find("<Production:take>3</Production:take>"), std::string::npos) << sidecar;
+        }
+    }
+    EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
+
+    const auto items = Proj::Project::Open(home.ProjectPath())->Items();
+    std::vector<std::pair<std::string, std::string>> named;
+    for (const Proj::ProjectItem& item : items)
+        named.emplace_back(Fnd::ToUTF8(item.name), Fnd::ToUTF8(item.path));
+    const std::string main = Native("main/CARD01/");
+    EXPECT_EQ(named, (std::vector<std::pair<std::string, std::string>>{
+                         {"0001AB_001", main + "CONTENTS/VIDEO/0001AB.MXF"},
+                         {"0002AB_002", main + "CONTENTS/VIDEO/0002AB.MXF"},
+                         {"B001_003", main + "EXTRA/B001_003.MOV"},
+                         {"sound_004", main + "EXTRA/sound_004.WAV"}}));
+    ASSERT_EQ(items.size(), 4u);
+    EXPECT_EQ(items[0].extraPaths.size(), 4u) << "audio, icon, clip XML and the written XMP";
+    EXPECT_EQ(RunIgd({"prefs", "get", "IGD.IngestDestinationSettingImpl.UserDefAutoIncStartNumber"}).out,
+              "5\n")
+        << "the next ingest numbers on from the last";
+}
+
+TEST_F(IgdIngestCardTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
+    struct Case {
+        std::vector<std::string> options;
+        std::string box;
+    };
+    const std::vector<Case> cases{
+        {{"--metadata-preset", "Production", "--set", "scene=12"}, "IGD: Required field take is empty.\n"},
+        {{"--subfolder", " \t "}, "Invalid Folder Name:  \t \nThe folder name is not valid.\n"},
+        {{"--to", Native("SHOOT")},
+         "Transfer Error: The destination folder path " + Native("SHOOT") +
+             " is the same as the source folder. Cannot transfer to the source folder.\n"}};
+    for (const Case& each : cases) {
+        std::vector<std::string> options{"--to", Native("main")};
+        options.insert(options.end(), each.options.begin(), each.options.end());
+        const Ran ran = Ingest(options);
+        SCOPED_TRACE(each.box);
+        EXPECT_EQ(ran.exitCode, 1);
+        EXPECT_EQ(ran.err, each.box);
+        EXPECT_TRUE(std::filesystem::is_empty(Native("main")));
+    }
+    EXPECT_TRUE(Proj::Project::Open(home.ProjectPath())->Items().empty());
+}
+
+TEST_F(IgdIngestCardTest, PrimaryOnlyScopeLeavesTheBackupAsTheCameraNamedIt) {
+    const Ran ran =
+        Ingest({"--to", Native("main"), "--to", Native("backup"), "--subfolder", " Day 1 ", "--rename-preset",
+                "Camera roll", "--rename-scope", "primary", "--start-number", "100"});
+    ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
+    EXPECT_EQ(ReadWholeFile(Native("main/Day 1/CARD01/EXTRA/B001_102.MOV")), "b camera");
+    EXPECT_TRUE(std::filesystem::exists(Native("main/Day 1/CARD01/EXTRA/B001_102.xmp")));
+    EXPECT_EQ(ReadWholeFile(Native("backup/Day 1/CARD01/EXTRA/B001.MOV")), "b camera");
+    EXPECT_TRUE(std::filesystem::exists(Native("backup/Day 1/CARD01/EXTRA/B001.xmp")));
+    EXPECT_EQ(RunIgd({"prefs", "get", "IGD.IngestDestinationSettingImpl.UserDefAutoIncStartNumber"}).out,
+              "104\n");
+}
+
+TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndCopiesNothing) {
     tree.MakeFileOfSize("card/A001.MOV", 4u << 20);
     const Ran missing = RunIgd({"ingest", Native("card/A009.MOV"), "--to", Native("main")});
     EXPECT_EQ(missing.exitCode, 2);
@@ -259,14 +371,20 @@ TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndWritesNothing)
         }
     } unmount{{small, readOnly}};
 
+    // Without a terminal the space box takes its default button, Cancel.
     const Ran full = RunIgd({"ingest", Native("card"), "--to", small});
-    EXPECT_EQ(full.exitCode, 2);
-    EXPECT_EQ(full.err.rfind("igd: not enough space on " + small + ": ", 0), 0u) << full.err;
+    EXPECT_EQ(full.exitCode, 1);
+    EXPECT_EQ(full.err.rfind("Clip Copy: There is not enough space to transfer to " + small +
+                                 ". Please change the destination or release about ",
+                             0),
+              0u)
+        << full.err;
     EXPECT_EQ(std::count(full.err.begin(), full.err.end(), '\n'), 1);
 
     const Ran unwritable = RunIgd({"ingest", Native("card"), "--to", Native("main"), "--to", readOnly});
-    EXPECT_EQ(unwritable.exitCode, 2);
-    EXPECT_EQ(unwritable.err, "igd: the destination is not writable: " + readOnly + "\n");
+    EXPECT_EQ(unwritable.exitCode, 1);
+    EXPECT_EQ(unwritable.err, "Destination path is not writable: The specified destination path " + readOnly +
+                                  " is not writable. Please specify a new one.\n");
     EXPECT_TRUE(std::filesystem::is_empty(small));
     EXPECT_FALSE(std::filesystem::exists(Native("main/card")));
 }

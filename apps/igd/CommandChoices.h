@@ -1,0 +1,25 @@
+#pragma once
+// The words of the command line for verification and existing targets, the same for every
+// command that copies.
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Fnd/WString.h"
+
+namespace igd {
+
+// "md5", "size", "bit", "none".
+const std::vector<std::string>& VerifyWords();
+// The session's verify mode for a word of VerifyWords.
+std::uint32_t VerifyModeOf(const std::string& word);
+// The verify method a host request names for it ("MD5", "FileSize", "BitByBit"); empty for "none".
+Fnd::WString VerifyMethodOf(const std::string& word);
+
+// "ask", "skip", "keep-both", "replace", "cancel".
+const std::vector<std::string>& ConflictWords();
+// The copy action settling every existing target, 0 to cancel; none for "ask".
+std::optional<int> ConflictActionOf(const std::string& word);
+
+} // namespace igd
