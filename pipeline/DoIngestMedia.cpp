@@ -44,12 +44,15 @@ WalkResult WalkGroupPaths(const QL::IngestMediaGroup& group, bool viaProvider, I
                           GroupFile& file, bool& anyItem) {
     // Paths of one request usually lie on one card: it is read once for all of them.
     const Browse::CardScanScope scans;
+    // Once the session holds items it keeps them; asking again would copy a growing list per path.
+    bool sessionHasItems = false;
     for (const Fnd::WString& path : group.paths) {
         if (viaProvider) {
             GatherPathItems(session, path);
             anyItem = true;
         }
-        if (!session.GetSelectedItems().empty())
+        sessionHasItems = sessionHasItems || !session.GetSelectedItems().empty();
+        if (sessionHasItems)
             continue;
         if (path != group.paths.front()) {
             Fnd::PathUtils::SplitPath(path, nullptr, nullptr, &file.stem, &file.extension);
