@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "CardFamilies.h"
-#include "CardFolder.h"
+#include "CardFamilyProvider.h"
 
 namespace Browse {
 namespace {
@@ -41,10 +41,9 @@ void AppendAllFiles(const fs::path& folder, std::vector<Fnd::WString>& files) {
     }
 }
 
-class ArriRawProvider : public CardProvider {
+class ArriRawProvider : public CardFamilyProvider {
 public:
-    std::string GetIdentification() const override { return std::string(kIdentificationPrefix) + "ARRIRAW"; }
-    std::vector<Fnd::WString> MediaExtensions() const override { return {u"ari"}; }
+    ArriRawProvider() : CardFamilyProvider("ARRIRAW", {u"ari"}) {}
 
     // <card>/<Reel>/<Clip>/.../<Clip>.<frame>.ari, or a file of the clip's xml/ or wav/ folder.
     Fnd::WString CardRootForFile(const Fnd::WString& filePath) const override {
@@ -85,16 +84,13 @@ private:
         // Frame numbers have a fixed width, so name order is frame order; gaps are allowed.
         std::sort(frames.begin(), frames.end(),
                   [](const Entry& a, const Entry& b) { return a.name < b.name; });
-        CardClip clip;
-        clip.family = GetIdentification();
-        clip.name = Fnd::FromUTF8(clipFolder.name);
+        std::vector<Fnd::WString> files;
         for (const Entry& frame : frames)
-            clip.files.push_back(ToWide(frame.path));
-        clip.mediaPath = clip.files.front();
+            files.push_back(ToWide(frame.path));
         for (const char* companion : {"xml", "wav"})
             if (std::optional<fs::path> folder = ChildFolder(clipFolder.path, companion))
-                AppendAllFiles(*folder, clip.files);
-        clips.push_back(std::move(clip));
+                AppendAllFiles(*folder, files);
+        clips.push_back(MakeClip(clipFolder.name, std::move(files)));
     }
 };
 

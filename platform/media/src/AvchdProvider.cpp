@@ -2,7 +2,7 @@
 #include <set>
 
 #include "CardFamilies.h"
-#include "CardFolder.h"
+#include "CardFamilyProvider.h"
 #include "MplPlaylist.h"
 
 namespace Browse {
@@ -10,31 +10,19 @@ namespace {
 
 using namespace card;
 
-bool IsStream(const Entry& entry) {
-    return !entry.folder &&
-           (EqualsNoCase(Extension(entry.name), "MTS") || EqualsNoCase(Extension(entry.name), "M2TS"));
-}
-
-bool IsPlaylist(const Entry& entry) {
-    return !entry.folder &&
-           (EqualsNoCase(Extension(entry.name), "MPL") || EqualsNoCase(Extension(entry.name), "MPLS"));
-}
-
-class AvchdProvider : public CardProvider {
+class AvchdProvider : public CardFamilyProvider {
 public:
-    std::string GetIdentification() const override { return std::string(kIdentificationPrefix) + "AVCHD"; }
-    std::vector<Fnd::WString> MediaExtensions() const override { return {u"mts", u"m2ts"}; }
+    AvchdProvider() : CardFamilyProvider("AVCHD", {u"mts", u"m2ts"}) {}
 
     Fnd::WString CardRootForFile(const Fnd::WString& filePath) const override {
         std::optional<fs::path> bdmv = AncestorNamed(ToPath(filePath), "BDMV", 2);
         if (!bdmv || !EqualsNoCase(bdmv->parent_path().filename().string(), "AVCHD"))
             return {};
-        fs::path root = bdmv->parent_path().parent_path();
-        if (EqualsNoCase(root.filename().string(), "PRIVATE"))
-            root = root.parent_path();
-        return ToWide(root);
+        return ToWide(AboveIfNamed(bdmv->parent_path().parent_path(), "PRIVATE"));
     }
 
+    // A clip is one recording: the streams a playlist plays without a break, each with its clip
+    // information, then the playlist.
     std::vector<CardClip> FindClips(const Fnd::WString& cardRoot) const override {
         const fs::path root = ToPath(cardRoot);
         std::optional<fs::path> bdmv = Descend(root, {"PRIVATE", "AVCHD", "BDMV"});
@@ -48,55 +36,48 @@ public:
         // Streams by their 5-digit number.
         std::map<std::string, Entry> streams;
         for (const Entry& entry : List(*streamFolder))
-            if (IsStream(entry))
+            if (IsFileOfType(entry, {"MTS", "M2TS"}))
                 streams.emplace(Upper(Stem(entry.name)), entry);
 
+        auto streamFiles = [&clipInfo](const Entry& stream) {
+            std::vector<Fnd::WString> files{ToWide(stream.path)};
+            const std::string number = Stem(stream.name);
+            if (!clipInfo.AppendIfPresent(number + ".CPI", files))
+                clipInfo.AppendIfPresent(number + ".clpi", files);
+            return files;
+        };
         std::set<std::string> taken;
         std::vector<CardClip> clips;
-        auto startClip = [&](const Entry& first) {
-            CardClip clip;
-            clip.family = GetIdentification();
-            clip.name = Fnd::FromUTF8(Stem(first.name));
-            clip.mediaPath = ToWide(first.path);
-            clips.push_back(std::move(clip));
-        };
-        auto addStream = [&](CardClip& clip, const Entry& stream) {
-            clip.files.push_back(ToWide(stream.path));
-            const std::string number = Stem(stream.name);
-            if (!clipInfo.AppendIfPresent(number + ".CPI", clip.files))
-                clipInfo.AppendIfPresent(number + ".clpi", clip.files);
-        };
-
         // Each recording of a playlist: its first item and the items that continue it.
         for (const Entry& playlist : playlists.Entries()) {
-            if (!IsPlaylist(playlist))
+            if (!IsFileOfType(playlist, {"MPL", "MPLS"}))
                 continue;
             bool open = false;
             for (const MplPlayItem& item : ReadMplPlayItems(playlist.path)) {
                 auto stream = streams.find(Upper(item.stream));
                 const bool known = stream != streams.end() && !taken.count(stream->first);
-                if (!item.continuesPrevious || !open) {
+                if (item.continuesPrevious && open) {
+                    if (known) {
+                        const std::vector<Fnd::WString> files = streamFiles(stream->second);
+                        clips.back().files.insert(clips.back().files.end(), files.begin(), files.end());
+                    }
+                } else {
                     if (open)
                         clips.back().files.push_back(ToWide(playlist.path));
                     open = known;
                     if (known)
-                        startClip(stream->second);
+                        clips.push_back(MakeClip(Stem(stream->second.name), streamFiles(stream->second)));
                 }
-                if (open && known) {
-                    addStream(clips.back(), stream->second);
+                if (open && known)
                     taken.insert(stream->first);
-                }
             }
             if (open)
                 clips.back().files.push_back(ToWide(playlist.path));
         }
         // Streams that no playlist names still make clips of their own.
-        for (const auto& [number, stream] : streams) {
-            if (taken.count(number))
-                continue;
-            startClip(stream);
-            addStream(clips.back(), stream);
-        }
+        for (const auto& [number, stream] : streams)
+            if (!taken.count(number))
+                clips.push_back(MakeClip(Stem(stream.name), streamFiles(stream)));
         return clips;
     }
 };

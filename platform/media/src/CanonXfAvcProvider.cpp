@@ -1,48 +1,31 @@
+#include "CanonClipsFolders.h"
 #include "CardFamilies.h"
-#include "CardFolder.h"
+#include "CardFamilyProvider.h"
 
 namespace Browse {
 namespace {
 
 using namespace card;
 
-class CanonXfAvcProvider : public CardProvider {
+class CanonXfAvcProvider : public CardFamilyProvider {
 public:
-    std::string GetIdentification() const override {
-        return std::string(kIdentificationPrefix) + "CanonXFAVC";
-    }
-    std::vector<Fnd::WString> MediaExtensions() const override { return {u"mxf"}; }
+    CanonXfAvcProvider() : CardFamilyProvider("CanonXFAVC", {u"mxf"}) {}
 
     Fnd::WString CardRootForFile(const Fnd::WString& filePath) const override {
-        std::optional<fs::path> contents = AncestorNamed(ToPath(filePath), "CONTENTS", 2);
-        return contents ? ToWide(contents->parent_path()) : Fnd::WString();
+        return RootAbove(filePath, "CONTENTS", 2);
     }
 
-    // CONTENTS/CLIPSnnn/ with INDEX.MIF holding <name>.MXF beside <name>.XML, no clip folders.
+    // No clip folders: <name>.MXF lies beside <name>.XML, and without its XML it is no clip.
     std::vector<CardClip> FindClips(const Fnd::WString& cardRoot) const override {
-        const std::optional<fs::path> contents = ChildFolder(ToPath(cardRoot), "CONTENTS");
-        if (!contents)
-            return {};
         std::vector<CardClip> clips;
-        for (const Entry& clipsFolder : List(*contents)) {
-            if (!clipsFolder.folder || !StartsWithNoCase(clipsFolder.name, "CLIPS"))
-                continue;
+        for (const Entry& clipsFolder : CanonClipsFolders(cardRoot)) {
             const NameIndex index(clipsFolder.path);
-            if (!index.Find("INDEX.MIF"))
-                continue;
-            for (const Entry& entry : index.Entries()) {
-                if (entry.folder || !EqualsNoCase(Extension(entry.name), "MXF"))
-                    continue;
-                const std::string name = Stem(entry.name);
-                CardClip clip;
-                clip.family = GetIdentification();
-                clip.name = Fnd::FromUTF8(name);
-                clip.mediaPath = ToWide(entry.path);
-                clip.files.push_back(clip.mediaPath);
-                if (!index.AppendIfPresent(name + ".XML", clip.files))
-                    continue;
-                clips.push_back(std::move(clip));
-            }
+            AppendStemClips(
+                index, {"MXF"},
+                [&index](const std::string& stem, std::vector<Fnd::WString>& files) {
+                    return index.AppendIfPresent(stem + ".XML", files);
+                },
+                clips);
         }
         return clips;
     }

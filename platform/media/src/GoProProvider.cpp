@@ -2,7 +2,7 @@
 #include <map>
 
 #include "CardFamilies.h"
-#include "CardFolder.h"
+#include "CardFamilyProvider.h"
 
 namespace Browse {
 namespace {
@@ -35,29 +35,23 @@ GoProName ParseName(const std::string& stem) {
     return parsed;
 }
 
-bool IsGoProFolder(const Entry& entry) {
-    return entry.folder && entry.name.size() == 8 && entry.name[0] == '1' &&
-           AllDigits(entry.name.substr(0, 3)) && EqualsNoCase(entry.name.substr(3), "GOPRO");
+bool IsGoProFolder(const Entry& folder) {
+    return folder.name.size() == 8 && folder.name[0] == '1' && AllDigits(folder.name.substr(0, 3)) &&
+           EqualsNoCase(folder.name.substr(3), "GOPRO");
 }
 
-class GoProProvider : public CardProvider {
+class GoProProvider : public CardFamilyProvider {
 public:
-    std::string GetIdentification() const override { return std::string(kIdentificationPrefix) + "GoPro"; }
-    std::vector<Fnd::WString> MediaExtensions() const override { return {u"mp4"}; }
+    GoProProvider() : CardFamilyProvider("GoPro", {u"mp4"}) {}
 
     Fnd::WString CardRootForFile(const Fnd::WString& filePath) const override {
-        std::optional<fs::path> dcim = AncestorNamed(ToPath(filePath), "DCIM", 2);
-        return dcim ? ToWide(dcim->parent_path()) : Fnd::WString();
+        return RootAbove(filePath, "DCIM", 2);
     }
 
     std::vector<CardClip> FindClips(const Fnd::WString& cardRoot) const override {
-        const std::optional<fs::path> dcim = ChildFolder(ToPath(cardRoot), "DCIM");
-        if (!dcim)
-            return {};
         std::vector<CardClip> clips;
-        for (const Entry& folder : List(*dcim))
-            if (IsGoProFolder(folder))
-                AppendFolderClips(folder.path, clips);
+        for (const Entry& folder : FamilyFolders(cardRoot, "DCIM", IsGoProFolder))
+            AppendFolderClips(folder.path, clips);
         return clips;
     }
 
@@ -75,11 +69,10 @@ private:
             const GoProName name = ParseName(Stem(entry.name));
             if (!name.valid)
                 continue;
-            const std::string extension = Extension(entry.name);
-            const bool proxy = Upper(entry.name).compare(0, 2, "GL") == 0;
-            if (EqualsNoCase(extension, "MP4") && !proxy)
+            const bool proxy = StartsWithNoCase(entry.name, "GL");
+            if (IsFileOfType(entry, {"MP4"}) && !proxy)
                 videos[name.video].chapters.emplace_back(name.chapter, &entry);
-            else if (EqualsNoCase(extension, "THM") || EqualsNoCase(extension, "LRV"))
+            else if (IsFileOfType(entry, {"THM", "LRV"}))
                 videos[name.video].companions.push_back(&entry);
         }
         std::vector<std::pair<Fnd::WString, CardClip>> ordered;
@@ -88,14 +81,12 @@ private:
                 continue;
             std::stable_sort(video.chapters.begin(), video.chapters.end(),
                              [](const auto& a, const auto& b) { return a.first < b.first; });
-            CardClip clip;
-            clip.family = GetIdentification();
-            clip.name = Fnd::FromUTF8(Stem(video.chapters.front().second->name));
+            std::vector<Fnd::WString> files;
             for (const auto& chapter : video.chapters)
-                clip.files.push_back(ToWide(chapter.second->path));
-            clip.mediaPath = clip.files.front();
+                files.push_back(ToWide(chapter.second->path));
             for (const Entry* companion : video.companions)
-                clip.files.push_back(ToWide(companion->path));
+                files.push_back(ToWide(companion->path));
+            CardClip clip = MakeClip(Stem(video.chapters.front().second->name), std::move(files));
             ordered.emplace_back(clip.mediaPath, std::move(clip));
         }
         // In the order of the first chapters on disk.

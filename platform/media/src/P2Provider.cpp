@@ -3,7 +3,7 @@
 #include <set>
 
 #include "CardFamilies.h"
-#include "CardFolder.h"
+#include "CardFamilyProvider.h"
 #include "P2ClipXml.h"
 
 namespace Browse {
@@ -18,14 +18,23 @@ struct P2Part {
     CardClip clip;
 };
 
-class P2Provider : public CardProvider {
+// The files of one clip that carry a channel each, <id>00 to <id>15, in channel order.
+void AppendChannels(const NameIndex& folder, const std::string& id, std::string_view extension,
+                    std::vector<Fnd::WString>& files) {
+    std::string name = id + "00" + std::string(extension);
+    for (int channel = 0; channel < 16; ++channel) {
+        name[id.size()] = static_cast<char>('0' + channel / 10);
+        name[id.size() + 1] = static_cast<char>('0' + channel % 10);
+        folder.AppendIfPresent(name, files);
+    }
+}
+
+class P2Provider : public CardFamilyProvider {
 public:
-    std::string GetIdentification() const override { return std::string(kIdentificationPrefix) + "P2"; }
-    std::vector<Fnd::WString> MediaExtensions() const override { return {u"mxf"}; }
+    P2Provider() : CardFamilyProvider("P2", {u"mxf"}) {}
 
     Fnd::WString CardRootForFile(const Fnd::WString& filePath) const override {
-        std::optional<fs::path> contents = AncestorNamed(ToPath(filePath), "CONTENTS", 2);
-        return contents ? ToWide(contents->parent_path()) : Fnd::WString();
+        return RootAbove(filePath, "CONTENTS", 2);
     }
 
     std::vector<CardClip> FindClips(const Fnd::WString& cardRoot) const override {
@@ -43,27 +52,25 @@ public:
 
         std::vector<P2Part> parts;
         for (const Entry& entry : clipIndex.Entries()) {
-            if (entry.folder || !EqualsNoCase(Extension(entry.name), "XML") || Stem(entry.name).size() != 6)
+            if (!IsFileOfType(entry, {"XML"}) || Stem(entry.name).size() != 6)
                 continue;
             P2Part part;
             part.id = Stem(entry.name);
             part.xml = ReadP2ClipXml(entry.path).value_or(P2ClipXml{});
-            part.clip.family = GetIdentification();
-            part.clip.name = Fnd::FromUTF8(part.xml.userClipName.empty() ? part.id : part.xml.userClipName);
-            std::vector<Fnd::WString>& files = part.clip.files;
+            std::vector<Fnd::WString> files;
             video.AppendIfPresent(part.id + ".MXF", files);
-            for (int channel = 0; channel < 16; ++channel)
-                audio.AppendIfPresent(part.id + (channel < 10 ? "0" : "") + std::to_string(channel) + ".MXF",
-                                      files);
-            part.clip.mediaPath = files.empty() ? ToWide(entry.path) : files.front();
+            AppendChannels(audio, part.id, ".MXF", files);
+            // A clip whose essence is missing still shows, by its XML.
+            const Fnd::WString media = files.empty() ? ToWide(entry.path) : files.front();
             icon.AppendIfPresent(part.id + ".BMP", files);
-            for (int channel = 0; channel < 16; ++channel)
-                voice.AppendIfPresent(part.id + (channel < 10 ? "0" : "") + std::to_string(channel) + ".WAV",
-                                      files);
+            AppendChannels(voice, part.id, ".WAV", files);
             proxy.AppendIfPresent(part.id + ".MP4", files);
             proxy.AppendIfPresent(part.id + ".BIN", files);
             files.push_back(ToWide(entry.path));
             clipIndex.AppendIfPresent(part.id + ".XMP", files);
+            part.clip =
+                MakeClip(part.xml.userClipName.empty() ? part.id : part.xml.userClipName, std::move(files));
+            part.clip.mediaPath = media;
             parts.push_back(std::move(part));
         }
         return JoinSpans(std::move(parts));

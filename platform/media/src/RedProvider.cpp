@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "CardFamilies.h"
-#include "CardFolder.h"
+#include "CardFamilyProvider.h"
 
 namespace Browse {
 namespace {
@@ -18,10 +18,9 @@ long PartNumber(const std::string& name) {
     return std::stol(stem.substr(underscore + 1));
 }
 
-class RedProvider : public CardProvider {
+class RedProvider : public CardFamilyProvider {
 public:
-    std::string GetIdentification() const override { return std::string(kIdentificationPrefix) + "RED"; }
-    std::vector<Fnd::WString> MediaExtensions() const override { return {u"r3d"}; }
+    RedProvider() : CardFamilyProvider("RED", {u"r3d"}) {}
 
     Fnd::WString CardRootForFile(const Fnd::WString& filePath) const override {
         const fs::path clipFolder = ToPath(filePath).parent_path();
@@ -56,19 +55,13 @@ private:
         // Numeric order: _010 follows _009 even where names were written without padding.
         std::stable_sort(parts.begin(), parts.end(),
                          [](const auto& a, const auto& b) { return a.first < b.first; });
-        CardClip clip;
-        clip.family = GetIdentification();
-        clip.name = Fnd::FromUTF8(Stem(clipFolder.name));
+        std::vector<Fnd::WString> files;
         for (const auto& part : parts)
-            clip.files.push_back(ToWide(part.second->path));
-        clip.mediaPath = clip.files.front();
-        for (const Entry& entry : entries) {
-            const std::string extension = Extension(entry.name);
-            if (!entry.folder && (EqualsNoCase(extension, "RMD") || EqualsNoCase(extension, "RTN") ||
-                                  EqualsNoCase(extension, "MOV")))
-                clip.files.push_back(ToWide(entry.path));
-        }
-        clips.push_back(std::move(clip));
+            files.push_back(ToWide(part.second->path));
+        for (const Entry& entry : entries)
+            if (IsFileOfType(entry, {"RMD", "RTN", "MOV"}))
+                files.push_back(ToWide(entry.path));
+        clips.push_back(MakeClip(Stem(clipFolder.name), std::move(files)));
     }
 };
 

@@ -1,7 +1,7 @@
 #include <map>
 
 #include "CardFamilies.h"
-#include "CardFolder.h"
+#include "CardFamilyProvider.h"
 
 namespace Browse {
 namespace {
@@ -17,25 +17,12 @@ std::string TakeOfFolder(const std::string& folder) {
     return folder.substr(0, underscore);
 }
 
-// Media first, then the rest of the folder in name order.
-void AppendFolder(const fs::path& folder, std::vector<Fnd::WString>& files) {
-    const std::vector<Entry> entries = List(folder);
-    for (const Entry& entry : entries)
-        if (!entry.folder && EqualsNoCase(Extension(entry.name), "MP4"))
-            files.push_back(ToWide(entry.path));
-    for (const Entry& entry : entries)
-        if (!entry.folder && !EqualsNoCase(Extension(entry.name), "MP4"))
-            files.push_back(ToWide(entry.path));
-}
-
-class XdcamExProvider : public CardProvider {
+class XdcamExProvider : public CardFamilyProvider {
 public:
-    std::string GetIdentification() const override { return std::string(kIdentificationPrefix) + "XDCAMEX"; }
-    std::vector<Fnd::WString> MediaExtensions() const override { return {u"mp4"}; }
+    XdcamExProvider() : CardFamilyProvider("XDCAMEX", {u"mp4"}) {}
 
     Fnd::WString CardRootForFile(const Fnd::WString& filePath) const override {
-        std::optional<fs::path> bpav = AncestorNamed(ToPath(filePath), "BPAV", 3);
-        return bpav ? ToWide(bpav->parent_path()) : Fnd::WString();
+        return RootAbove(filePath, "BPAV", 3);
     }
 
     std::vector<CardClip> FindClips(const Fnd::WString& cardRoot) const override {
@@ -55,23 +42,22 @@ public:
                 order.push_back(Upper(take));
             folders.push_back(entry);
         }
-        const std::optional<fs::path> takr = ChildFolder(*bpav, "TAKR");
+        const NameIndex takr(ChildFolder(*bpav, "TAKR"));
         std::vector<CardClip> clips;
         for (const std::string& key : order) {
             const std::vector<Entry>& folders = takes[key];
-            CardClip clip;
-            clip.family = GetIdentification();
-            clip.name = Fnd::FromUTF8(TakeOfFolder(folders.front().name));
+            std::vector<Fnd::WString> files;
             for (const Entry& folder : folders)
-                AppendFolder(folder.path, clip.files);
-            if (clip.files.empty())
+                AppendMediaFirst(folder.path, "MP4", files);
+            // A part folder without its MP4 still travels, and stands for the take if it is all
+            // there is.
+            if (files.empty())
                 continue;
-            clip.mediaPath = clip.files.front();
-            if (std::optional<fs::path> takeFolder = takr ? ChildFolder(*takr, key) : std::nullopt)
+            if (std::optional<fs::path> takeFolder = takr.FindFolder(key))
                 for (const Entry& entry : List(*takeFolder))
                     if (!entry.folder && StartsWithNoCase(entry.name, key))
-                        clip.files.push_back(ToWide(entry.path));
-            clips.push_back(std::move(clip));
+                        files.push_back(ToWide(entry.path));
+            clips.push_back(MakeClip(TakeOfFolder(folders.front().name), std::move(files)));
         }
         return clips;
     }

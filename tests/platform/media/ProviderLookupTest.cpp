@@ -90,12 +90,6 @@ TEST_F(ProviderLookupTest, OnlyCardClipFilesAreFolderBased) {
     EXPECT_FALSE(QL::Utilities::IsFolderBasedClip(tree_.Path("CARD/CONTENTS/VIDEO/notes.txt")));
 }
 
-} // namespace
-} // namespace igd::test
-
-namespace igd::test {
-namespace {
-
 TEST(CardScanScopeTest, ACardIsReadOncePerScopeAndAgainOutsideIt) {
     TempTree tree;
     MakeFiles(tree, {"CARD/DCIM/100MEDIA/DJI_0001.MP4", "CARD/DCIM/100MEDIA/DJI_0002.MP4"});
@@ -108,12 +102,6 @@ TEST(CardScanScopeTest, ACardIsReadOncePerScopeAndAgainOutsideIt) {
     }
     EXPECT_EQ(Browse::ProviderRegistry::FindCardClips(tree.Path("CARD")).size(), 3u);
 }
-
-} // namespace
-} // namespace igd::test
-
-namespace igd::test {
-namespace {
 
 TEST(CardProviderExtensionsTest, EveryFamilyFeedsTheImportableVideoTypes) {
     const auto video =
