@@ -92,90 +92,88 @@ TEST(OpenDialogOk, NothingChosenShowsABoxAndKeepsTheDialogOpen) {
     dialog->Unadvise(cookie);
 }
 
-TEST(OpenDialogOk, GetFilesToOpenIsEmptyBeforeOk) {
-    auto dialog = std::make_shared<ScriptedFileDialog>();
-    IGD::WinCommonOpenDialogWrapper wrapper;
-    EXPECT_TRUE(wrapper.GetFilesToOpen().empty());
-    wrapper.SetFileOpenDialog(dialog);
-    EXPECT_TRUE(wrapper.GetFilesToOpen().empty());
-}
+// What the person sees when OK is pressed in a save dialog.
+enum class Box { None, Replace, InvalidPath, NotWriteable };
 
 struct SaveCase {
     const char* label;
     std::optional<std::string> chosen; // relative to the tree; nothing: an item without a path
     Fnd::WString defaultExtension;
-    bool dialogPrompts = false;   // the dialog's own overwrite prompt is on
-    std::optional<int> boxAnswer; // the replacement question is asked and answered so
-    HRESULT expected = S_OK;
-    std::string saved; // relative to the tree; empty: nothing saved
+    bool dialogPrompts; // the dialog's own overwrite prompt is on
+    Box box;
+    int answer;        // to the replacement question
+    std::string saved; // relative to the tree; empty: refused and the dialog stays open
 };
 
-class SaveDialogOk : public ::testing::Test {
-protected:
-    void SetUp() override {
-        tree.MakeFile("take.mov", "old take");
-        tree.MakeFolder("folder.mov");
-    }
+TEST(SaveDialogOk, CompletesTheNameAsksBeforeReplacingAndRefusesWhatCannotBeSaved) {
     TempTree tree;
-};
-
-TEST_F(SaveDialogOk, CompletesTheNameAndAsksBeforeReplacing) {
+    tree.MakeFile("take.mov", "old take");
+    tree.MakeFolder("folder.mov");
+    tree.MakeFolder("locked");
+    ASSERT_EQ(::chmod(tree.NativePath("locked").c_str(), 0555), 0);
     const std::vector<SaveCase> cases = {
-        {"default extension added", "clip", u"mov", false, {}, S_OK, "clip.mov"},
-        {"dotted default extension", "clip", u".mov", false, {}, S_OK, "clip.mov"},
-        {"same extension in upper case", "clip.MOV", u"mov", false, {}, S_OK, "clip.MOV"},
-        {"another extension gets the default too", "clip.wav", u"mov", false, {}, S_OK, "clip.wav.mov"},
-        {"no default extension", "clip", u"", false, {}, S_OK, "clip"},
-        {"existing file, Yes", "take.mov", u"mov", false, kYes, S_OK, "take.mov"},
-        {"existing file, No", "take.mov", u"mov", false, kNo, S_FALSE, ""},
-        {"existing file found by the default extension", "take", u"mov", false, kNo, S_FALSE, ""},
-        {"existing file, the dialog asked already", "take.mov", u"", true, {}, S_OK, "take.mov"},
-        {"a folder is not a file to replace", "folder.mov", u"", false, {}, S_OK, "folder.mov"},
+        {"default extension added", "clip", u"mov", false, Box::None, 0, "clip.mov"},
+        {"dotted default extension", "clip", u".mov", false, Box::None, 0, "clip.mov"},
+        {"same extension in upper case", "clip.MOV", u"mov", false, Box::None, 0, "clip.MOV"},
+        {"another extension gets the default too", "clip.wav", u"mov", false, Box::None, 0, "clip.wav.mov"},
+        {"no default extension", "clip", u"", false, Box::None, 0, "clip"},
+        {"existing file, Yes", "take.mov", u"mov", false, Box::Replace, kYes, "take.mov"},
+        {"existing file, No", "take.mov", u"mov", false, Box::Replace, kNo, ""},
+        {"existing file found by the default extension", "take", u"mov", false, Box::Replace, kNo, ""},
+        {"existing file, the dialog asked already", "take.mov", u"", true, Box::None, 0, "take.mov"},
+        {"a folder is not a file to replace", "folder.mov", u"", false, Box::None, 0, "folder.mov"},
+        {"item without a path", std::nullopt, u"", false, Box::InvalidPath, 0, ""},
+        {"item without a path gets no extension", std::nullopt, u"mov", false, Box::InvalidPath, 0, ""},
+        {"folder that is gone", "gone/clip.mov", u"", false, Box::NotWriteable, 0, ""},
+        {"folder without write access", "locked/clip.mov", u"", false, Box::NotWriteable, 0, ""},
     };
     for (const SaveCase& c : cases) {
         SCOPED_TRACE(c.label);
+        if (c.chosen == "locked/clip.mov" && ::geteuid() == 0)
+            continue; // root may write to any folder
         auto dialog = std::make_shared<ScriptedFileDialog>();
-        dialog->SetOptionsDirectly(c.dialogPrompts ? kFileDialogOverwritePrompt : 0);
-        dialog->SetChosenItems({MakeFileSystemShellItem(tree.Path(*c.chosen))});
+        dialog->SetOptions(c.dialogPrompts ? kFileDialogOverwritePrompt : 0);
+        dialog->SetChosenItems(
+            {c.chosen ? MakeFileSystemShellItem(tree.Path(*c.chosen)) : MakeItemWithoutPath()});
         IGD::WinCommonSaveDialogWrapper wrapper;
         wrapper.SetFileSaveDialog(dialog);
         wrapper.SetDefaultExtension(c.defaultExtension);
 
         ScopedInteractionDriver ui;
-        if (c.boxAnswer)
-            ui->QueueBoxAnswer(*c.boxAnswer);
-        EXPECT_EQ(wrapper.OnFileOk(*dialog), c.expected);
+        if (c.box != Box::None)
+            ui->QueueBoxAnswer(c.answer);
+        EXPECT_EQ(wrapper.OnFileOk(*dialog), c.saved.empty() ? S_FALSE : S_OK);
         EXPECT_EQ(wrapper.GetSavedFilePath(), c.saved.empty() ? Fnd::WString() : tree.Path(c.saved));
-        ASSERT_EQ(ui->Boxes().size(), c.boxAnswer ? 1u : 0u);
-        if (c.boxAnswer) {
-            const Fnd::MessageBoxRequest& box = ui->Boxes()[0];
+        ASSERT_EQ(ui->Boxes().size(), c.box == Box::None ? 0u : 1u);
+        if (c.box == Box::None)
+            continue;
+        const Fnd::MessageBoxRequest& box = ui->Boxes()[0];
+        switch (c.box) {
+        case Box::Replace:
             EXPECT_EQ(box.title, u"Confirm File Replacement");
             EXPECT_EQ(box.text, u"The file \"" + tree.Path("take.mov") +
                                     u"\" already exists. Are you sure you want to replace it?");
             EXPECT_EQ(box.buttons, (std::vector<Fnd::WString>{u"Yes", u"No"}));
             EXPECT_EQ(box.defaultButton, kNo);
+            break;
+        case Box::InvalidPath:
+            EXPECT_EQ(box.title, u"Invalid File Path");
+            EXPECT_EQ(box.text, u"Invalid File Path");
+            break;
+        case Box::NotWriteable:
+            EXPECT_EQ(box.title, u"Veltrix Quillon");
+            EXPECT_EQ(box.text, u"You do not have write access to this directory. Please choose a new "
+                                u"location to save the file.");
+            EXPECT_EQ(box.buttons.size(), 1u);
+            break;
+        case Box::None:
+            break;
         }
     }
+    ::chmod(tree.NativePath("locked").c_str(), 0755);
 }
 
-TEST_F(SaveDialogOk, AnItemWithoutAPathShowsTheInvalidPathBox) {
-    for (const Fnd::WString& extension : {Fnd::WString(), Fnd::WString(u"mov")}) {
-        auto dialog = std::make_shared<ScriptedFileDialog>();
-        dialog->SetChosenItems({MakeItemWithoutPath()});
-        IGD::WinCommonSaveDialogWrapper wrapper;
-        wrapper.SetFileSaveDialog(dialog);
-        wrapper.SetDefaultExtension(extension);
-        ScopedInteractionDriver ui;
-        ui->QueueBoxAnswer(0);
-        EXPECT_EQ(wrapper.OnFileOk(*dialog), S_FALSE);
-        ASSERT_EQ(ui->Boxes().size(), 1u);
-        EXPECT_EQ(ui->Boxes()[0].title, u"Invalid File Path");
-        EXPECT_EQ(ui->Boxes()[0].text, u"Invalid File Path");
-        EXPECT_TRUE(wrapper.GetSavedFilePath().empty());
-    }
-}
-
-TEST_F(SaveDialogOk, NoResultIsLeftToTheDialog) {
+TEST(SaveDialogOk, NoResultIsLeftToTheDialog) {
     auto dialog = std::make_shared<ScriptedFileDialog>();
     IGD::WinCommonSaveDialogWrapper wrapper;
     wrapper.SetFileSaveDialog(dialog);
@@ -185,38 +183,9 @@ TEST_F(SaveDialogOk, NoResultIsLeftToTheDialog) {
     EXPECT_TRUE(wrapper.GetSavedFilePath().empty());
 }
 
-void ExpectNotWriteableBox(const Fnd::WString& path) {
-    auto dialog = std::make_shared<ScriptedFileDialog>();
-    dialog->SetChosenItems({MakeFileSystemShellItem(path)});
-    IGD::WinCommonSaveDialogWrapper wrapper;
-    wrapper.SetFileSaveDialog(dialog);
-    ScopedInteractionDriver ui;
-    ui->QueueBoxAnswer(0);
-    EXPECT_EQ(wrapper.OnFileOk(*dialog), S_FALSE);
-    ASSERT_EQ(ui->Boxes().size(), 1u);
-    EXPECT_EQ(ui->Boxes()[0].title, u"Veltrix Quillon");
-    EXPECT_EQ(ui->Boxes()[0].text, u"You do not have write access to this directory. Please choose a new "
-                                   u"location to save the file.");
-    EXPECT_EQ(ui->Boxes()[0].buttons.size(), 1u);
-    EXPECT_TRUE(wrapper.GetSavedFilePath().empty());
-}
-
-TEST_F(SaveDialogOk, AFolderThatIsGoneCannotBeWritten) {
-    ExpectNotWriteableBox(tree.Path("gone/clip.mov"));
-}
-
-TEST_F(SaveDialogOk, AFolderWithoutWriteAccessShowsABox) {
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "root may write to any folder";
-    const Fnd::WString locked = tree.MakeFolder("locked");
-    ASSERT_EQ(::chmod(tree.NativePath("locked").c_str(), 0555), 0);
-    ExpectNotWriteableBox(locked + u"/clip.mov");
-    ::chmod(tree.NativePath("locked").c_str(), 0755);
-}
-
 TEST(SaveDialogOptions, CustomOverwriteConfirmationTurnsOffOnlyTheDialogsPrompt) {
     auto dialog = std::make_shared<ScriptedFileDialog>();
-    dialog->SetOptionsDirectly(kFileDialogOverwritePrompt | kFileDialogAllowMultiSelect | 0x40);
+    dialog->SetOptions(kFileDialogOverwritePrompt | kFileDialogAllowMultiSelect | 0x40);
     IGD::WinCommonSaveDialogWrapper wrapper;
     wrapper.SetFileSaveDialog(dialog);
     wrapper.UseCustomOverwiteConfirmation();

@@ -11,44 +11,34 @@ namespace {
 
 using igd::test::ScopedInteractionDriver;
 
-TEST(AskFolderChooser, AnswersTheChosenFolderNormalised) {
+TEST(AskFolderChooser, AnswersTheChosenFolderNormalisedAndCancelKeepsThePath) {
     ScopedInteractionDriver ui;
     ui->QueueFolderAnswer(u"/media/card/./CLIPS/../CLIPS/");
+    ui->QueueFolderCancel();
+    ui->QueueFolderCancel();
     Fnd::WString path = u"/media";
     EXPECT_TRUE(IGD::AskFolderChooser(u"Pick", path, u"", u"", 0, 0));
     EXPECT_EQ(path, u"/media/card/CLIPS");
-    ASSERT_EQ(ui->FolderQuestions().size(), 1u);
-    EXPECT_EQ(ui->FolderQuestions()[0].title, u"Pick");
-    EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/media");
-}
-
-TEST(AskFolderChooser, CancelKeepsThePath) {
-    ScopedInteractionDriver ui;
-    ui->QueueFolderCancel();
-    ui->QueueFolderCancel();
-    Fnd::WString path = u"/media/card";
     EXPECT_FALSE(IGD::AskFolderChooser(u"Pick", path, u"", u"", 0, 0));
-    EXPECT_EQ(path, u"/media/card");
+    EXPECT_EQ(path, u"/media/card/CLIPS");
     Fnd::WString empty;
     EXPECT_FALSE(IGD::AskFolderChooser(u"Pick", empty, u"", u"", 0, 0));
     EXPECT_TRUE(empty.empty());
-    ASSERT_EQ(ui->FolderQuestions().size(), 2u);
-    EXPECT_TRUE(ui->FolderQuestions()[1].defaultDirectory.empty());
+    ASSERT_EQ(ui->FolderQuestions().size(), 3u);
+    EXPECT_EQ(ui->FolderQuestions()[0].title, u"Pick");
+    EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/media");
+    EXPECT_TRUE(ui->FolderQuestions()[2].defaultDirectory.empty());
 }
 
-TEST(BrowseForDestination, AsksWithItsCaptionAndAnswersTheChoice) {
+TEST(BrowseForDestination, AsksWithItsCaptionAndCancelAnswersTheInitialPath) {
     ScopedInteractionDriver ui;
     ui->QueueFolderAnswer(u"/Volumes/RAID//Day 1/");
+    ui->QueueFolderCancel();
+    ui->QueueFolderCancel();
     EXPECT_EQ(IGD::BrowseForDestination(u"/Volumes/RAID", 0), u"/Volumes/RAID/Day 1");
     ASSERT_EQ(ui->FolderQuestions().size(), 1u);
     EXPECT_EQ(ui->FolderQuestions()[0].title, u"Choose Destination Folder");
     EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/Volumes/RAID");
-}
-
-TEST(BrowseForDestination, CancelAnswersTheInitialPath) {
-    ScopedInteractionDriver ui;
-    ui->QueueFolderCancel();
-    ui->QueueFolderCancel();
     EXPECT_EQ(IGD::BrowseForDestination(u"/Volumes/RAID/Day 1", 0), u"/Volumes/RAID/Day 1");
     EXPECT_EQ(IGD::BrowseForDestination(u"", 0), u"");
 }

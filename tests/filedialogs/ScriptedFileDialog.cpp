@@ -12,6 +12,18 @@ public:
     HRESULT GetDisplayName(SIGDN, Fnd::WString&) const override { return kFileDialogFailed; }
 };
 
+// Hands out the one scripted dialog; null makes creation fail.
+class ScriptedFileDialogFactory : public IFileDialogFactory {
+public:
+    explicit ScriptedFileDialogFactory(std::shared_ptr<ScriptedFileDialog> dialog)
+        : dialog_(std::move(dialog)) {}
+    std::shared_ptr<IFileOpenDialog> CreateOpenDialog() override { return dialog_; }
+    std::shared_ptr<IFileSaveDialog> CreateSaveDialog() override { return dialog_; }
+
+private:
+    std::shared_ptr<ScriptedFileDialog> dialog_;
+};
+
 } // namespace
 
 ShellItemRef MakeItemWithoutPath() {
@@ -26,7 +38,6 @@ void ScriptedFileDialog::QueueChoose(std::vector<Fnd::WString> paths) {
 }
 
 HRESULT ScriptedFileDialog::Show(std::uintptr_t parent) {
-    ++showCalls_;
     shownParent_ = parent;
     chosen_.reset();
     if (whileShown_)
@@ -67,11 +78,6 @@ HRESULT ScriptedFileDialog::SetFileTypes(unsigned count, const FileDialogFilterR
     return S_OK;
 }
 
-HRESULT ScriptedFileDialog::GetFileTypeIndex(unsigned& index) {
-    index = typeIndex_;
-    return S_OK;
-}
-
 HRESULT ScriptedFileDialog::SetFileTypeIndex(unsigned index) {
     if (index < 1 || index > rows_.size()) {
         ADD_FAILURE() << "row " << index << " of " << rows_.size() << " selected";
@@ -96,37 +102,12 @@ HRESULT ScriptedFileDialog::Unadvise(unsigned cookie) {
     return S_OK;
 }
 
-HRESULT ScriptedFileDialog::GetOptions(FileDialogOptions& options) {
-    options = options_;
-    return S_OK;
-}
-
-HRESULT ScriptedFileDialog::SetOptions(FileDialogOptions options) {
-    options_ = options;
-    return S_OK;
-}
-
 HRESULT ScriptedFileDialog::SetFolder(const ShellItemRef& folder) {
     Fnd::WString path;
     if (!folder || folder->GetDisplayName(SIGDN_FILESYSPATH, path) != S_OK)
         return kFileDialogFailed;
     folder_ = folder;
     foldersSet_.push_back(path);
-    return S_OK;
-}
-
-HRESULT ScriptedFileDialog::GetFolder(ShellItemRef& folder) {
-    folder = folder_;
-    return folder ? S_OK : kFileDialogFailed;
-}
-
-HRESULT ScriptedFileDialog::SetFileName(const Fnd::WString& name) {
-    fileName_ = name;
-    return S_OK;
-}
-
-HRESULT ScriptedFileDialog::SetTitle(const Fnd::WString& title) {
-    title_ = title;
     return S_OK;
 }
 
@@ -144,19 +125,8 @@ HRESULT ScriptedFileDialog::GetResults(IShellItemArray& items) {
     return S_OK;
 }
 
-std::shared_ptr<IFileOpenDialog> ScriptedFileDialogFactory::CreateOpenDialog() {
-    ++creations_;
-    return dialog_;
-}
-
-std::shared_ptr<IFileSaveDialog> ScriptedFileDialogFactory::CreateSaveDialog() {
-    ++creations_;
-    return dialog_;
-}
-
 ScopedFileDialogFactory::ScopedFileDialogFactory(std::shared_ptr<ScriptedFileDialog> dialog)
-    : dialog_(dialog), factory_(std::make_shared<ScriptedFileDialogFactory>(std::move(dialog))),
-      previous_(SetFileDialogFactory(factory_)) {}
+    : dialog_(dialog), previous_(SetFileDialogFactory(std::make_shared<ScriptedFileDialogFactory>(dialog))) {}
 
 ScopedFileDialogFactory::~ScopedFileDialogFactory() {
     SetFileDialogFactory(previous_);

@@ -39,16 +39,31 @@ public:
 
     HRESULT Show(std::uintptr_t parent) override;
     HRESULT SetFileTypes(unsigned count, const FileDialogFilterRow* rows) override;
-    HRESULT GetFileTypeIndex(unsigned& index) override;
+    HRESULT GetFileTypeIndex(unsigned& index) override {
+        index = typeIndex_;
+        return S_OK;
+    }
     HRESULT SetFileTypeIndex(unsigned index) override;
     HRESULT Advise(IFileDialogEvents* events, unsigned& cookie) override;
     HRESULT Unadvise(unsigned cookie) override;
-    HRESULT GetOptions(FileDialogOptions& options) override;
-    HRESULT SetOptions(FileDialogOptions options) override;
+    HRESULT GetOptions(FileDialogOptions& options) override {
+        options = options_;
+        return S_OK;
+    }
+    HRESULT SetOptions(FileDialogOptions options) override {
+        options_ = options;
+        return S_OK;
+    }
     HRESULT SetFolder(const ShellItemRef& folder) override;
-    HRESULT GetFolder(ShellItemRef& folder) override;
-    HRESULT SetFileName(const Fnd::WString& name) override;
-    HRESULT SetTitle(const Fnd::WString& title) override;
+    HRESULT GetFolder(ShellItemRef& folder) override {
+        folder = folder_;
+        return folder ? S_OK : kFileDialogFailed;
+    }
+    HRESULT SetFileName(const Fnd::WString&) override { return S_OK; }
+    HRESULT SetTitle(const Fnd::WString& title) override {
+        title_ = title;
+        return S_OK;
+    }
     HRESULT GetResult(ShellItemRef& item) override;
     HRESULT GetResults(IShellItemArray& items) override;
 
@@ -60,8 +75,6 @@ public:
     // Every folder the library set, as paths.
     const std::vector<Fnd::WString>& FoldersSet() const { return foldersSet_; }
     const Fnd::WString& Title() const { return title_; }
-    const Fnd::WString& FileName() const { return fileName_; }
-    int ShowCalls() const { return showCalls_; }
     std::uintptr_t ShownParent() const { return shownParent_; }
     // The answer of each OnFileOk call, in order.
     const std::vector<HRESULT>& FileOkAnswers() const { return fileOkAnswers_; }
@@ -70,7 +83,6 @@ public:
 
     // Sets the results directly, for tests that call a wrapper's OnFileOk themselves.
     void SetChosenItems(IShellItemArray items) { chosen_ = std::move(items); }
-    void SetOptionsDirectly(FileDialogOptions options) { options_ = options; }
     void SetTypeIndexDirectly(unsigned index) { typeIndex_ = index; }
 
 private:
@@ -90,30 +102,14 @@ private:
     std::vector<Fnd::WString> foldersSet_;
     ShellItemRef folder_;
     Fnd::WString title_;
-    Fnd::WString fileName_;
-    int showCalls_ = 0;
     std::uintptr_t shownParent_ = 0;
     std::vector<HRESULT> fileOkAnswers_;
     std::optional<IShellItemArray> chosen_;
 };
 
-// Makes every dialog the scripted one given; counts creations. Null makes creation fail.
-class ScriptedFileDialogFactory : public IFileDialogFactory {
-public:
-    explicit ScriptedFileDialogFactory(std::shared_ptr<ScriptedFileDialog> dialog)
-        : dialog_(std::move(dialog)) {}
-    std::shared_ptr<IFileOpenDialog> CreateOpenDialog() override;
-    std::shared_ptr<IFileSaveDialog> CreateSaveDialog() override;
-    int Creations() const { return creations_; }
-
-private:
-    std::shared_ptr<ScriptedFileDialog> dialog_;
-    int creations_ = 0;
-};
-
-// Installs a ScriptedFileDialogFactory for its lifetime and the previous factory afterwards. Fails
-// the test when the dialog still has answers queued at the end: the library did not show it as
-// often as the test expected.
+// Makes every dialog the library creates the given one, for its lifetime, and the previous factory
+// afterwards. Fails the test when the dialog still has answers queued at the end: the library did not show it
+// as often as the test expected.
 class ScopedFileDialogFactory {
 public:
     explicit ScopedFileDialogFactory(std::shared_ptr<ScriptedFileDialog> dialog);
@@ -121,11 +117,8 @@ public:
     ScopedFileDialogFactory(const ScopedFileDialogFactory&) = delete;
     ScopedFileDialogFactory& operator=(const ScopedFileDialogFactory&) = delete;
 
-    ScriptedFileDialogFactory& Factory() const { return *factory_; }
-
 private:
     std::shared_ptr<ScriptedFileDialog> dialog_;
-    std::shared_ptr<ScriptedFileDialogFactory> factory_;
     std::shared_ptr<IFileDialogFactory> previous_;
 };
 

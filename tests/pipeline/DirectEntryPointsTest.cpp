@@ -2,6 +2,7 @@
 // control of the running batch.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "Fnd/Listener.h"
@@ -232,6 +233,44 @@ TEST_F(DirectTest, DoIngestOneMediaTakesADirectFileAsASingleFileClipAndCalledAga
     EXPECT_EQ(tasks->Tasks()[1].batch, second);
     EXPECT_EQ(Moves(UnitAt(CopyAt(1))), moves);
     EXPECT_EQ(messages.Started(), (std::vector<Guid>{first, second}));
+}
+
+// Without its own batch a request is checked first: a refusal ends it with one box, no task and
+// no start of the batch.
+TEST_F(DirectTest, ARefusedCheckEndsARequestWithoutItsOwnBatch) {
+    QL::IngestMediaGroup group = CopyGroup();
+    group.destinationPath = tree.Path("in");
+    ui->QueueBoxAnswer(0);
+
+    IGD::DoIngestMedia(group, /*useGivenBatch=*/false, true, false, given_);
+
+    ASSERT_EQ(ui->Boxes().size(), 1u);
+    EXPECT_EQ(Fnd::ToUTF8(ui->Boxes()[0].title + u": " + ui->Boxes()[0].text),
+              "Transfer Error: The destination folder path " + tree.NativePath("in") +
+                  " is the same as the source folder. Cannot transfer to the source folder.");
+    EXPECT_TRUE(tasks->Tasks().empty());
+    EXPECT_TRUE(messages.Drain().empty());
+}
+
+// A host names one file of a card clip; the whole clip, with the card's folder, is copied.
+TEST_F(DirectTest, AProviderPathCopiesEveryFileOfTheClip) {
+    tree.MakeFile("in/CARD/DCIM/100GOPRO/GH010042.MP4");
+    tree.MakeFile("in/CARD/DCIM/100GOPRO/GH020042.MP4");
+    tree.MakeFile("in/CARD/DCIM/100GOPRO/GH010043.MP4");
+    QL::IngestMediaGroup group = CopyGroup();
+    group.paths = {tree.Path("in/CARD/DCIM/100GOPRO/GH010042.MP4")};
+
+    IGD::DoIngestMedia(group, true, true, /*viaProvider=*/true, given_);
+
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
+    const Strings moves = Moves(UnitAt(CopyAt(0)));
+    const auto copied = [&moves](const std::string& name) {
+        const std::string move = "in/CARD/DCIM/100GOPRO/" + name + " > out/CARD/DCIM/100GOPRO/" + name;
+        return std::find(moves.begin(), moves.end(), move) != moves.end();
+    };
+    EXPECT_TRUE(copied("GH010042.MP4"));
+    EXPECT_TRUE(copied("GH020042.MP4"));
+    EXPECT_FALSE(copied("GH010043.MP4"));
 }
 
 TEST_F(DirectTest, PauseResumeAndStopPostTheirMessagesInOrder) {

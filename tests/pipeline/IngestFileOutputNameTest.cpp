@@ -70,18 +70,15 @@ TEST_F(IngestFileOutputNameTest, OtherProvidersKeepTheirNamesUnlessForced) {
               "CONTENTS/CLIP/001_Day1.MXF");
 }
 
-TEST_F(IngestFileOutputNameTest, NothingToTakeAnswersTheFileName) {
+TEST_F(IngestFileOutputNameTest, WithoutATemplateOrAnythingToTakeTheFileNameStays) {
+    const Fnd::WString file = tree.MakeFile("shoot/A.MOV", "x");
+    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(file, NewSession(), date, true)), "A.MOV");
+
     auto session = NewSession();
     session->SetRenamePreset(CounterTemplate());
     EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(tree.Path("gone/Z9.MOV"), session, date, true)),
               "Z9.MOV");
     EXPECT_TRUE(session->GetSelectedItems().empty());
-}
-
-TEST_F(IngestFileOutputNameTest, WithoutTemplateTheNameStays) {
-    const Fnd::WString file = tree.MakeFile("shoot/A.MOV", "x");
-    auto session = NewSession();
-    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(file, session, date, true)), "A.MOV");
 }
 
 } // namespace

@@ -148,8 +148,9 @@ TEST_F(IngestRequestTest, CompletionStoresTheTemplateValuesBesideThePanelsAnswer
         const QL::IngestCustomData stored = session->GetCustomData();
         EXPECT_EQ(stored.minimumMetadata.keywords, answer.keywords);
         ASSERT_EQ(stored.metadataSets.size(), metadataOn ? 1u : 0u);
-        if (metadataOn)
+        if (metadataOn) {
             EXPECT_EQ(stored.metadataSets.front()->values.at(u"scene"), u"12");
+        }
         EXPECT_NE(session->GetCopyDecisions(), nullptr);
     }
 }

@@ -85,34 +85,36 @@ TEST(FormatCounterValue, PadsWithTheMasksLeadingCharactersAndNeverCuts) {
     EXPECT_EQ(IGD::FormatCounterValue(4294967295u, 1, u"0"), u"4294967296") << "the sum must not wrap";
 }
 
-TEST_F(OutputNamesTest, AutoIncrementCountsItemsInOrder) {
-    auto session = NamedSession({Field(QL::kQLFieldAutoIncrement, u"000"),
-                                 Field(QL::kQLFieldCustomText, u"_"), Field(QL::kQLFieldFileName)},
-                                {"A001.MOV", "A002.MOV", "B.clip.MXF"});
-    EXPECT_EQ(OutputNames(*session), (Strings{"001_A001", "002_A002", "003_B.clip"}));
-}
-
-TEST_F(OutputNamesTest, BothCounterKindsStepOnceForEachItem) {
-    SetStartNumber(100);
-    auto session = NamedSession({Field(QL::kQLFieldAutoIncrement, u"00"), Field(QL::kQLFieldCustomText, u"-"),
-                                 Field(QL::kQLFieldUserDefinedAutoIncrement, u"0000"),
-                                 Field(QL::kQLFieldAutoIncrement, u"0")},
-                                {"a.mov", "b.mov", "c.mov"});
-    EXPECT_EQ(OutputNames(*session), (Strings{"01-01001", "02-01012", "03-01023"}));
-}
-
-TEST_F(OutputNamesTest, StartNumberOffsetsOnlyTheCustomCounter) {
-    SetStartNumber(100);
-    auto session =
-        NamedSession({Field(QL::kQLFieldUserDefinedAutoIncrement, u"0000")}, {"a.mov", "b.mov", "c.mov"});
-    EXPECT_EQ(OutputNames(*session), (Strings{"0100", "0101", "0102"}));
-}
-
-TEST_F(OutputNamesTest, TemplateWithoutCounterGivesEqualNames) {
-    auto session =
-        NamedSession({Field(QL::kQLFieldCustomText, u"Day1"), Field(QL::kQLFieldMetadata, u"ignored")},
-                     {"a.mov", "b.mov"});
-    EXPECT_EQ(OutputNames(*session), (Strings{"Day1", "Day1"}));
+// The automatic counter starts at one; the custom one at the start number. Each steps once for
+// every item, however often the template names it.
+TEST_F(OutputNamesTest, CountersStepOnceForEachItemInOrder) {
+    using QL::kQLFieldAutoIncrement, QL::kQLFieldCustomText, QL::kQLFieldUserDefinedAutoIncrement;
+    const struct {
+        const char* what;
+        std::uint32_t start;
+        QL::PresetFieldList fields;
+        Strings names;
+    } cases[] = {
+        {"automatic counter",
+         100,
+         {Field(kQLFieldAutoIncrement, u"000"), Field(kQLFieldCustomText, u"_"), Field(QL::kQLFieldFileName)},
+         {"001_a", "002_b", "003_c.clip"}},
+        {"custom counter", 100, {Field(kQLFieldUserDefinedAutoIncrement, u"0000")}, {"0100", "0101", "0102"}},
+        {"both kinds, one named twice",
+         100,
+         {Field(kQLFieldAutoIncrement, u"00"), Field(kQLFieldCustomText, u"-"),
+          Field(kQLFieldUserDefinedAutoIncrement, u"0000"), Field(kQLFieldAutoIncrement, u"0")},
+         {"01-01001", "02-01012", "03-01023"}},
+        {"no counter gives equal names",
+         1,
+         {Field(kQLFieldCustomText, u"Day1"), Field(QL::kQLFieldMetadata, u"ignored")},
+         {"Day1", "Day1", "Day1"}},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        SetStartNumber(row.start);
+        EXPECT_EQ(OutputNames(*NamedSession(row.fields, {"a.mov", "b.mov", "c.clip.MXF"})), row.names);
+    }
 }
 
 TEST_F(OutputNamesTest, IngestDatesUseTheGivenTimeAndCreationDatesTheFile) {

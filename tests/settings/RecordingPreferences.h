@@ -1,8 +1,11 @@
 #pragma once
-// A preference store in memory that records every call, so tests can check which keys the
-// settings read and write, in which order, and that nothing is written to a locked key.
+// A preference store in memory that records every call, so tests can check which keys are read
+// and written, in which order, and that nothing is written to a locked key. Header-only: the file
+// dialog suite keeps its last used folder in it as well.
 #include <map>
 #include <set>
+#include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -13,10 +16,22 @@
 namespace IGD::test {
 
 // The full key of a controller key given without its common prefix.
-std::string K(std::string_view shortKey);
+inline std::string K(std::string_view shortKey) {
+    return "IGD.IngestDestinationSettingImpl." + std::string(shortKey);
+}
+
 // Full keys of short ones separated by blanks; "A+B" joins two, as a list's keys are joined to
 // its prefix: Ks("Local.Backup.Count Primary.DestPathMRU+PathsMRUCount").
-std::vector<std::string> Ks(std::string_view shortKeys);
+inline std::vector<std::string> Ks(std::string_view shortKeys) {
+    std::vector<std::string> keys;
+    std::istringstream words{std::string(shortKeys)};
+    for (std::string word; words >> word;) {
+        const auto plus = word.find('+');
+        keys.push_back(plus == std::string::npos ? K(word)
+                                                 : K(word.substr(0, plus)) + K(word.substr(plus + 1)));
+    }
+    return keys;
+}
 
 class RecordingPreferences final : public igd::test::CountedUnknown<Proj::IPreferences>,
                                    public Proj::IPreferenceBatch {
@@ -38,14 +53,42 @@ public:
     std::string failing;
     std::vector<Call> calls;
 
-    std::vector<std::string> KeysOf(Op op) const;
-    std::vector<Op> BatchOps() const;
+    std::vector<std::string> KeysOf(Op op) const {
+        std::vector<std::string> keys;
+        for (const Call& call : calls)
+            if (call.op == op)
+                keys.push_back(call.key);
+        return keys;
+    }
+    std::vector<Op> BatchOps() const {
+        std::vector<Op> ops;
+        for (const Call& call : calls)
+            if (call.op == Op::kBeginBatch || call.op == Op::kCommitBatch || call.op == Op::kDropBatch)
+                ops.push_back(call.op);
+        return ops;
+    }
 
     void Refresh() override { calls.push_back({Op::kRefresh, {}}); }
-    bool GetValue(const Proj::PreferenceKey& key, Proj::SerializeableValueBase& value) override;
+    bool GetValue(const Proj::PreferenceKey& key, Proj::SerializeableValueBase& value) override {
+        calls.push_back({Op::kGet, key.str()});
+        const auto found = values.find(key.str());
+        return found != values.end() && value.SetData(found->second);
+    }
     void SetValue(const Proj::PreferenceKey& key, const Proj::SerializeableValueBase& value,
-                  bool persistent) override;
-    bool IsReadOnly(const Proj::PreferenceKey& key) override;
+                  bool persistent) override {
+        calls.push_back({Op::kSet, key.str()});
+        if (key.str() == failing)
+            throw std::runtime_error("disk full");
+        if (!persistent)
+            throw std::logic_error("preferences are written persistent only");
+        // Like the real store: a locked key keeps its value even when a caller forgets to ask.
+        if (locked.count(key.str()) == 0)
+            values[key.str()] = value.GetData();
+    }
+    bool IsReadOnly(const Proj::PreferenceKey& key) override {
+        calls.push_back({Op::kIsReadOnly, key.str()});
+        return locked.count(key.str()) != 0;
+    }
     Fnd::StationID GetStationID() const override { return Fnd::StationID("test.Preferences"); }
     void BeginBatch() override { calls.push_back({Op::kBeginBatch, {}}); }
     void EndBatch(bool commit) override { calls.push_back({commit ? Op::kCommitBatch : Op::kDropBatch, {}}); }

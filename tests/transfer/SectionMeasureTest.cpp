@@ -56,22 +56,19 @@ TEST_F(SectionMeasure, AnUntitledSectionIsAPlainBlockThatCannotFold) {
     EXPECT_FALSE(titled->GetOpened());
 }
 
-TEST_F(SectionMeasure, ASectionWithNothingInItMeasuresZero) {
-    SectionViewExRef empty = Make<SectionViewEx>(u"", "");
-    wrangler::ui::BuildSectionTree(*empty, resources, nullptr);
-    empty->UpdateSectionLayout();
-    EXPECT_EQ(empty->GetContentSize(), (PointF{0, 0}));
-    EXPECT_EQ(Placed(empty), (RectF{0, 0, 0, 0}));
-    EXPECT_EQ(empty->GetSectionSize(), (PointF{0, 0}));
-    EXPECT_EQ(empty->GetLayoutContentView(), nullptr);
-}
-
-TEST_F(SectionMeasure, ABuiltSectionTakesTheSizeOfItsLayout) {
+TEST_F(SectionMeasure, ABuiltSectionTakesTheSizeOfItsLayoutAndAnEmptyOneMeasuresZero) {
     SectionViewExRef section = Built(u"Verify", "igdTestChild");
     ASSERT_NE(section->GetLayoutContentView(), nullptr);
     EXPECT_EQ(section->GetContentSize(), (PointF{180, 20}));
     EXPECT_EQ(section->GetLayoutContentView()->UI_GetParentNode(), &section->GetContentView());
     EXPECT_EQ(section->GetContentView().UI_GetLocalRectF().height, 20.0f);
+
+    SectionViewExRef empty = Built(u"", "");
+    empty->UpdateSectionLayout();
+    EXPECT_EQ(empty->GetContentSize(), (PointF{0, 0}));
+    EXPECT_EQ(Placed(empty), (RectF{0, 0, 0, 0}));
+    EXPECT_EQ(empty->GetSectionSize(), (PointF{0, 0}));
+    EXPECT_EQ(empty->GetLayoutContentView(), nullptr);
 }
 
 TEST_F(SectionMeasure, ChildrenStackBelowTheContentWithSpacingBetween) {

@@ -1,11 +1,9 @@
 #pragma once
-// Small layouts written on the spot, a sketcher that records, and a section that records the
-// protocol as it runs.
+// Small layouts written on the spot, and a section that records the protocol as it runs.
 #include <string>
 #include <vector>
 
 #include "shell/toolkit/fluxcore/geom/Geometry.h"
-#include "shell/toolkit/fluxui/sketcher/Sketcher.h"
 #include "shell/toolkit/fluxui/utility/ResourceManager.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 #include "transfer/SectionViewEx.h"
@@ -32,24 +30,6 @@ public:
                    const std::vector<LayoutControl>& controls = {}) {
         AddResource("XML", name, LayoutXml(width, height, controls));
     }
-};
-
-class RecordingSketcher : public fluxui::sketcher::Sketcher {
-public:
-    struct Outline {
-        fluxcore::geom::RectF rect;
-        fluxui::sketcher::ColorRGBA color;
-    };
-    void FillRect(const fluxcore::geom::RectF&, const fluxui::sketcher::ColorRGBA&) override {}
-    void DrawLine(fluxcore::geom::PointF, fluxcore::geom::PointF, const fluxui::sketcher::ColorRGBA&,
-                  float) override {}
-    void DrawOutline(const fluxcore::geom::RectF& rect, const fluxui::sketcher::ColorRGBA& color) override {
-        outlines.push_back({rect, color});
-    }
-    // The outlines drawn in the colour given.
-    std::vector<fluxcore::geom::RectF> OutlinesIn(const fluxui::sketcher::ColorRGBA& color) const;
-
-    std::vector<Outline> outlines;
 };
 
 // Writes "<name>.<step>" to a shared journal for each step of the protocol and each layout pass.

@@ -23,6 +23,7 @@
 #include "shell/toolkit/fluxui/controls/UI_TextButton.h"
 #include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
 #include "shell/toolkit/fluxui/utility/ResourceManager.h"
+#include "tests/shell/toolkit/ToolkitTestSupport.h"
 
 namespace {
 
@@ -30,20 +31,7 @@ using namespace fluxui::controls;
 using fluxui::ui::UI_NodeRef;
 using fluxui::ui::UI_SubView;
 using igd::qt::NodePresenter;
-
-// Counts both notifications of a control, and whether the person made the last change.
-struct Notifications {
-    int changed = 0;
-    int interactive = 0;
-    bool lastInteractive = false;
-    void Watch(UI_InteractiveControlView& control) {
-        control.NotifyWhenChanged([this](const UI_ControlMessage& message) {
-            ++changed;
-            lastInteractive = message.IsInteractive();
-        });
-        control.NotifyWhenChangedInteractively([this](const UI_ControlMessage&) { ++interactive; });
-    }
-};
+using igd::test::Notifications;
 
 class ControlSyncTest : public ::testing::Test {
 protected:
@@ -78,8 +66,7 @@ protected:
 TEST_F(ControlSyncTest, CheckboxFollowsTheModelAndAClickGoesThroughPress) {
     auto box = Add(new UI_Checkbox);
     box->SetText(u"Verify");
-    Notifications heard;
-    heard.Watch(*box);
+    Notifications heard(*box);
     Present();
     auto& widget = Widget<QCheckBox>(*box);
     EXPECT_EQ(widget.text(), QStringLiteral("Verify"));
@@ -110,8 +97,7 @@ TEST_F(ControlSyncTest, PopupShowsItemsAndValueAndTheChoiceGoesThroughChooseByUs
     popup->AddItem(u"File size comparison");
     popup->AddItem(u"Bit-by-bit comparison");
     popup->SetValue(0);
-    Notifications heard;
-    heard.Watch(*popup);
+    Notifications heard(*popup);
     Present();
     auto& combo = Widget<QComboBox>(*popup);
     ASSERT_EQ(combo.count(), 3);
@@ -146,8 +132,7 @@ TEST_F(ControlSyncTest, PicturePopupChoosesFromItsMenu) {
     auto popup = Add(new UI_PicturePopup, {10, 10, 24, 22});
     popup->AddItem(u"Date");
     popup->AddItem(u"Clip Name");
-    Notifications heard;
-    heard.Watch(*popup);
+    Notifications heard(*popup);
     Present();
     auto& button = Widget<QToolButton>(*popup);
     ASSERT_NE(button.menu(), nullptr);
@@ -163,8 +148,7 @@ TEST_F(ControlSyncTest, PicturePopupChoosesFromItsMenu) {
 TEST_F(ControlSyncTest, TextEditTypingIsInteractiveAndEscapeCancelsThroughTheToolkit) {
     auto edit = Add(new UI_TextEdit);
     edit->SetValue(u"Day 1", false);
-    Notifications heard;
-    heard.Watch(*edit);
+    Notifications heard(*edit);
     std::vector<EditEnd> ends;
     edit->NotifyWhenEditEnds([&ends](EditEnd how) { ends.push_back(how); });
     Present();
@@ -238,8 +222,7 @@ TEST_F(ControlSyncTest, StaticTextFollowsItsValue) {
 
 TEST_F(ControlSyncTest, TextButtonClickPressesAndShowsDefaultAppearance) {
     auto button = Add(new UI_TextButton(u"Add Destination"));
-    Notifications heard;
-    heard.Watch(*button);
+    Notifications heard(*button);
     Present();
     auto& push = Widget<QPushButton>(*button);
     EXPECT_EQ(push.text(), QStringLiteral("Add Destination"));
@@ -268,8 +251,7 @@ TEST_F(ControlSyncTest, PictureButtonDrawsTheSuppliedPictureElseAGlyph) {
     pictured->SetImageName("DOT_XS_N");
     auto plain = Add(new UI_PictureButton, {40, 10, 22, 22});
     plain->UI_SetNodeID("UI_RemoveButton");
-    Notifications heard;
-    heard.Watch(*plain);
+    Notifications heard(*plain);
     Present(igd::qt::PictureSource(&resources));
 
     auto& withPicture = Widget<QToolButton>(*pictured);

@@ -5,13 +5,6 @@
 namespace Proj {
 namespace {
 
-TEST(SerializeableValue, KindTagsAreTheNumbersStoresHold) {
-    EXPECT_EQ(static_cast<int>(SerializeableValue<bool>::kKind), 12);
-    EXPECT_EQ(static_cast<int>(SerializeableValue<std::uint32_t>::kKind), 6);
-    EXPECT_EQ(static_cast<int>(SerializeableValue<std::int32_t>::kKind), 5);
-    EXPECT_EQ(static_cast<int>(SerializeableValue<std::string>::kKind), 11);
-}
-
 TEST(PreferenceText, ParsesWhatItFormatsAndNothingElse) {
     const struct {
         ValueKind kind;

@@ -2,6 +2,7 @@
 
 #include <regex>
 #include <string>
+#include <utility>
 
 #include "Fnd/NullInterfaceException.h"
 #include "Fnd/PathUtils.h"
@@ -15,17 +16,21 @@ const _QLPresetFieldType kAllTypes[] = {
     kQLFieldIngestDate,    kQLFieldCreationTime, kQLFieldIngestTime,
     kQLFieldFileName,      kQLFieldMetadata,     kQLFieldUserDefinedAutoIncrement};
 
+// Type, key, format, value and required flag in one line, so a copy is compared whole.
+std::string Whole(const IQLPresetField& field) {
+    return std::to_string(field.GetType()) + "|" + Fnd::ToUTF8(field.GetKey()) + "|" +
+           Fnd::ToUTF8(field.GetFormat()) + "|" + Fnd::ToUTF8(field.GetValue()) + "|" +
+           (field.GetRequired() ? "required" : "optional");
+}
+
 TEST(PresetField, NewFieldStartsWithTheFirstChoiceOfItsTypeSoWhatIsShownIsWhatIsSaved) {
     for (auto type : kAllTypes) {
         SCOPED_TRACE(type);
         auto field = CreatePresetField(type);
         const auto choices = GetPredefinedFieldValues(type);
         const Fnd::WString expected = choices.empty() ? Fnd::WString() : choices.front();
-        EXPECT_EQ(field->GetType(), type);
-        EXPECT_EQ(field->GetFormat(), expected);
-        EXPECT_EQ(field->GetValue(), expected);
-        EXPECT_EQ(field->GetKey(), u"");
-        EXPECT_FALSE(field->GetRequired());
+        EXPECT_EQ(Whole(*field), std::to_string(type) + "||" + Fnd::ToUTF8(expected) + "|" +
+                                     Fnd::ToUTF8(expected) + "|optional");
     }
 }
 
@@ -49,24 +54,16 @@ TEST(PresetField, CopyKeepsAllFiveThingsAndIsIndependent) {
     source->SetFormat(u"12A");
     source->SetValue(u"14B"); // a typed value differs from the format
     source->SetRequired(true);
+    const std::string before = Whole(*source);
 
     auto copy = CreatePresetField(source);
     EXPECT_NE(copy.get(), source.get());
-    EXPECT_EQ(copy->GetType(), kQLFieldMetadata);
-    EXPECT_EQ(copy->GetKey(), u"scene");
-    EXPECT_EQ(copy->GetFormat(), u"12A");
-    EXPECT_EQ(copy->GetValue(), u"14B");
-    EXPECT_TRUE(copy->GetRequired());
-
+    EXPECT_EQ(Whole(*copy), before);
     copy->SetKey(u"take");
     copy->SetFormat(u"1");
     copy->SetRequired(false);
     copy->SetType(kQLFieldCustomText);
-    EXPECT_EQ(source->GetKey(), u"scene");
-    EXPECT_EQ(source->GetFormat(), u"12A");
-    EXPECT_EQ(source->GetValue(), u"14B");
-    EXPECT_TRUE(source->GetRequired());
-    EXPECT_EQ(source->GetType(), kQLFieldMetadata);
+    EXPECT_EQ(Whole(*source), before);
 }
 
 TEST(PresetField, CopyOfNullIsAProgrammingFault) {
@@ -82,30 +79,25 @@ TEST(PredefinedFieldValues, CounterMasksGrowStrictlyInWidth) {
     }
 }
 
-TEST(PredefinedFieldValues, CreationAndIngestListsAreEqualPairs) {
+TEST(PredefinedFieldValues, CreationAndIngestListsAreEqualPairsAndTextTypesHaveNone) {
     EXPECT_EQ(GetPredefinedFieldValues(kQLFieldCreationDate), GetPredefinedFieldValues(kQLFieldIngestDate));
     EXPECT_EQ(GetPredefinedFieldValues(kQLFieldCreationTime), GetPredefinedFieldValues(kQLFieldIngestTime));
     EXPECT_FALSE(GetPredefinedFieldValues(kQLFieldCreationDate).empty());
     EXPECT_FALSE(GetPredefinedFieldValues(kQLFieldCreationTime).empty());
+    for (auto type : {kQLFieldCustomText, kQLFieldFileName, kQLFieldMetadata})
+        EXPECT_TRUE(GetPredefinedFieldValues(type).empty()) << type;
 }
 
 // Patterns are rendered into file names, so their separators must be legal there too.
 TEST(PredefinedFieldValues, DatesAndTimesAreMadeOnlyOfTheirTokensAndFileNameSafeSeparators) {
     const std::regex date("^(%[Yymd]|[-_. ])*%[Yymd](%[Yymd]|[-_. ])*$");
     const std::regex time("^(%[HMS]|[-_. ])*%[HMS](%[HMS]|[-_. ])*$");
-    for (const auto& pattern : GetPredefinedFieldValues(kQLFieldCreationDate)) {
-        EXPECT_TRUE(std::regex_match(Fnd::ToUTF8(pattern), date)) << Fnd::ToUTF8(pattern);
-        EXPECT_TRUE(Fnd::PathUtils::IsValidFileName(pattern)) << Fnd::ToUTF8(pattern);
-    }
-    for (const auto& pattern : GetPredefinedFieldValues(kQLFieldCreationTime)) {
-        EXPECT_TRUE(std::regex_match(Fnd::ToUTF8(pattern), time)) << Fnd::ToUTF8(pattern);
-        EXPECT_TRUE(Fnd::PathUtils::IsValidFileName(pattern)) << Fnd::ToUTF8(pattern);
-    }
-}
-
-TEST(PredefinedFieldValues, TypesWithoutChoicesAnswerEmptyLists) {
-    for (auto type : {kQLFieldCustomText, kQLFieldFileName, kQLFieldMetadata})
-        EXPECT_TRUE(GetPredefinedFieldValues(type).empty()) << type;
+    for (const auto& [type, tokens] :
+         {std::pair{kQLFieldCreationDate, date}, std::pair{kQLFieldCreationTime, time}})
+        for (const auto& pattern : GetPredefinedFieldValues(type)) {
+            EXPECT_TRUE(std::regex_match(Fnd::ToUTF8(pattern), tokens)) << Fnd::ToUTF8(pattern);
+            EXPECT_TRUE(Fnd::PathUtils::IsValidFileName(pattern)) << Fnd::ToUTF8(pattern);
+        }
 }
 
 } // namespace

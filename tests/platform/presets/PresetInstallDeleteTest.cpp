@@ -13,12 +13,6 @@ protected:
     Fnd::WString Outside(std::string_view fileName, const std::string& bytes) {
         return tree.MakeFile("downloads/" + std::string(fileName), bytes);
     }
-    std::vector<std::string> UserFolderFiles() {
-        std::vector<std::string> files;
-        for (const auto& preset : Manager()->GetUserPresets(false))
-            files.push_back(Fnd::ToUTF8(preset->GetPath()));
-        return files;
-    }
 };
 
 TEST_F(PresetInstall, CopiesTheFileIntoTheUserFolderAndAnswersTheUserPreset) {

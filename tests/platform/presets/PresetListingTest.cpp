@@ -17,13 +17,6 @@ using namespace QL;
 
 class PresetListing : public PresetServiceTest {};
 
-TEST_F(PresetListing, ACategoryWithNoPresetsGivesTwoEmptyLists) {
-    auto manager = Manager(kQLPresetCategoryMetadata);
-    EXPECT_TRUE(manager->GetSystemPresets().empty());
-    EXPECT_TRUE(manager->GetUserPresets(false).empty());
-    EXPECT_TRUE(warnings.empty());
-}
-
 TEST_F(PresetListing, ManagersOfACategoryShowTheSameObjects) {
     auto first = Manager();
     SaveNew(*first, u"Day", {Field(kQLFieldCustomText, u"Day_")});
@@ -42,11 +35,18 @@ TEST_F(PresetListing, ManagersOfACategoryShowTheSameObjects) {
     EXPECT_EQ(Manager()->GetUserPresets(false)[1]->GetFields()[1]->GetValue(), u"typed");
 }
 
-TEST_F(PresetListing, UserPresetsAreSortedByNameIgnoringCase) {
-    for (const char16_t* name : {u"beta", u"Alpha", u"gamma", u"Beta2"})
+// Only files of the category's extension, in any case, are presets; half-written temporaries are
+// not. They are listed by name, ignoring case.
+TEST_F(PresetListing, PresetFilesAreSortedByNameIgnoringCaseAndOtherFilesAreNotPresets) {
+    EXPECT_TRUE(Manager(kQLPresetCategoryMetadata)->GetUserPresets(false).empty());
+    for (const char16_t* name : {u"beta", u"Alpha", u"gamma"})
         WriteUserFile(Fnd::ToUTF8(name) + ".igdrename", RenameDocument(name));
+    WriteUserFile("Beta2.IGDRENAME", RenameDocument(u"Beta2"));
+    WriteUserFile("notes.txt", "hello");
+    WriteUserFile(".Day.igdrename.A1b2C3", RenameDocument(u"half written"));
     EXPECT_EQ(Names(Manager()->GetUserPresets(false)),
               (std::vector<std::string>{"Alpha", "beta", "Beta2", "gamma"}));
+    EXPECT_TRUE(warnings.empty());
 }
 
 TEST_F(PresetListing, AFileChangedOnDiskIsReadAgainAndOneRemovedDisappears) {
@@ -62,14 +62,6 @@ TEST_F(PresetListing, AFileChangedOnDiskIsReadAgainAndOneRemovedDisappears) {
 
     ASSERT_EQ(std::remove(path.c_str()), 0);
     EXPECT_TRUE(Manager()->GetUserPresets(false).empty());
-}
-
-TEST_F(PresetListing, FilesOfOtherKindsInTheFolderAreNotPresets) {
-    WriteUserFile("notes.txt", "hello");
-    WriteUserFile(".Day.igdrename.A1b2C3", RenameDocument(u"half written"));
-    WriteUserFile("Roll.IGDRENAME", RenameDocument(u"Roll"));
-    EXPECT_EQ(Names(Manager()->GetUserPresets(false)), (std::vector<std::string>{"Roll"}));
-    EXPECT_TRUE(warnings.empty());
 }
 
 TEST_F(PresetListing, MalformedFilesAreSkippedReportedOnceAndLeftAsTheyAre) {

@@ -50,13 +50,6 @@ TEST(PresetClone, IsDeepChangingTheCopyLeavesTheSourceAlone) {
     EXPECT_EQ(source->GetName(true), u"Production");
 }
 
-TEST(PresetFields, AreThePresetsOwnObjectsSoATypedValueReachesTheNextCaller) {
-    auto preset = SavedLookingPreset();
-    preset->GetFields()[1]->SetValue(u"typed director");
-    EXPECT_EQ(preset->GetFields()[1]->GetValue(), u"typed director");
-    EXPECT_EQ(preset->GetFields()[1]->GetFormat(), u"Kim");
-}
-
 TEST(PresetFields, ANullFieldIsAProgrammingFaultAndLeavesTheListAsItWas) {
     auto preset = SavedLookingPreset();
     EXPECT_THROW(preset->SetFields({Field(kQLFieldMetadata, u"a", u"k"), nullptr}),

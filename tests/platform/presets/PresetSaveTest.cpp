@@ -50,19 +50,15 @@ TEST_F(PresetSave, AnExistingNameAnswersNameExistsAndLeavesThatFileByteForByte) 
     }
     EXPECT_EQ(ReadBytes(UserFile("Day.igdrename")), before);
     EXPECT_EQ(Names(manager->GetUserPresets(false)), (std::vector<std::string>{"Day"}));
-}
 
-TEST_F(PresetSave, ANameHeldInsideAFileOfAnotherNameIsTakenToo) {
+    // The name held inside a file of another name is taken too, and a file of that name that
+    // cannot be read is never replaced.
     WriteUserFile("copied by hand.igdrename", RenameDocument(u"Roll"));
-    auto preset = Manager()->CreatePreset();
-    EXPECT_EQ(Manager()->SavePreset(preset, u"Roll", u"", false, u"Roll"), kPresetNameExists);
-}
-
-TEST_F(PresetSave, AnUnreadableFileOfThatNameIsNeverReplaced) {
-    const std::string path = WriteUserFile("Roll.igdrename", "<preset");
-    auto preset = Manager()->CreatePreset();
-    EXPECT_EQ(Manager()->SavePreset(preset, u"Roll", u"", false, u"Roll"), kPresetNameExists);
-    EXPECT_EQ(ReadBytes(path), "<preset");
+    const std::string unreadable = WriteUserFile("Take.igdrename", "<preset");
+    for (const char16_t* name : {u"Roll", u"Take"})
+        EXPECT_EQ(manager->SavePreset(manager->CreatePreset(), name, u"", false, name), kPresetNameExists)
+            << Fnd::ToUTF8(name);
+    EXPECT_EQ(ReadBytes(unreadable), "<preset");
 }
 
 TEST_F(PresetSave, OverwriteRewritesThePresetsOwnFile) {

@@ -96,10 +96,30 @@ TEST_F(ImageProviderTest, PicksTheSmallestRasterThatIsNotScaledUp) {
     }
 }
 
-TEST_F(ImageProviderTest, AMissingScaleFallsToTheNextLargerThenSmaller) {
-    EXPECT_EQ(Provide("ADD_SM_N", 1.5f).resourceName, "SP_ADD_SM_N_AT_2X");
+TEST_F(ImageProviderTest, FallsBackOnOtherScalesVectorsAndCaseAsTheStoreAllows) {
     manager.AddResource("PNG", "SP_CLOSE_XS_N", PngHeader(13, 13));
-    EXPECT_EQ(Provide("CLOSE_XS_N", 2.0f).resourceName, "SP_CLOSE_XS_N");
+    manager.AddResource("PNG", "SP_ALERT_SM_N_D", "not a picture at all, and long enough");
+    manager.AddResource("PNG", "SP_ALERT_SM_N_D_AT_3TO2X", PngHeader(24, 24));
+    struct Case {
+        const char* label;
+        const char* name;
+        float displayScale;
+        bool preferVector;
+        const char* resource;
+    };
+    const Case cases[] = {
+        {"a missing scale takes the next larger", "ADD_SM_N", 1.5f, false, "SP_ADD_SM_N_AT_2X"},
+        {"else the next smaller", "CLOSE_XS_N", 2.0f, false, "SP_CLOSE_XS_N"},
+        {"vector preferred where one exists", "ADD_SM_N_D", 1.0f, true, "S_ADD_SM_N_D_AT_2X"},
+        {"vector preferred where none exists", "ADD_SM_N", 1.0f, true, "SP_ADD_SM_N"},
+        {"names match without regard to case", "add_sm_n_d", 2.0f, false, "SP_ADD_SM_N_D_AT_2X"},
+        {"a file that is not a PNG is passed over", "ALERT_SM_N_D", 1.0f, false, "SP_ALERT_SM_N_D_AT_3TO2X"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        EXPECT_EQ(Provide(c.name, c.displayScale, c.preferVector).resourceName, c.resource);
+        EXPECT_TRUE(provided);
+    }
 }
 
 TEST_F(ImageProviderTest, AnImageWithoutRasterIsGivenAsItsSvg) {
@@ -111,15 +131,6 @@ TEST_F(ImageProviderTest, AnImageWithoutRasterIsGivenAsItsSvg) {
     EXPECT_EQ(message.pixelWidth, 40);
 }
 
-TEST_F(ImageProviderTest, PreferringVectorsGivesTheSvgWhereOneExists) {
-    EXPECT_EQ(Provide("ADD_SM_N_D", 1.0f, true).resourceName, "S_ADD_SM_N_D_AT_2X");
-    EXPECT_EQ(Provide("ADD_SM_N", 1.0f, true).resourceName, "SP_ADD_SM_N");
-}
-
-TEST_F(ImageProviderTest, NamesAreMatchedWithoutRegardToCase) {
-    EXPECT_EQ(Provide("add_sm_n_d", 2.0f).resourceName, "SP_ADD_SM_N_D_AT_2X");
-}
-
 TEST_F(ImageProviderTest, AnUnknownNameLeavesNoImageFromAnEarlierAnswer) {
     UI_PictureSupplyMessage message;
     ASSERT_TRUE(provider.ProvideImage("ADD_SM_N_D", message, false));
@@ -128,12 +139,6 @@ TEST_F(ImageProviderTest, AnUnknownNameLeavesNoImageFromAnEarlierAnswer) {
     EXPECT_TRUE(message.bytes.empty());
     EXPECT_EQ(message.pixelWidth, 0);
     EXPECT_EQ(message.imageName, "NOPE_SM_N");
-}
-
-TEST_F(ImageProviderTest, AFileThatIsNotAPngIsPassedOver) {
-    manager.AddResource("PNG", "SP_ALERT_SM_N_D", "not a picture at all, and long enough");
-    manager.AddResource("PNG", "SP_ALERT_SM_N_D_AT_3TO2X", PngHeader(24, 24));
-    EXPECT_EQ(Provide("ALERT_SM_N_D", 1.0f).resourceName, "SP_ALERT_SM_N_D_AT_3TO2X");
 }
 
 TEST_F(ImageProviderTest, EachPictureIsLookedUpOnceForEachScale) {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "Fnd/NullInterfaceException.h"
 #include "IGD/IngestDialogApi.h"
@@ -59,18 +60,15 @@ TEST_F(IngestResourcesTest, ReleaseDestroysAndAllowsANewStart) {
     EXPECT_EQ(IngestResources::Instance(), nullptr);
     EXPECT_THROW(IngestResources::GetResourceManager(), Fnd::NullInterfaceException);
     IngestResources::Release(); // a second release does nothing
-
-    TestWorkspace workspace;
-    IngestResources::Create(&workspace);
-    EXPECT_EQ(IngestResources::Instance()->GetWorkspace(), &workspace);
-}
-
-TEST_F(IngestResourcesTest, TheExportReleasesTheSingleton) {
+    // The library's export releases it as well.
     IngestResources::Create(nullptr);
     IGD::ReleaseIngestResHandlers();
     EXPECT_EQ(IngestResources::Instance(), nullptr);
     IGD::ReleaseIngestResHandlers();
-    EXPECT_EQ(IngestResources::Instance(), nullptr);
+
+    TestWorkspace workspace;
+    IngestResources::Create(&workspace);
+    EXPECT_EQ(IngestResources::Instance()->GetWorkspace(), &workspace);
 }
 
 TEST_F(IngestResourcesTest, TheManagerReachesTheCompiledStore) {
@@ -96,11 +94,17 @@ TEST_F(IngestResourcesTest, TheDrawSupplierIsTheHostsThenTheSingletonsThenNone) 
     EXPECT_EQ(IngestResources::GetDrawSupplier(), &host->supplier);
 }
 
-TEST_F(IngestResourcesTest, EveryDecalHasAPictureAtEveryScale) {
+TEST_F(IngestResourcesTest, EveryDecalShowsTheFamilyItsButtonMeansAtEveryScale) {
     IngestResources::Create(nullptr);
+    const std::vector<std::string> atOneX = {"SP_POWER_SM_S_D",   "SP_POWER_SM_N_D",  "S_SAVE_MD_N_D_AT_2X",
+                                             "SP_SAVEAS_MD_N_D",  "SP_CLOSE_XS_N_D",  "SP_ADD_SM_N_D",
+                                             "SP_ADDTRI_MD_N_D",  "SP_DELETE_WI_N_D", "SP_SORTUP_XS_N_D",
+                                             "SP_SORTDOWN_XS_N_D"};
+    ASSERT_EQ(atOneX.size(), static_cast<std::size_t>(IngestResources::kDecalCount));
     std::set<std::string> names;
     for (int index = 0; index < IngestResources::kDecalCount; ++index) {
         SCOPED_TRACE(index);
+        EXPECT_EQ(Supply(index).resourceName, atOneX[static_cast<std::size_t>(index)]);
         names.insert(IngestResources::Instance()->GetDecalName(index).str());
         for (float scale : {1.0f, 1.5f, 2.0f}) {
             const UI_PictureSupplyMessage message = Supply(index, scale);
@@ -115,17 +119,6 @@ TEST_F(IngestResourcesTest, EveryDecalHasAPictureAtEveryScale) {
         }
     }
     EXPECT_EQ(names.size(), static_cast<std::size_t>(IngestResources::kDecalCount));
-}
-
-TEST_F(IngestResourcesTest, DecalsShowTheFamiliesTheirButtonsMean) {
-    IngestResources::Create(nullptr);
-    const std::pair<int, std::string> expected[] = {{0, "SP_POWER_SM_S_D"},     {1, "SP_POWER_SM_N_D"},
-                                                    {2, "S_SAVE_MD_N_D_AT_2X"}, {3, "SP_SAVEAS_MD_N_D"},
-                                                    {4, "SP_CLOSE_XS_N_D"},     {5, "SP_ADD_SM_N_D"},
-                                                    {6, "SP_ADDTRI_MD_N_D"},    {7, "SP_DELETE_WI_N_D"},
-                                                    {8, "SP_SORTUP_XS_N_D"},    {9, "SP_SORTDOWN_XS_N_D"}};
-    for (const auto& [index, resource] : expected)
-        EXPECT_EQ(Supply(index).resourceName, resource) << index;
 }
 
 TEST_F(IngestResourcesTest, APictureButtonGetsItsDecalThroughTheSupplyFunction) {

@@ -70,7 +70,7 @@ void ForEachNode(const UI_Node& node, const std::function<void(const UI_Node&)>&
 
 class EachLayout : public ::testing::TestWithParam<CatalogueLayout> {};
 
-TEST_P(EachLayout, HasTheCataloguesRootSizeIdsAndClasses) {
+TEST_P(EachLayout, MatchesTheCatalogueAndResolvesEveryText) {
     const CatalogueLayout& layout = GetParam();
     const BuiltLayout built = BuildStoredLayout(layout.name);
     ASSERT_TRUE(built.root);
@@ -102,13 +102,8 @@ TEST_P(EachLayout, HasTheCataloguesRootSizeIdsAndClasses) {
         if (id != ShortName(node.adapter))
             named.insert(id);
     EXPECT_EQ(named, expectedNamed);
-}
 
-TEST_P(EachLayout, ShowsItsTextsResolvedAndAsAuthored) {
-    const CatalogueLayout& layout = GetParam();
-    const BuiltLayout built = BuildStoredLayout(layout.name);
-    std::map<std::string, ArchiveNode> archived;
-    CollectArchiveNodes(*built.archive.Find("root"), archived);
+    // Texts as authored and as shown.
     for (const CatalogueControl& control : layout.controls) {
         if (!control.text)
             continue;
@@ -127,12 +122,7 @@ TEST_P(EachLayout, ShowsItsTextsResolvedAndAsAuthored) {
             }
         }
     });
-}
-
-TEST_P(EachLayout, MarksOnlyHintEditsForTheCustomFactory) {
-    const BuiltLayout built = BuildStoredLayout(GetParam().name);
-    std::map<std::string, ArchiveNode> archived;
-    CollectArchiveNodes(*built.archive.Find("root"), archived);
+    // Only hint edits are marked for the sections' custom factory.
     for (const auto& [id, node] : archived) {
         if (!node.className)
             continue;
@@ -159,46 +149,8 @@ TEST(LayoutStore, HoldsExactlyTheCataloguesLayouts) {
     EXPECT_EQ(stored, catalogued);
 }
 
-TEST(LayoutPopups, HoldTheItemsTheLayoutsFix) {
-    const std::string Q = "($$$/Quillon/Libraries/IngestDialog/";
-    const std::vector<std::tuple<std::string, std::string, std::vector<std::string>>> fixed{
-        {"igdVerifySetting",
-         "VerifyPopup",
-         {"MD5 comparison", "File size comparison", "Bit-by-bit comparison"}},
-        {"igdPresetManagementNormalModeHeader",
-         "ApplyScopePopup",
-         {"Apply to all destinations", "Apply to primary destination only"}},
-        {"igdPathSetting", "DestinationPopup", {"", "Browse for Location..."}},
-        {"igdKilnHostedPathSetting", "DestinationPopup", {"", "Browse for Location..."}},
-        {"igdRenameTemplateEditModeField", "UI_Popup", {"Item"}},
-    };
-    std::set<std::pair<std::string, std::string>> withItems;
-    for (const auto& [layout, id, items] : fixed) {
-        SCOPED_TRACE(layout + "/" + id);
-        withItems.emplace(layout, id);
-        const BuiltLayout built = BuildStoredLayout(layout);
-        auto* popup = dynamic_cast<fluxui::controls::UI_Popup*>(built.controls.at(id).get());
-        ASSERT_TRUE(popup);
-        std::vector<std::string> texts;
-        for (const auto& item : popup->GetItems())
-            texts.push_back(Fnd::ToUTF8(item.text));
-        EXPECT_EQ(texts, items);
-        EXPECT_EQ(popup->GetValue(), -1);
-    }
-    // Every other popup is filled by code.
-    for (const CatalogueLayout& layout : LayoutCatalogue()) {
-        const BuiltLayout built = BuildStoredLayout(layout.name);
-        ForEachNode(*built.root, [&](const UI_Node& node) {
-            auto* popup = dynamic_cast<const fluxui::controls::UI_Popup*>(&node);
-            if (popup && !withItems.count({layout.name, node.UI_GetNodeID()})) {
-                EXPECT_TRUE(popup->GetItems().empty()) << layout.name << "/" << node.UI_GetNodeID();
-            }
-        });
-    }
-}
-
 // Every state a layout authors that differs from its class's default, over all layouts, so that
-// a state set by mistake shows as well as one missing.
+// a state set by mistake shows as well as one missing: popup items included.
 TEST(LayoutStates, AreExactlyThoseTheSectionsExpect) {
     std::set<std::string> states;
     for (const CatalogueLayout& layout : LayoutCatalogue()) {
@@ -215,9 +167,18 @@ TEST(LayoutStates, AreExactlyThoseTheSectionsExpect) {
             if (auto* checkbox = dynamic_cast<const fluxui::controls::UI_Checkbox*>(&node);
                 checkbox && checkbox->IsChecked())
                 states.insert(where + " checked");
-            if (auto* popup = dynamic_cast<const fluxui::controls::UI_Popup*>(&node);
-                popup && !popup->GetDrawDivider())
-                states.insert(where + " no divider");
+            if (auto* popup = dynamic_cast<const fluxui::controls::UI_Popup*>(&node)) {
+                if (!popup->GetDrawDivider())
+                    states.insert(where + " no divider");
+                // Items fixed by the layout; every other popup is filled by code.
+                std::string items;
+                for (const auto& item : popup->GetItems())
+                    items += "|" + Fnd::ToUTF8(item.text);
+                if (!items.empty())
+                    states.insert(where + " items " + items);
+                if (popup->GetValue() != -1)
+                    states.insert(where + " value " + std::to_string(popup->GetValue()));
+            }
         });
     }
     const std::set<std::string> expected{
@@ -235,6 +196,12 @@ TEST(LayoutStates, AreExactlyThoseTheSectionsExpect) {
         "igdMetadataTemplateAddField/UI_Divider down",
         "igdRenameTemplateAddField/UI_Divider down",
         "igdRenameTemplateAddField/UI_PicturePopup no divider",
+        "igdVerifySetting/VerifyPopup items |MD5 comparison|File size comparison|Bit-by-bit comparison",
+        "igdPresetManagementNormalModeHeader/ApplyScopePopup items |Apply to all destinations|Apply to primary "
+        "destination only",
+        "igdPathSetting/DestinationPopup items ||Browse for Location...",
+        "igdKilnHostedPathSetting/DestinationPopup items ||Browse for Location...",
+        "igdRenameTemplateEditModeField/UI_Popup items |Item",
     };
     EXPECT_EQ(states, expected);
 }

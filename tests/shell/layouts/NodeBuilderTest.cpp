@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "LayoutArchive.h"
 #include "shell/AutoHintTextEdit.h"
 #include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
 #include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
@@ -19,67 +20,14 @@ using fluxui::ui::UI_NodeRef;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-std::string Pair(const std::string& key, const std::string& value) {
-    return "<prop.pair>\r\n<key>" + key + "</key>\r\n" + value + "\r\n</prop.pair>\r\n";
-}
-std::string List(const std::string& pairs) {
-    return "<prop.list>\r\n" + pairs + "</prop.list>";
-}
-std::string Unsigned(int value) {
-    return "<int type='unsigned' size='32'>" + std::to_string(value) + "</int>";
-}
-std::string Rect(int left, int top, int width, int height) {
-    const auto f = [](int v) { return "<float>" + std::to_string(v) + "</float>"; };
-    return List(Pair(".aptype", "<int type='signed' size='32'>1</int>") + Pair("left", f(left)) +
-                Pair("top", f(top)) + Pair("width", f(width)) + Pair("height", f(height)));
-}
-std::string Section(const std::string& name, const std::string& pairs = "") {
-    return List(Pair("sectionName", "<ustring>" + name + "</ustring>") + pairs);
-}
-std::string Numbered(const std::string& prefix, const std::vector<std::string>& maps) {
-    std::string pairs = Pair("count", Unsigned(static_cast<int>(maps.size())));
-    for (std::size_t i = 0; i < maps.size(); ++i)
-        pairs += Pair(prefix + std::to_string(i), maps[i]);
-    return List(pairs);
-}
-std::string NodeSection(const std::string& id, const std::string& bounds = Rect(0, 0, 100, 20)) {
-    return Section("UI_Node",
-                   Pair("bounds", bounds) + (id.empty() ? "" : Pair("id", "<string>" + id + "</string>")));
-}
-
-std::string SubView(const std::string& id, const std::vector<std::string>& children,
-                    const std::string& bounds = Rect(0, 0, 200, 40)) {
-    const std::string childPairs = children.empty() ? "" : Pair("children", Numbered("child-", children));
-    return List(
-        Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
-        Pair("sections", Numbered("section-", {Section("UI_SubView", childPairs), NodeSection(id, bounds)})));
-}
-
-std::string Checkbox(const std::string& id, const std::string& text, const std::string& extraNodePairs = "") {
-    return List(
-        Pair("adapter", "<ustring>fluxui::controls::UI_Checkbox</ustring>") +
-        Pair("sections",
-             Numbered("section-",
-                      {Section("UI_Checkbox", Pair("text", "<ustring>" + text + "</ustring>")),
-                       Section("UI_Button"), Section("UI_InteractiveControlView"), Section("UI_ControlView"),
-                       Section("UI_SubView"),
-                       Section("UI_Node", Pair("bounds", Rect(0, 0, 100, 20)) +
-                                              Pair("id", "<string>" + id + "</string>") + extraNodePairs)})));
-}
+using namespace archive;
 
 std::string HintEdit(const std::string& id, const std::string& className = "AutoHintTextEdit") {
-    return List(Pair("adapter", "<ustring>fluxui::controls::UI_TextEdit_S</ustring>") +
-                Pair("className", "<ustring>" + className + "</ustring>") +
-                Pair("sections",
-                     Numbered("section-", {Section("UI_TextEdit_S"),
-                                           Section("UI_TextEdit", Pair("text", "<ustring>abc</ustring>")),
-                                           Section("UI_InteractiveControlView"), Section("UI_ControlView"),
-                                           Section("UI_SubView"), NodeSection(id, Rect(10, 10, 80, 22))})));
-}
-
-std::string Archive(const std::string& root) {
-    return "<?xml version='1.0'?>\r\n<prop.map version='4'>\r\n" +
-           List(Pair("UINodeArchive", Unsigned(1)) + Pair("root", root)) + "\r\n</prop.map>\r\n";
+    return Node("fluxui::controls::UI_TextEdit_S",
+                {Section("UI_TextEdit_S"), Section("UI_TextEdit", Pair("text", UString("abc"))),
+                 Section("UI_InteractiveControlView"), Section("UI_ControlView"), Section("UI_SubView"),
+                 NodeSection(id, Rect(10, 10, 80, 22))},
+                className);
 }
 
 class NodeBuilder : public ::testing::Test {
@@ -109,6 +57,9 @@ TEST_F(NodeBuilder, FindsALayoutWhateverTheCaseOfItsName) {
         ASSERT_TRUE(root) << name;
         EXPECT_TRUE(found.count("VerifyPopup")) << name;
     }
+    // An empty name builds nothing.
+    EXPECT_FALSE(Load(""));
+    EXPECT_TRUE(controls.empty());
 }
 
 TEST_F(NodeBuilder, AnAddedResourceTakesThePlaceOfTheStoredOne) {
@@ -116,11 +67,6 @@ TEST_F(NodeBuilder, AnAddedResourceTakesThePlaceOfTheStoredOne) {
     ASSERT_TRUE(Load("igdVerifySetting"));
     EXPECT_TRUE(controls.count("Replaced"));
     EXPECT_FALSE(controls.count("VerifyPopup"));
-}
-
-TEST_F(NodeBuilder, AnEmptyNameBuildsNothing) {
-    EXPECT_FALSE(Load(""));
-    EXPECT_TRUE(controls.empty());
 }
 
 TEST_F(NodeBuilder, BuildsChildrenInOrderWithTheirProperties) {
@@ -199,8 +145,7 @@ TEST_F(NodeBuilder, MalformedXmlNamesTheLayoutAndTheLine) {
 }
 
 TEST_F(NodeBuilder, AnUnknownClassNamesTheLayoutAndTheNode) {
-    const std::string foo = List(Pair("adapter", "<ustring>fluxui::controls::UI_Foo</ustring>") +
-                                 Pair("sections", Numbered("section-", {})));
+    const std::string foo = Node("fluxui::controls::UI_Foo", {});
     EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a"), foo}))),
               "igdBroken: root/child-1: unknown class fluxui::controls::UI_Foo");
 }
@@ -219,9 +164,7 @@ TEST_F(NodeBuilder, AValueOfTheWrongTypeNamesTheProperty) {
 }
 
 TEST_F(NodeBuilder, TheSectionsMustFollowTheClassChain) {
-    const std::string swapped =
-        List(Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
-             Pair("sections", Numbered("section-", {NodeSection("X"), Section("UI_SubView")})));
+    const std::string swapped = Node("fluxui::ui::UI_SubView", {NodeSection("X"), Section("UI_SubView")});
     EXPECT_EQ(ErrorOf(Archive(swapped)), "igdBroken: root: section-0 is UI_Node, expected UI_SubView");
     const std::string miscounted =
         List(Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
@@ -233,10 +176,8 @@ TEST_F(NodeBuilder, TheSectionsMustFollowTheClassChain) {
 TEST_F(NodeBuilder, ConstraintsOutsideTheKnownSidesAreRefused) {
     const std::string flags =
         List(Pair(".aptype", "<int type='signed' size='32'>4</int>") + Pair("constraints", Unsigned(16)));
-    const std::string node = List(
-        Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
-        Pair("sections",
-             Numbered("section-", {Section("UI_SubView", Pair("Constraints", flags)), NodeSection("X")})));
+    const std::string node =
+        Node("fluxui::ui::UI_SubView", {Section("UI_SubView", Pair("Constraints", flags)), NodeSection("X")});
     EXPECT_EQ(ErrorOf(Archive(node)), "igdBroken: root: UI_SubView.Constraints: unknown flag bits 16");
 }
 
@@ -249,8 +190,7 @@ TEST_F(NodeBuilder, DeepNestingFailsInsteadOfExhaustingTheStack) {
 
 TEST_F(NodeBuilder, AFailedBuildLeavesTheCallersMapAsItWas) {
     controls.emplace("Existing", UI_NodeRef(new fluxui::ui::UI_SubView()));
-    const std::string foo = List(Pair("adapter", "<ustring>fluxui::controls::UI_Foo</ustring>") +
-                                 Pair("sections", Numbered("section-", {})));
+    const std::string foo = Node("fluxui::controls::UI_Foo", {});
     resources.AddResource("XML", "igdHalf", Archive(SubView("", {Checkbox("Built", "a"), foo})));
     EXPECT_THROW(Load("igdHalf"), LayoutError);
     EXPECT_EQ(controls.size(), 1u);

@@ -35,17 +35,6 @@ TEST(ResourceStore, ListsNamesUpperCaseAndSorted) {
     }
 }
 
-TEST(ResourceStore, EveryStoredImageIsFoundUnderItsType) {
-    for (const char* type : {"PNG", "SVG"})
-        for (std::string_view name : IGD::StoredResourceNames(type)) {
-            const auto bytes = IGD::FindStoredResource(type, name);
-            ASSERT_FALSE(bytes.empty()) << name;
-            if (std::string(type) == "PNG") {
-                EXPECT_EQ(Text(bytes).substr(1, 3), "PNG") << name;
-            }
-        }
-}
-
 TEST(ResourceManagers, AddedResourcesAreFoundInAnyCaseAndCopied) {
     fluxui::utility::ResourceManager manager;
     std::string bytes = "<x/>";

@@ -14,21 +14,7 @@ namespace {
 
 using namespace fluxui::controls;
 using igd::test::Make;
-
-// Counts both notifications of a control, and checks each message names its sender.
-struct Notifications {
-    template <typename Control> explicit Notifications(Control& control) {
-        control.NotifyWhenChanged([this, &control](const UI_ControlMessage& m) {
-            EXPECT_EQ(&m.GetControl(), &control);
-            ++changed;
-            lastInteractive = m.IsInteractive();
-        });
-        control.NotifyWhenChangedInteractively([this](const UI_ControlMessage&) { ++interactive; });
-    }
-    int changed = 0;
-    int interactive = 0;
-    bool lastInteractive = false;
-};
+using igd::test::Notifications;
 
 TEST(ControlNotifications, ProgramChangesReachOnlyTheChangeNotification) {
     auto box = Make<UI_Checkbox>();
@@ -179,15 +165,6 @@ TEST(TextEdit, LeavingTheFieldCommitsTheEdit) {
     other->UI_GainKeyboardFocus();
     EXPECT_EQ(ends, std::vector<EditEnd>{EditEnd::Commit});
     EXPECT_EQ(edit->GetValue(), u"x");
-}
-
-TEST(TextEdit, CustomColourComesAndGoes) {
-    auto edit = Make<UI_TextEdit>();
-    EXPECT_FALSE(edit->GetCustomTextColor());
-    edit->SetCustomTextColor({1, 0, 0, 1}, false);
-    EXPECT_EQ(edit->GetCustomTextColor(), (fluxui::sketcher::ColorRGBA{1, 0, 0, 1}));
-    edit->ClearCustomTextColor(false);
-    EXPECT_FALSE(edit->GetCustomTextColor());
 }
 
 TEST(NumberEdit, ReadsAndWritesNumbersWithinItsRange) {

@@ -62,7 +62,7 @@ TEST(ModalRun, RunsThroughTheDriverAndAnswersTheResponse) {
     EXPECT_EQ(ui->ModalTitles(), std::vector<Fnd::WString>{u"Options"});
 }
 
-TEST(ModalRun, EscapeAndTheCloseBoxPressTheCancelButton) {
+TEST(ModalRun, EscapeAndTheCloseBoxPressCancelAndReturnPressesTheDefault) {
     igd::test::ScopedInteractionDriver ui;
     OkCancelDialog d;
     int cancels = 0;
@@ -75,11 +75,7 @@ TEST(ModalRun, EscapeAndTheCloseBoxPressTheCancelButton) {
     ui->QueueModalAction([](Fnd::IModalSession& session) { session.CloseByUser(); });
     EXPECT_EQ(d.dialog->RunModal(), fluxui::ui::kDialogResponseCancel);
     EXPECT_EQ(cancels, 2);
-}
-
-TEST(ModalRun, ReturnPressesTheDefaultButtonUnlessAFieldTakesIt) {
-    igd::test::ScopedInteractionDriver ui;
-    OkCancelDialog d;
+    // Return presses the default button.
     ui->QueueModalAction([&](Fnd::IModalSession&) { d.dialog->DispatchKeyboardEvent({Key::Return}); });
     EXPECT_EQ(d.dialog->RunModal(), fluxui::ui::kDialogResponseOK);
 }

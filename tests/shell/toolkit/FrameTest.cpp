@@ -19,22 +19,6 @@ using fluxui::sketcher::ColorRGBA;
 using igd::test::Make;
 namespace conv = AppFrame::FLUXConversionUtilities;
 
-class LineSketcher : public fluxui::sketcher::Sketcher {
-public:
-    struct Line {
-        PointF from, to;
-        ColorRGBA color;
-        float width;
-    };
-    void FillRect(const RectF&, const ColorRGBA&) override {}
-    void DrawLine(PointF from, PointF to, const ColorRGBA& color, float width) override {
-        lines.push_back({from, to, color, width});
-    }
-    void DrawOutline(const RectF& rect, const ColorRGBA&) override { outlines.push_back(rect); }
-    std::vector<Line> lines;
-    std::vector<RectF> outlines;
-};
-
 TEST(FrameConversions, RectsChangeConventionAndRoundTheFarSides) {
     const Fnd::ParamRect<int> rect = conv::FLUXRectF32ToRect({10.4f, 20.6f, 99.8f, 0.0f});
     EXPECT_EQ(rect, (Fnd::ParamRect<int>{10, 21, 110, 21}));
@@ -48,7 +32,7 @@ TEST(FrameConversions, RectsChangeConventionAndRoundTheFarSides) {
 }
 
 TEST(FrameDrawing, ADCDrawsInTheViewsSpaceAtItsOrigin) {
-    LineSketcher sketcher;
+    igd::test::RecordingSketcher sketcher;
     AppFrame::DC dc(sketcher, 2.0f, {100, 50});
     const ColorRGBA divider = AppFrame::ColorManager::GetColor(AppFrame::kColor_PanelDivider);
     dc.DrawLine({-6, 1}, {200, 1}, divider, 1.0f, 0.5f);
@@ -61,9 +45,9 @@ TEST(FrameDrawing, ADCDrawsInTheViewsSpaceAtItsOrigin) {
 }
 
 TEST(FrameDrawing, ThickOutlinesStepInwardsAndStopAtTheMiddle) {
-    LineSketcher sketcher;
+    igd::test::RecordingSketcher sketcher;
     fluxui::utils::DrawOutline(sketcher, {0, 0, 10, 4}, {}, 5.0f);
-    EXPECT_EQ(sketcher.outlines, (std::vector<RectF>{{0, 0, 10, 4}, {1, 1, 8, 2}}));
+    EXPECT_EQ(sketcher.OutlinesIn({}), (std::vector<RectF>{{0, 0, 10, 4}, {1, 1, 8, 2}}));
 }
 
 TEST(WindowDisabler, RestoresTheStateTheWindowHad) {

@@ -37,6 +37,9 @@ TEST(NodeTree, ChildrenKnowTheirParentAndRootAndLeaveCleanly) {
     ASSERT_EQ(root->ChildCount(), 2u);
     EXPECT_EQ(root->ChildBegin()->get(), first.get());
     EXPECT_NE(root->ChildFind(middle.get()), root->ChildEnd());
+    leaf->UI_SetNodeID("UI_Popup");
+    EXPECT_EQ(root->UI_FindNodeByID("UI_Popup"), leaf.get());
+    EXPECT_EQ(root->UI_FindNodeByID("missing"), nullptr);
 
     EXPECT_TRUE(root->ChildRemove(middle.get()));
     EXPECT_EQ(middle->UI_GetParentNode(), nullptr);
@@ -141,17 +144,6 @@ TEST(NodeState, DisabledAndHiddenStatesPassToDescendants) {
     EXPECT_TRUE(root->UI_IsHidden());
 }
 
-TEST(NodeState, IdsAndToolTips) {
-    auto root = Make<UI_SubView>();
-    auto child = Make<UI_SubView>();
-    root->ChildPushBack(child);
-    child->UI_SetNodeID("UI_Popup");
-    child->UI_SetToolTip(u"Choose one");
-    EXPECT_EQ(root->UI_FindNodeByID("UI_Popup"), child.get());
-    EXPECT_EQ(root->UI_FindNodeByID("missing"), nullptr);
-    EXPECT_EQ(child->UI_GetToolTip(), u"Choose one");
-}
-
 TEST(KeyboardFocus, OneNodeOfATreeHoldsItAndHearsOfChanges) {
     auto root = Make<UI_SubView>();
     auto a = Make<FocusableView>();
@@ -234,14 +226,6 @@ TEST(NodeObserver, HearsTheWholeSubtreeUnlessANearerObserverListens) {
     EXPECT_EQ(rootObserver.Count(grandchild.get(), NodeChange::ToolTip), 0);
 }
 
-class RecordingSketcher : public fluxui::sketcher::Sketcher {
-public:
-    void FillRect(const RectF& rect, const fluxui::sketcher::ColorRGBA&) override { fills.push_back(rect); }
-    void DrawLine(PointF, PointF, const fluxui::sketcher::ColorRGBA&, float) override {}
-    void DrawOutline(const RectF&, const fluxui::sketcher::ColorRGBA&) override {}
-    std::vector<RectF> fills;
-};
-
 class FilledView : public UI_SubView {
 public:
     void UI_Draw(fluxui::sketcher::Sketcher& sketcher) override {
@@ -262,7 +246,7 @@ TEST(NodeDrawing, DrawsShownChildrenInGlobalCoordinates) {
     root->ChildPushBack(shown);
     root->ChildPushBack(hidden);
     hidden->UI_Hide(true);
-    RecordingSketcher sketcher;
+    igd::test::RecordingSketcher sketcher;
     root->UI_Draw(sketcher);
     EXPECT_EQ(sketcher.fills, (std::vector<RectF>{{10, 10, 50, 50}, {15, 15, 10, 10}}));
 }

@@ -2,6 +2,8 @@
 // What the task service tests share: a temporary $IGD_HOME, a record of the service's messages,
 // running the UI queue until a batch is over, task records made from file names, and a copy
 // backend that counts reads and can change the disk between two sources.
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -99,6 +101,23 @@ private:
     mutable std::mutex mutex_;
     std::map<std::string, int> reads_;
     std::vector<std::size_t> targetsPerRead_;
+};
+
+// What a test of the service works in: a temporary home, a card folder with two destinations
+// beside it, the service's messages and one batch.
+class EngineTest : public ::testing::Test {
+protected:
+    std::string Native(const Fnd::WString& folder, const std::string& name) const {
+        return Fnd::ToUTF8(folder) + "/" + name;
+    }
+
+    ScopedIgdHome home;
+    TempTree tree;
+    const Fnd::WString source = tree.MakeFolder("card");
+    const Fnd::WString primary = tree.Path("primary");
+    const Fnd::WString backup = tree.Path("backup");
+    ServiceMessageLog log;
+    fluxcore::utility::Guid batch = fluxcore::utility::Guid::CreateUnique();
 };
 
 // Options for a service under test: the temporary home's journal and project, a quick progress.

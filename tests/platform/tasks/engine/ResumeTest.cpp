@@ -29,11 +29,9 @@ void CopyWithTime(const std::string& from, const std::string& to) {
     ::utimensat(AT_FDCWD, to.c_str(), times, 0);
 }
 
-class ResumeTest : public ::testing::Test {
+class ResumeTest : public EngineTest {
 protected:
     void SetUp() override {
-        source = tree.MakeFolder("card");
-        destination = tree.MakeFolder("main");
         for (const char* name : {"A001.MOV", "A002.MOV", "A003.MOV", "A004.MOV", "A005.MOV"})
             tree.MakeFileOfSize(std::string("card/") + name, 300u << 10);
     }
@@ -59,12 +57,7 @@ protected:
         journal.UpdateFiles(all);
     }
 
-    ScopedIgdHome home;
-    TempTree tree;
-    Fnd::WString source;
-    Fnd::WString destination;
-    ServiceMessageLog log;
-    fluxcore::utility::Guid batch = fluxcore::utility::Guid::CreateUnique();
+    const Fnd::WString destination = tree.MakeFolder("main");
 };
 
 TEST_F(ResumeTest, EachStateACrashLeavesIsFinishedAndNothingVerifiedIsCopiedAgain) {

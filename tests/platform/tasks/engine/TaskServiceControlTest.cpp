@@ -47,25 +47,14 @@ std::uint64_t SizeOf(const std::string& path) {
     return ::stat(path.c_str(), &info) == 0 ? static_cast<std::uint64_t>(info.st_size) : 0;
 }
 
-class TaskServiceControlTest : public ::testing::Test {
+class TaskServiceControlTest : public EngineTest {
 protected:
-    void SetUp() override {
-        source = tree.MakeFolder("card");
-        destination = tree.Path("dest");
-    }
-    std::string Target(const std::string& name) const { return Fnd::ToUTF8(destination) + "/" + name; }
+    std::string Target(const std::string& name) const { return Native(primary, name); }
 
     void PostControl(const Fnd::Message& message) {
         Fnd::StationUtils::PostMessageToUIThread(QL::kStation_IngestMedia, message, false);
         Fnd::GetDefaultQueue().Drain();
     }
-
-    ScopedIgdHome home;
-    TempTree tree;
-    Fnd::WString source;
-    Fnd::WString destination;
-    ServiceMessageLog log;
-    fluxcore::utility::Guid batch = fluxcore::utility::Guid::CreateUnique();
 };
 
 TEST_F(TaskServiceControlTest, TheCopyListHoldsTargetsOfWaitingAndRunningTasksOnly) {
@@ -82,11 +71,10 @@ TEST_F(TaskServiceControlTest, TheCopyListHoldsTargetsOfWaitingAndRunningTasksOn
     EXPECT_FALSE(service.IsPathInCopyList(target));
 
     service.SubmitCopyTask(
-        CopyOf({FileUnit(source, destination, "A001.MOV")}, QL::IngestTask::kVerifyNone, false), batch, {});
+        CopyOf({FileUnit(source, primary, "A001.MOV")}, QL::IngestTask::kVerifyNone, false), batch, {});
     EXPECT_TRUE(service.IsPathInCopyList(target)) << "waiting";
-    EXPECT_TRUE(service.IsPathInCopyList(destination + u"//./A001.MOV"))
-        << "the same path written differently";
-    EXPECT_FALSE(service.IsPathInCopyList(destination + u"/A002.MOV"));
+    EXPECT_TRUE(service.IsPathInCopyList(primary + u"//./A001.MOV")) << "the same path written differently";
+    EXPECT_FALSE(service.IsPathInCopyList(primary + u"/A002.MOV"));
 
     StartBatch(batch);
     Fnd::GetDefaultQueue().Drain();
@@ -102,8 +90,8 @@ TEST_F(TaskServiceControlTest, PauseHoldsTheCopyBetweenChunksUntilResumed) {
     tree.MakeFileOfSize("card/A001.MOV", 24u << 20);
     WriteGate gate;
     TaskService service(TestOptions(home, std::make_shared<CountingBackend>(256u << 10, gate.Hooks())));
-    service.SubmitCopyTask(
-        CopyOf({FileUnit(source, destination, "A001.MOV")}, QL::IngestTask::kVerifyMD5, true), batch, {});
+    service.SubmitCopyTask(CopyOf({FileUnit(source, primary, "A001.MOV")}, QL::IngestTask::kVerifyMD5, true),
+                           batch, {});
     StartBatch(batch);
     Fnd::GetDefaultQueue().Drain();
     gate.reached.get_future().wait();
@@ -139,7 +127,7 @@ TEST_F(TaskServiceControlTest, CancelStopsMidFileRemovesTemporariesAndImportsNot
     WriteGate gate;
     TaskService service(TestOptions(home, std::make_shared<CountingBackend>(256u << 10, gate.Hooks())));
     service.SubmitCopyTask(
-        CopyOf({FileUnit(source, destination, "A001.MOV"), FileUnit(source, destination, "A002.MOV")},
+        CopyOf({FileUnit(source, primary, "A001.MOV"), FileUnit(source, primary, "A002.MOV")},
                QL::IngestTask::kVerifyMD5, true),
         batch, {});
     StartBatch(batch);
@@ -152,7 +140,7 @@ TEST_F(TaskServiceControlTest, CancelStopsMidFileRemovesTemporariesAndImportsNot
     EXPECT_EQ(outcome.status, OutcomeStatus::Cancelled);
     EXPECT_EQ(outcome.filesCancelled, 2u);
     EXPECT_EQ(outcome.itemsImported, 0u);
-    EXPECT_TRUE(TemporariesIn(Fnd::ToUTF8(destination)).empty());
+    EXPECT_TRUE(TemporariesIn(Fnd::ToUTF8(primary)).empty());
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Target("A001.MOV")), false));
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Target("A002.MOV")), false));
     ASSERT_EQ(log.tasks.size(), 1u);
@@ -160,45 +148,6 @@ TEST_F(TaskServiceControlTest, CancelStopsMidFileRemovesTemporariesAndImportsNot
     // A cancelled batch is over: there is nothing to resume.
     EXPECT_EQ(service.GetJournal().LoadBatch(batch)->state, BatchState::Cancelled);
     EXPECT_EQ(service.Resume(batch), TaskService::ResumeResult::NotResumable);
-}
-
-TEST_F(TaskServiceControlTest, ProgressCountsSourcesOnceAndOutcomesComeLast) {
-    std::vector<QL::IngestTask::CopyUnitRef> toPrimary;
-    std::vector<QL::IngestTask::CopyUnitRef> toBackup;
-    for (const char* name : {"A001.MOV", "A002.MOV", "A003.MOV"}) {
-        tree.MakeFileOfSize(std::string("card/") + name, 2u << 20);
-        toPrimary.push_back(FileUnit(source, destination, name));
-        toBackup.push_back(FileUnit(source, tree.Path("backup"), name));
-    }
-    TaskService service(TestOptions(home));
-    service.SubmitCopyTask(CopyOf(toPrimary, QL::IngestTask::kVerifyFileSize, true), batch, {});
-    service.SubmitCopyTask(CopyOf(toBackup, QL::IngestTask::kVerifyFileSize, false), batch, {});
-    StartBatch(batch);
-    const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
-    EXPECT_EQ(outcome.filesCopied, 6u);
-    EXPECT_EQ(outcome.bytesRead, 6u << 20);
-
-    ASSERT_GE(log.progress.size(), 2u);
-    EXPECT_EQ(log.progress.front().filesTotal, 3u);
-    EXPECT_EQ(log.progress.front().bytesTotal, 6u << 20);
-    std::uint64_t bytes = 0;
-    for (const BatchProgressMessage& progress : log.progress) {
-        EXPECT_EQ(progress.batch, batch);
-        EXPECT_GE(progress.bytesDone, bytes);
-        EXPECT_LE(progress.bytesDone, progress.bytesTotal);
-        bytes = progress.bytesDone;
-    }
-    EXPECT_EQ(log.progress.back().filesDone, 3u);
-    EXPECT_EQ(log.progress.back().bytesDone, 6u << 20);
-    EXPECT_TRUE(log.progress.back().currentFile.empty());
-
-    EXPECT_EQ(log.files.size(), 6u);
-    ASSERT_EQ(log.tasks.size(), 2u);
-    EXPECT_EQ(log.tasks[0].task, 0u);
-    EXPECT_EQ(log.tasks[0].itemsImported, 3u);
-    EXPECT_EQ(log.tasks[1].task, 1u);
-    EXPECT_EQ(log.tasks[1].itemsImported, 0u) << "a backup is not imported";
-    EXPECT_EQ(log.batches.size(), 1u);
 }
 
 TEST_F(TaskServiceControlTest, AStartWithNothingSubmittedStillEnds) {

@@ -34,14 +34,8 @@ std::shared_ptr<QL::IngestItem> InPlaceItem(const Fnd::WString& path, const Fnd:
     return item;
 }
 
-class TaskServiceImportTest : public ::testing::Test {
+class TaskServiceImportTest : public EngineTest {
 protected:
-    void SetUp() override {
-        source = tree.MakeFolder("card");
-        primary = tree.Path("primary");
-        backup = tree.Path("backup");
-    }
-
     Fnd::WString In(const Fnd::WString& folder, std::u16string_view name) const {
         return Mid::Utilities::CombinePaths(folder, name);
     }
@@ -54,14 +48,6 @@ protected:
     std::vector<Proj::ProjectItem> ProjectItems() const {
         return Proj::Project::Open(home.ProjectPath())->Items();
     }
-
-    ScopedIgdHome home;
-    TempTree tree;
-    Fnd::WString source;
-    Fnd::WString primary;
-    Fnd::WString backup;
-    ServiceMessageLog log;
-    fluxcore::utility::Guid batch = fluxcore::utility::Guid::CreateUnique();
 };
 
 TEST_F(TaskServiceImportTest, ThePrimaryCopyIsImportedIntoTheStartBinWithNameGuidAndSideFiles) {
