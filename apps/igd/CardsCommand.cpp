@@ -3,7 +3,9 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "Browse/CardScanScope.h"
 #include "Browse/ProviderRegistry.h"
 #include "Fnd/PathUtils.h"
 #include "OutputFormat.h"
@@ -12,7 +14,7 @@ namespace igd {
 namespace {
 
 struct CardsOptions {
-    std::string path;
+    std::vector<std::string> paths;
     bool json = false;
 };
 
@@ -20,6 +22,17 @@ struct CardsOptions {
 std::string FamilyName(const std::string& identification) {
     const std::size_t at = identification.rfind("Provider");
     return at == std::string::npos ? identification : identification.substr(at + 8);
+}
+
+// Whether a clip of the cards lists a file below root.
+bool HoldsFileOfOthers(const Fnd::WString& root, const std::vector<std::vector<Browse::CardClip>>& cards) {
+    const Fnd::WString prefix = root.ends_with(u'/') ? root : root + u'/';
+    for (const std::vector<Browse::CardClip>& clips : cards)
+        for (const Browse::CardClip& clip : clips)
+            for (const Fnd::WString& file : clip.files)
+                if (file.starts_with(prefix))
+                    return true;
+    return false;
 }
 
 void PrintText(const std::vector<Browse::CardClip>& clips) {
@@ -47,18 +60,39 @@ void PrintJson(const std::vector<Browse::CardClip>& clips) {
 }
 
 int RunCards(const CardsOptions& options) {
-    const Fnd::WString path = Fnd::PathUtils::ToNormalizedPath(Fnd::FromUTF8(options.path));
-    if (!Fnd::PathUtils::ExistsOnDisk(path, true)) {
-        std::cerr << "igd cards: " << options.path << " is not a folder\n";
-        return 2;
+    std::vector<Fnd::WString> roots;
+    for (const std::string& given : options.paths) {
+        const Fnd::WString path = Fnd::PathUtils::ToNormalizedPath(Fnd::FromUTF8(given));
+        if (!Fnd::PathUtils::ExistsOnDisk(path, true)) {
+            std::cerr << "igd cards: " << given << " is not a folder\n";
+            return 2;
+        }
+        roots.push_back(path);
     }
-    const std::vector<Browse::CardClip> clips = Browse::ProviderRegistry::FindCardClips(path);
-    if (options.json)
-        PrintJson(clips);
-    else if (clips.empty())
-        std::cout << "No camera card structure in " << Fnd::ToUTF8(path) << "\n";
-    else
-        PrintText(clips);
+    // The cards named are open together: a recording that continues on a card beside its first is
+    // listed once, as a clip of the card it starts on.
+    const Browse::CardScanScope scans(roots);
+    std::vector<std::vector<Browse::CardClip>> clipsOfRoot;
+    for (const Fnd::WString& root : roots)
+        clipsOfRoot.push_back(Browse::ProviderRegistry::FindCardClips(root));
+    if (options.json) {
+        std::vector<Browse::CardClip> all;
+        for (const std::vector<Browse::CardClip>& clips : clipsOfRoot)
+            all.insert(all.end(), clips.begin(), clips.end());
+        PrintJson(all);
+        return 0;
+    }
+    for (std::size_t i = 0; i < roots.size(); ++i) {
+        if (roots.size() > 1)
+            std::cout << Fnd::ToUTF8(roots[i]) << ":\n";
+        if (!clipsOfRoot[i].empty())
+            PrintText(clipsOfRoot[i]);
+        else if (HoldsFileOfOthers(roots[i], clipsOfRoot))
+            std::cout << "No clips of its own in " << Fnd::ToUTF8(roots[i])
+                      << ": its recordings continue those of a card beside it\n";
+        else
+            std::cout << "No camera card structure in " << Fnd::ToUTF8(roots[i]) << "\n";
+    }
     return 0;
 }
 
@@ -67,8 +101,9 @@ int RunCards(const CardsOptions& options) {
 void RegisterCardsCommand(CLI::App& app, CommandTable& table) {
     auto options = std::make_shared<CardsOptions>();
     CLI::App* cards =
-        app.add_subcommand("cards", "list the clips of the camera cards at a path, with their files");
-    cards->add_option("path", options->path, "a card's root folder")->required();
+        app.add_subcommand("cards", "list the clips of the camera cards at the paths, with their files");
+    cards->add_option("path", options->paths, "card root folders; cards beside each other are open together")
+        ->required();
     cards->add_flag("--json", options->json, "print the clips as JSON");
     table.Add(cards, [options] { return RunCards(*options); });
 }

@@ -1,5 +1,6 @@
 #include "IngestSources.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <set>
@@ -37,14 +38,30 @@ Fnd::WString LowerExtension(const fs::path& path) {
     return extension;
 }
 
+// Every file of the clips, in lexically normal form.
+std::unordered_set<std::string> ClaimedFiles(const std::vector<std::vector<Browse::CardClip>>& cards) {
+    std::unordered_set<std::string> claimed;
+    for (const std::vector<Browse::CardClip>& clips : cards)
+        for (const Browse::CardClip& clip : clips)
+            for (const Fnd::WString& file : clip.files)
+                claimed.insert(NativePath(file).lexically_normal().string());
+    return claimed;
+}
+
+// Whether a clip claims a file below the folder: a card holding nothing but the end of a recording
+// that started on a card beside it is still a card, not a plain folder to copy whole.
+bool HoldsClaimedFile(const Fnd::WString& folder, const std::unordered_set<std::string>& claimed) {
+    const std::string prefix = (NativePath(folder).lexically_normal() / "").string();
+    return std::any_of(claimed.begin(), claimed.end(),
+                       [&prefix](const std::string& file) { return file.starts_with(prefix); });
+}
+
 // Media on a card that no clip claims: a clip the camera never finished indexing, or files put
 // there by hand. Leaving them behind would lose them when the card is formatted. Sidecars come
-// with their media; hidden files and the cards' own index files stay.
-std::vector<fs::path> LooseMediaFiles(const fs::path& cardRoot, const std::vector<Browse::CardClip>& clips) {
-    std::unordered_set<std::string> claimed;
-    for (const Browse::CardClip& clip : clips)
-        for (const Fnd::WString& file : clip.files)
-            claimed.insert(NativePath(file).lexically_normal().string());
+// with their media; hidden files and the cards' own index files stay. Claims come from every card
+// of the ingest, since a recording that continues from another card claims files on this one.
+std::vector<fs::path> LooseMediaFiles(const fs::path& cardRoot,
+                                      const std::unordered_set<std::string>& claimed) {
     const std::set<Fnd::WString> media =
         Plug::ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeAll);
 
@@ -72,12 +89,12 @@ std::vector<fs::path> LooseMediaFiles(const fs::path& cardRoot, const std::vecto
 // Gathers a card the way the browser shows it: each clip through its card provider, each loose
 // media file through the plain directory provider, all relative to the folder that holds the card.
 void GatherCard(IGD::IIngestDialogData& session, const Fnd::WString& cardRoot,
-                const std::vector<Browse::CardClip>& clips) {
+                const std::vector<Browse::CardClip>& clips, const std::unordered_set<std::string>& claimed) {
     for (const Browse::CardClip& clip : clips)
         IGD::GatherPathItems(session, clip.mediaPath);
     const fs::path root = NativePath(cardRoot);
     const fs::path holder = root.parent_path();
-    for (const fs::path& file : LooseMediaFiles(root, clips))
+    for (const fs::path& file : LooseMediaFiles(root, claimed))
         IGD::AddBrowserItems(
             session, IGD::CheckedItems{{WidePath(file), WidePath(file.lexically_relative(holder))}},
             IGD::ClipSettings{}, &Browse::ProviderRegistry::PlainDirectory(), holder.string());
@@ -87,6 +104,9 @@ void GatherCard(IGD::IIngestDialogData& session, const Fnd::WString& cardRoot,
 class SessionsByRoot {
 public:
     void Take(const IGD::IIngestDialogData& gathered) {
+        // A card holding only the end of a recording gathers nothing of its own.
+        if (gathered.GetSelectedItems().empty())
+            return;
         const Fnd::WString root = gathered.GetSourceRoot();
         auto [found, added] = index_.emplace(root, sessions_.size());
         if (added) {
@@ -132,19 +152,31 @@ std::vector<Fnd::WString> DistinctSources(const std::vector<Fnd::WString>& sourc
 }
 
 std::vector<IGD::IngestDialogDataRef> GatherIngestSessions(const std::vector<Fnd::WString>& sources) {
-    // Several sources usually lie on one card: it is read once for all of them.
-    const Browse::CardScanScope scans;
+    // The folders named are the cards open together: a recording that continues from one card on
+    // another beside it is one clip. Several sources usually lie on one card: it is read once for
+    // all of them.
+    std::vector<Fnd::WString> folders;
+    for (const Fnd::WString& source : sources)
+        if (Fnd::PathUtils::IsDirectory(source))
+            folders.push_back(source);
+    const Browse::CardScanScope scans(folders);
+    std::vector<std::vector<Browse::CardClip>> clipsOfSource;
+    clipsOfSource.reserve(sources.size());
+    for (const Fnd::WString& source : sources)
+        clipsOfSource.push_back(Fnd::PathUtils::IsDirectory(source)
+                                    ? Browse::ProviderRegistry::FindCardClips(source)
+                                    : std::vector<Browse::CardClip>{});
+    const std::unordered_set<std::string> claimed = ClaimedFiles(clipsOfSource);
+
     SessionsByRoot sessions;
-    for (const Fnd::WString& source : sources) {
+    for (std::size_t i = 0; i < sources.size(); ++i) {
         const IGD::IngestDialogDataRef gathered =
             IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData());
-        const std::vector<Browse::CardClip> clips = Fnd::PathUtils::IsDirectory(source)
-                                                        ? Browse::ProviderRegistry::FindCardClips(source)
-                                                        : std::vector<Browse::CardClip>{};
-        if (!clips.empty())
-            GatherCard(*gathered, source, clips);
+        if (!clipsOfSource[i].empty() || (!Browse::CardScanScope::CardsOpenBeside(sources[i]).empty() &&
+                                          HoldsClaimedFile(sources[i], claimed)))
+            GatherCard(*gathered, sources[i], clipsOfSource[i], claimed);
         else
-            IGD::GatherPathItems(*gathered, source);
+            IGD::GatherPathItems(*gathered, sources[i]);
         sessions.Take(*gathered);
     }
     return std::move(sessions).Sessions();

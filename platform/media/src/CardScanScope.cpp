@@ -1,5 +1,6 @@
 #include "Browse/CardScanScope.h"
 
+#include <algorithm>
 #include <set>
 #include <tuple>
 #include <unordered_map>
@@ -29,30 +30,57 @@ struct CardScan {
     }
 };
 
-CardScan FreshScan(const CardProvider& provider, const Fnd::WString& cardRoot) {
-    return {std::make_shared<const std::vector<CardClip>>(provider.FindClips(cardRoot)), {}, false};
+// A root spelled with or without a trailing separator names the same card.
+card::fs::path NormalRoot(const Fnd::WString& root) {
+    card::fs::path path = card::ToPath(root).lexically_normal();
+    if (path.filename().empty() && path.has_relative_path())
+        path = path.parent_path();
+    return path;
 }
 
 } // namespace
 
 struct CardScanScope::Scans {
+    std::vector<card::fs::path> openCards;
     std::map<std::pair<const CardProvider*, Fnd::WString>, CardScan> cards;
     std::map<std::tuple<const ProviderWrapper*, Fnd::WString, std::set<std::string>>,
              std::shared_ptr<const Content>>
         contents;
 
+    std::vector<Fnd::WString> OpenBeside(const Fnd::WString& cardRoot) const {
+        if (openCards.empty())
+            return {};
+        const card::fs::path root = NormalRoot(cardRoot);
+        if (std::find(openCards.begin(), openCards.end(), root) == openCards.end())
+            return {};
+        std::vector<Fnd::WString> beside;
+        for (const card::fs::path& open : openCards)
+            if (open != root && open.parent_path() == root.parent_path())
+                beside.push_back(card::ToWide(open));
+        return beside;
+    }
+
     CardScan& Card(const CardProvider& provider, const Fnd::WString& cardRoot) {
         auto key = std::make_pair(&provider, cardRoot);
         auto found = cards.find(key);
-        if (found == cards.end())
-            found = cards.emplace(std::move(key), FreshScan(provider, cardRoot)).first;
+        if (found == cards.end()) {
+            auto clips = std::make_shared<const std::vector<CardClip>>(
+                provider.FindClipsAmong(cardRoot, OpenBeside(cardRoot)));
+            found = cards.emplace(std::move(key), CardScan{std::move(clips), {}, false}).first;
+        }
         return found->second;
     }
 };
 
 namespace {
+
 thread_local CardScanScope::Scans* t_active = nullptr;
+
+CardScan FreshScan(const CardProvider& provider, const Fnd::WString& cardRoot) {
+    return {std::make_shared<const std::vector<CardClip>>(provider.FindClips(cardRoot)), {}, false};
 }
+
+} // namespace
 
 CardScanScope::CardScanScope() {
     if (!t_active) {
@@ -61,15 +89,29 @@ CardScanScope::CardScanScope() {
     }
 }
 
+CardScanScope::CardScanScope(const std::vector<Fnd::WString>& cardsOpenTogether)
+    : owned_(std::make_unique<Scans>()), outer_(t_active) {
+    for (const Fnd::WString& root : cardsOpenTogether) {
+        card::fs::path normal = NormalRoot(root);
+        if (std::find(owned_->openCards.begin(), owned_->openCards.end(), normal) == owned_->openCards.end())
+            owned_->openCards.push_back(std::move(normal));
+    }
+    t_active = owned_.get();
+}
+
 CardScanScope::~CardScanScope() {
     if (owned_)
-        t_active = nullptr;
+        t_active = outer_;
 }
 
 CardScanScope::ClipList CardScanScope::Clips(const CardProvider& provider, const Fnd::WString& cardRoot) {
     if (!t_active)
         return FreshScan(provider, cardRoot).clips;
     return t_active->Card(provider, cardRoot).clips;
+}
+
+std::vector<Fnd::WString> CardScanScope::CardsOpenBeside(const Fnd::WString& cardRoot) {
+    return t_active ? t_active->OpenBeside(cardRoot) : std::vector<Fnd::WString>{};
 }
 
 namespace scans {

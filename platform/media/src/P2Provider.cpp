@@ -16,6 +16,8 @@ struct P2Part {
     std::string id; // as on disk
     P2ClipXml xml;
     CardClip clip;
+    // 0 for the card being scanned, else the card beside it that holds the part.
+    std::size_t card = 0;
 };
 
 // The files of one clip that carry a channel each, <id>00 to <id>15, in channel order.
@@ -29,6 +31,18 @@ void AppendChannels(const NameIndex& folder, const std::string& id, std::string_
     }
 }
 
+// Whether a part links to one that is not on its card: only then can another card complete it.
+bool LinksOffCard(const std::vector<P2Part>& parts) {
+    std::set<std::string> ids;
+    for (const P2Part& part : parts)
+        if (!part.xml.globalClipId.empty())
+            ids.insert(part.xml.globalClipId);
+    auto missing = [&ids](const std::string& id) { return !id.empty() && !ids.count(id); };
+    return std::any_of(parts.begin(), parts.end(), [&](const P2Part& part) {
+        return missing(part.xml.top) || missing(part.xml.next) || missing(part.xml.previous);
+    });
+}
+
 class P2Provider : public CardFamilyProvider {
 public:
     P2Provider() : CardFamilyProvider("P2", {u"mxf"}) {}
@@ -38,6 +52,24 @@ public:
     }
 
     std::vector<CardClip> FindClips(const Fnd::WString& cardRoot) const override {
+        return JoinSpans(ReadParts(cardRoot, 0));
+    }
+
+    std::vector<CardClip> FindClipsAmong(const Fnd::WString& cardRoot,
+                                         const std::vector<Fnd::WString>& openBeside) const override {
+        std::vector<P2Part> parts = ReadParts(cardRoot, 0);
+        // Most cards hold whole recordings: the cards beside are read only for one that does not.
+        if (!openBeside.empty() && LinksOffCard(parts))
+            for (std::size_t i = 0; i < openBeside.size(); ++i) {
+                std::vector<P2Part> more = ReadParts(openBeside[i], i + 1);
+                parts.insert(parts.end(), std::make_move_iterator(more.begin()),
+                             std::make_move_iterator(more.end()));
+            }
+        return JoinSpans(std::move(parts));
+    }
+
+private:
+    std::vector<P2Part> ReadParts(const Fnd::WString& cardRoot, std::size_t card) const {
         const std::optional<fs::path> contents = ChildFolder(ToPath(cardRoot), "CONTENTS");
         // A CONTENTS folder without CLIP belongs to another family.
         const std::optional<fs::path> clipFolder = contents ? ChildFolder(*contents, "CLIP") : std::nullopt;
@@ -56,6 +88,7 @@ public:
                 continue;
             P2Part part;
             part.id = Stem(entry.name);
+            part.card = card;
             part.xml = ReadP2ClipXml(entry.path).value_or(P2ClipXml{});
             std::vector<Fnd::WString> files;
             video.AppendIfPresent(part.id + ".MXF", files);
@@ -73,13 +106,15 @@ public:
             part.clip.mediaPath = media;
             parts.push_back(std::move(part));
         }
-        return JoinSpans(std::move(parts));
+        return parts;
     }
 
-private:
     // Parts of one shot become one clip when their chain from the Top part runs unbroken to a
-    // part without Next; a broken chain leaves every part its own clip.
+    // part without Next; a broken chain leaves every part its own clip. Answers the clips of card
+    // 0: a joined clip belongs to the card of its Top part, wherever its other parts lie.
     static std::vector<CardClip> JoinSpans(std::vector<P2Part> parts) {
+        // Of two parts with one id (a card and its copy side by side), the scanned card's comes
+        // first and wins.
         std::map<std::string, std::size_t> byGlobalId;
         for (std::size_t i = 0; i < parts.size(); ++i)
             if (!parts[i].xml.globalClipId.empty())
@@ -89,7 +124,8 @@ private:
         std::vector<std::vector<std::size_t>> chains(parts.size());
         for (std::size_t i = 0; i < parts.size(); ++i) {
             const P2ClipXml& xml = parts[i].xml;
-            if (xml.globalClipId.empty() || xml.top != xml.globalClipId || xml.next.empty())
+            if (xml.globalClipId.empty() || xml.top != xml.globalClipId || xml.next.empty() ||
+                byGlobalId.at(xml.globalClipId) != i)
                 continue;
             std::vector<std::size_t> chain{i};
             std::set<std::size_t> seen{i};
@@ -120,9 +156,12 @@ private:
 
         std::vector<CardClip> clips;
         for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (parts[i].card != 0)
+                continue;
             if (!chains[i].empty()) {
+                // The Top part's media stands for the clip, so that its entry stays on its own
+                // card even should the offsets of the parts disagree with their chain.
                 CardClip clip = parts[i].clip;
-                clip.mediaPath = parts[chains[i].front()].clip.mediaPath;
                 clip.files.clear();
                 for (std::size_t member : chains[i])
                     clip.files.insert(clip.files.end(), parts[member].clip.files.begin(),

@@ -55,12 +55,21 @@ bool ProviderRegistry::FindClipOfFile(const Fnd::WString& filePath, const CardPr
         const Fnd::WString root = candidate->CardRootForFile(card::ToWide(file));
         if (root.empty())
             continue;
-        if (std::optional<CardClip> found = scans::ClipOfFile(*candidate, root, file.native())) {
-            provider = candidate;
-            cardRoot = root;
-            clip = std::move(*found);
+        auto foundOn = [&](const Fnd::WString& at) {
+            std::optional<CardClip> found = scans::ClipOfFile(*candidate, at, file.native());
+            if (found) {
+                provider = candidate;
+                cardRoot = at;
+                clip = std::move(*found);
+            }
+            return found.has_value();
+        };
+        if (foundOn(root))
             return true;
-        }
+        // A part of a recording that started on another open card belongs to that card's clip.
+        for (const Fnd::WString& beside : CardScanScope::CardsOpenBeside(root))
+            if (foundOn(beside))
+                return true;
     }
     return false;
 }

@@ -1,5 +1,8 @@
+#include <map>
+
 #include "CardFamilies.h"
 #include "CardFamilyProvider.h"
+#include "SmiReferences.h"
 
 namespace Browse {
 namespace {
@@ -10,6 +13,23 @@ using namespace card;
 // tells this family from XAVC S, whose M4ROOT also holds a MEDIAPRO.XML and a CLIP folder.
 bool IsXdcamRoot(const fs::path& folder) {
     return ChildFolder(folder, "Clip") && Child(folder, "MEDIAPRO.XML") && Child(folder, "DISCMETA.XML");
+}
+
+// The SMI files of Take/ and Edit/ by the upper-case name of each media file they refer to, Take
+// before Edit and each folder in name order. A take or an edit list belongs to every clip it
+// names, and to no other: its own name says nothing of the clips.
+std::map<std::string, std::vector<Fnd::WString>> SmiFilesByMedia(const fs::path& root) {
+    std::map<std::string, std::vector<Fnd::WString>> byMedia;
+    for (std::string_view name : {"Take", "Edit"}) {
+        const std::optional<fs::path> folder = ChildFolder(root, name);
+        if (!folder)
+            continue;
+        for (const Entry& entry : List(*folder))
+            if (IsFileOfType(entry, {"SMI"}))
+                for (const std::string& media : ReadSmiReferences(entry.path))
+                    byMedia[media].push_back(ToWide(entry.path));
+    }
+    return byMedia;
 }
 
 class XdcamProvider : public CardFamilyProvider {
@@ -44,6 +64,7 @@ private:
         const NameIndex clipIndex(ChildFolder(root, "Clip"));
         const NameIndex sub(ChildFolder(root, "Sub"));
         const NameIndex local(ChildFolder(root, "Local"));
+        const std::map<std::string, std::vector<Fnd::WString>> smiFiles = SmiFilesByMedia(root);
         // The clip name is the whole stem: user names may end in anything, so nothing is stripped
         // from it. Without its metadata file an MXF is not a clip of this card.
         AppendStemClips(
@@ -57,6 +78,9 @@ private:
                 sub.AppendIfPresent(stem + "S01.MXF", files);
                 local.AppendIfPresent(stem + "C01.SMI", files);
                 local.AppendIfPresent(stem + "I01.PPN", files);
+                // The whole file name is the key: C0001 must not take the lists of C00010.
+                if (auto named = smiFiles.find(Upper(stem + ".MXF")); named != smiFiles.end())
+                    files.insert(files.end(), named->second.begin(), named->second.end());
                 return true;
             },
             clips);

@@ -104,6 +104,17 @@ std::vector<FamilyCase> FamilyCases() {
           "Sub/C0001S01.MXF", "Clip/C0002.MXF", "Clip/Interview_01.MXF", "Clip/Interview_01M01.XML"},
          {{"C0001", {"Clip/C0001.MXF", "Clip/C0001M01.XML", "Clip/C0001R01.BIM", "Sub/C0001S01.MXF"}},
           {"Interview_01", {"Clip/Interview_01.MXF", "Clip/Interview_01M01.XML"}}}},
+        // A take list names one clip, an edit list two; C0001 must not take what names C00010.
+        {{"XdcamTakesTakeAndEditListsThatNameTheClip", "XDCAM", "CARD/XDROOT/"},
+         {"MEDIAPRO.XML", "DISCMETA.XML", "Clip/C0001.MXF", "Clip/C0001M01.XML", "Clip/C00010.MXF",
+          "Clip/C00010M01.XML", "Clip/C0002.MXF", "Clip/C0002M01.XML", "Take/T0002.SMI"},
+         {{"C0001", {"Clip/C0001.MXF", "Clip/C0001M01.XML", "Edit/E0001.SMI"}},
+          {"C00010", {"Clip/C00010.MXF", "Clip/C00010M01.XML", "Take/T0001.SMI"}},
+          {"C0002", {"Clip/C0002.MXF", "Clip/C0002M01.XML", "Edit/E0001.SMI"}}},
+         {{"Take/T0001.SMI", "<smil><body><par><video src=\"../Clip/C00010.MXF\" clipBegin=\"0\"/></par>"
+                             "</body></smil>"},
+          {"Edit/E0001.SMI", "<smil><body><seq><video src=\"../Clip/C0001.MXF\"/>\n"
+                             "<video src=\"../Clip/C0002.MXF\" clipBegin=\"25\"/></seq></body></smil>"}}},
         {{"CanonXfClipIsItsWholeFolderWithPartsFirst", "CanonXF", "CARD/CONTENTS/"},
          {"CLIPS001/INDEX.MIF", "CLIPS001/AA0001/AA000102.MXF", "CLIPS001/AA0001/AA000101.MXF",
           "CLIPS001/AA0001/AA000101.SIF", "CLIPS001/AA0001/AA000102.SIF", "CLIPS001/AA0001/AA0001.CIF",

@@ -57,22 +57,28 @@ TEST(CardReadsTest, RecognisingEveryStructureOpensOnlyIndexPlaylistAndClipFiles)
     const std::string p2 = "CARD/CONTENTS/";
     const std::string m4 = "CARD/PRIVATE/M4ROOT/";
     const std::string bd = "CARD/PRIVATE/AVCHD/BDMV/";
+    const std::string xd = "CARD/XDROOT/";
     tree.MakeFile(p2 + "CLIP/000AB1.XML", P2ClipXml("G1"));
     tree.MakeFile(bd + "PLAYLIST/00000.MPL", MplBytes({{"00000", false}}));
+    tree.MakeFile(xd + "Take/T0001.SMI", "<smil><video src=\"../Clip/C0001.MXF\"/></smil>");
+    tree.MakeFile(xd + "Edit/E0001.SMI", "<smil><video src=\"../Clip/C0001.MXF\"/></smil>");
     MakeFiles(tree, {p2 + "VIDEO/000AB1.MXF", p2 + "AUDIO/000AB100.MXF", p2 + "ICON/000AB1.BMP",
                      m4 + "MEDIAPRO.XML", m4 + "CLIP/C0001.MP4", m4 + "CLIP/C0001M01.XML",
                      m4 + "THMBNL/C0001T01.JPG", bd + "INDEX.BDM", bd + "MOVIEOBJ.BDM",
                      bd + "STREAM/00000.MTS", bd + "CLIPINF/00000.CPI", "CARD/DCIM/100GOPRO/GH010001.MP4",
-                     "CARD/DCIM/100GOPRO/GH010001.THM"});
+                     "CARD/DCIM/100GOPRO/GH010001.THM", xd + "MEDIAPRO.XML", xd + "DISCMETA.XML",
+                     xd + "Clip/C0001.MXF", xd + "Clip/C0001M01.XML", xd + "Local/C0001C01.SMI"});
     OpenWatch watch(tree.NativePath() + "/CARD");
     if (!watch.Ok())
         GTEST_SKIP() << "inotify is not available here";
 
     const std::vector<Browse::CardClip> clips = Browse::ProviderRegistry::FindCardClips(tree.Path("CARD"));
-    ASSERT_EQ(clips.size(), 4u);
+    ASSERT_EQ(clips.size(), 5u);
 
-    const std::set<std::string> allowed{"000AB1.XML", "MEDIAPRO.XML", "C0001M01.XML", "00000.MPL",
-                                        "INDEX.BDM",  "MOVIEOBJ.BDM", "00000.CPI"};
+    // The take and edit lists say which clips they name only by their text.
+    const std::set<std::string> allowed{"000AB1.XML", "MEDIAPRO.XML", "C0001M01.XML",
+                                        "00000.MPL",  "INDEX.BDM",    "MOVIEOBJ.BDM",
+                                        "00000.CPI",  "T0001.SMI",    "E0001.SMI"};
     const std::set<std::string> opened = watch.OpenedFiles();
     // P2 clips come from their XML: seeing it opened shows the watch works.
     EXPECT_TRUE(opened.count("000AB1.XML"));

@@ -3,6 +3,7 @@
 // clips reduced to what a test compares (name and files relative to the tree).
 #include <cstdint>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -56,6 +57,20 @@ inline std::string P2ClipXml(const std::string& globalId, const std::string& top
         xml += "</Connection></Relation>";
     }
     return xml + "</ClipContent></P2Main>\n";
+}
+
+// A recording of one P2 camera that starts on first (clip 000A01) and continues on second (clip
+// 000B01, a different id as on a real second card). Files hold their own names, so that a copy
+// can be told from its neighbour. Paths are relative to the tree and name the card roots.
+inline void MakeSpannedP2Cards(TempTree& tree, const std::string& first, const std::string& second) {
+    for (const auto& [card, id, xml] : {std::tuple{first, "000A01", P2ClipXml("G1", "G1", "G2", {}, 0)},
+                                        std::tuple{second, "000B01", P2ClipXml("G2", "G1", {}, "G1", 300)}}) {
+        const std::string contents = card + "/CONTENTS/";
+        tree.MakeFile(contents + "CLIP/" + id + ".XML", xml);
+        for (const std::string& file :
+             {"VIDEO/" + std::string(id) + ".MXF", "AUDIO/" + std::string(id) + "00.MXF"})
+            tree.MakeFile(contents + file, contents + file);
+    }
 }
 
 // The bytes of an AVCHD playlist whose play items name the streams; an item marked true joins

@@ -20,6 +20,14 @@ public:
     // is not there. Names are matched without regard to case. Only index and clip XML files are
     // read.
     virtual std::vector<CardClip> FindClips(const Fnd::WString& cardRoot) const = 0;
+    // The same when the cards at openBeside, in the card root's own folder, are open with it. A
+    // family whose recordings continue from card to card joins them into the clip of the card the
+    // recording starts on, and the parts on this card are then no clips of their own. The others
+    // see each card alone.
+    virtual std::vector<CardClip> FindClipsAmong(const Fnd::WString& cardRoot,
+                                                 const std::vector<Fnd::WString>& /*openBeside*/) const {
+        return FindClips(cardRoot);
+    }
     // The folder where this family's structure starts for a file below it, when it can tell from
     // the path alone; empty otherwise. Lets a file be placed without listing every ancestor.
     virtual Fnd::WString CardRootForFile(const Fnd::WString& filePath) const = 0;

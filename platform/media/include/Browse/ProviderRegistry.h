@@ -17,8 +17,9 @@ public:
 
     // Every clip of every family found at the card root: a card may hold several structures.
     static std::vector<CardClip> FindCardClips(const Fnd::WString& cardRoot);
-    // The clip that holds the file, with the provider and card root that found it; false when the
-    // file belongs to no card clip.
+    // The clip that holds the file, with the provider and card root that found it (the card a
+    // joined recording starts on, for a part on another card); false when the file belongs to no
+    // card clip.
     static bool FindClipOfFile(const Fnd::WString& filePath, const CardProvider*& provider,
                                Fnd::WString& cardRoot, CardClip& clip);
 };
