@@ -351,6 +351,16 @@ TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndCopiesNothing)
     EXPECT_EQ(missing.err, "igd: no such file or folder: " + Native("card/A009.MOV") + "\n");
     EXPECT_FALSE(std::filesystem::exists(Native("main")));
 
+    const Ran noPreset =
+        RunIgd({"ingest", Native("card"), "--to", Native("main"), "--rename-preset", "Nope"});
+    EXPECT_EQ(noPreset.exitCode, 2);
+    EXPECT_EQ(noPreset.err, "igd: no rename preset is named \"Nope\"\n");
+    const Ran noField = RunIgd({"ingest", Native("card"), "--to", Native("main"), "--metadata-preset",
+                                "Production", "--set", "scen=1"});
+    EXPECT_EQ(noField.exitCode, 2);
+    EXPECT_EQ(noField.err, "igd: no field of the chosen templates has the key \"scen\"\n");
+    EXPECT_FALSE(std::filesystem::exists(Native("main")));
+
     const Ran intoItself = RunIgd({"ingest", Native("card"), "--to", Native("card/backup")});
     EXPECT_EQ(intoItself.exitCode, 2);
     EXPECT_EQ(intoItself.err, "igd: the destination lies inside a source: " + Native("card/backup") + "\n");
