@@ -86,6 +86,16 @@ std::vector<fs::path> LooseMediaFiles(const fs::path& cardRoot,
     return loose;
 }
 
+// Media files below the folder that no clip claims, through the plain directory provider,
+// relative to holder.
+void GatherLooseMedia(IGD::IIngestDialogData& session, const fs::path& folder, const fs::path& holder,
+                      const std::unordered_set<std::string>& claimed) {
+    for (const fs::path& file : LooseMediaFiles(folder, claimed))
+        IGD::AddBrowserItems(
+            session, IGD::CheckedItems{{WidePath(file), WidePath(file.lexically_relative(holder))}},
+            IGD::ClipSettings{}, &Browse::ProviderRegistry::PlainDirectory(), holder.string());
+}
+
 // Gathers a card the way the browser shows it: each clip through its card provider, each loose
 // media file through the plain directory provider, all relative to the folder that holds the card.
 void GatherCard(IGD::IIngestDialogData& session, const Fnd::WString& cardRoot,
@@ -93,11 +103,39 @@ void GatherCard(IGD::IIngestDialogData& session, const Fnd::WString& cardRoot,
     for (const Browse::CardClip& clip : clips)
         IGD::GatherPathItems(session, clip.mediaPath);
     const fs::path root = NativePath(cardRoot);
-    const fs::path holder = root.parent_path();
-    for (const fs::path& file : LooseMediaFiles(root, claimed))
-        IGD::AddBrowserItems(
-            session, IGD::CheckedItems{{WidePath(file), WidePath(file.lexically_relative(holder))}},
-            IGD::ClipSettings{}, &Browse::ProviderRegistry::PlainDirectory(), holder.string());
+    GatherLooseMedia(session, root, root.parent_path(), claimed);
+}
+
+// The cards directly inside a folder that is no card itself, such as the folder a system mounts
+// its card readers in, in name order.
+std::vector<Fnd::WString> CardsInside(const Fnd::WString& folder) {
+    std::vector<fs::path> children;
+    std::error_code error;
+    for (fs::directory_iterator it(NativePath(folder), fs::directory_options::skip_permission_denied, error),
+         end;
+         it != end; it.increment(error))
+        if (it->is_directory(error) && !it->path().filename().string().starts_with("."))
+            children.push_back(it->path());
+    std::sort(children.begin(), children.end());
+    std::vector<Fnd::WString> cards;
+    for (const fs::path& child : children)
+        if (!Browse::ProviderRegistry::FindCardClips(WidePath(child)).empty())
+            cards.push_back(WidePath(child));
+    return cards;
+}
+
+// A folder of cards is opened like a card reader: its cards together, so that recordings continue
+// from one to the next, and the media beside them; all land side by side in the destination.
+void GatherFolderOfCards(IGD::IIngestDialogData& session, const Fnd::WString& folder,
+                         const std::vector<Fnd::WString>& cards) {
+    const Browse::CardScanScope together(cards);
+    std::vector<std::vector<Browse::CardClip>> clipsOfCard;
+    for (const Fnd::WString& card : cards)
+        clipsOfCard.push_back(Browse::ProviderRegistry::FindCardClips(card));
+    for (const std::vector<Browse::CardClip>& clips : clipsOfCard)
+        for (const Browse::CardClip& clip : clips)
+            IGD::GatherPathItems(session, clip.mediaPath);
+    GatherLooseMedia(session, NativePath(folder), NativePath(folder), ClaimedFiles(clipsOfCard));
 }
 
 // Sessions by source root, in the order the roots first appear, with each item path once.
@@ -175,6 +213,11 @@ std::vector<IGD::IngestDialogDataRef> GatherIngestSessions(const std::vector<Fnd
         if (!clipsOfSource[i].empty() || (!Browse::CardScanScope::CardsOpenBeside(sources[i]).empty() &&
                                           HoldsClaimedFile(sources[i], claimed)))
             GatherCard(*gathered, sources[i], clipsOfSource[i], claimed);
+        else if (const std::vector<Fnd::WString> cards = Fnd::PathUtils::IsDirectory(sources[i])
+                                                             ? CardsInside(sources[i])
+                                                             : std::vector<Fnd::WString>{};
+                 !cards.empty())
+            GatherFolderOfCards(*gathered, sources[i], cards);
         else
             IGD::GatherPathItems(*gathered, sources[i]);
         sessions.Take(*gathered);

@@ -12,8 +12,9 @@ namespace igd {
 std::vector<Fnd::WString> DistinctSources(const std::vector<Fnd::WString>& sources);
 
 // The sessions of one `igd ingest`, filled with items as the dialog's browser would tick them:
-// a card root gives its clips and every other media file on it; any other folder is one item,
-// whole; a file gives its clip, the rest of the clip coming along when it lies on a card. Items
+// a card root gives its clips and every other media file on it; a folder with cards directly
+// inside gives their clips (the cards open together) and the other media in it, relative to
+// itself; any other folder is one item, whole; a file gives its clip, the rest of the clip coming along when it lies on a card. Items
 // that share a source root share a session, in the order of their first source; an item named
 // twice is taken once.
 std::vector<IGD::IngestDialogDataRef> GatherIngestSessions(const std::vector<Fnd::WString>& sources);

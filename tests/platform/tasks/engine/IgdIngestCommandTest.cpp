@@ -308,6 +308,19 @@ TEST_F(IgdIngestCardTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMeta
         << "the next ingest numbers on from the last";
 }
 
+TEST_F(IgdIngestCardTest, AFolderOfCardsIsOpenedLikeACardReader) {
+    tree.MakeFile("SHOOT/Sound/ROLL1.WAV", "roll one");
+    tree.MakeFile("SHOOT/Sound/notes.txt", "no media");
+    const Ran ran = RunIgd({"ingest", Native("SHOOT"), "--to", Native("main")});
+    ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
+    EXPECT_EQ(ReadWholeFile(Native("main/CARD01/CONTENTS/VIDEO/0001AB.MXF")), "video 0001AB");
+    EXPECT_EQ(ReadWholeFile(Native("main/CARD01/EXTRA/B001.MOV")), "b camera");
+    EXPECT_EQ(ReadWholeFile(Native("main/Sound/ROLL1.WAV")), "roll one");
+    EXPECT_FALSE(std::filesystem::exists(Native("main/Sound/notes.txt")));
+    EXPECT_FALSE(std::filesystem::exists(Native("main/SHOOT")));
+    EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), 5u) << "two card clips, three files";
+}
+
 TEST_F(IgdIngestCardTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
     struct Case {
         std::vector<std::string> options;
