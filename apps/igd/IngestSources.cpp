@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
-#include <set>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -26,16 +24,6 @@ fs::path NativePath(const Fnd::WString& path) {
 
 Fnd::WString WidePath(const fs::path& path) {
     return Fnd::FromUTF8(path.string());
-}
-
-Fnd::WString LowerExtension(const fs::path& path) {
-    Fnd::WString extension = Fnd::FromUTF8(path.extension().string());
-    if (!extension.empty())
-        extension.erase(0, 1);
-    for (char16_t& c : extension)
-        if (c >= u'A' && c <= u'Z')
-            c = static_cast<char16_t>(c - u'A' + u'a');
-    return extension;
 }
 
 // Every file of the clips, in lexically normal form.
@@ -62,9 +50,6 @@ bool HoldsClaimedFile(const Fnd::WString& folder, const std::unordered_set<std::
 // of the ingest, since a recording that continues from another card claims files on this one.
 std::vector<fs::path> LooseMediaFiles(const fs::path& cardRoot,
                                       const std::unordered_set<std::string>& claimed) {
-    const std::set<Fnd::WString> media =
-        Plug::ImportableFileTypeUtils::GetImportableFileExtensions(Plug::kImportableFileTypeAll);
-
     std::vector<fs::path> loose;
     std::error_code error;
     for (fs::recursive_directory_iterator it(cardRoot, fs::directory_options::skip_permission_denied, error),
@@ -78,7 +63,7 @@ std::vector<fs::path> LooseMediaFiles(const fs::path& cardRoot,
         }
         if (!it->is_regular_file(error) || claimed.count(path.lexically_normal().string()) != 0)
             continue;
-        if (media.count(LowerExtension(path)) != 0)
+        if (Plug::ImportableFileTypeUtils::IsImportableFile(WidePath(path)))
             loose.push_back(path);
     }
     // Directory order is the filesystem's; the user expects the order a listing shows.
@@ -96,12 +81,17 @@ void GatherLooseMedia(IGD::IIngestDialogData& session, const fs::path& folder, c
             IGD::ClipSettings{}, &Browse::ProviderRegistry::PlainDirectory(), holder.string());
 }
 
+// Each clip through its card provider, as the browser shows it.
+void GatherClips(IGD::IIngestDialogData& session, const std::vector<Browse::CardClip>& clips) {
+    for (const Browse::CardClip& clip : clips)
+        IGD::GatherPathItems(session, clip.mediaPath);
+}
+
 // Gathers a card the way the browser shows it: each clip through its card provider, each loose
 // media file through the plain directory provider, all relative to the folder that holds the card.
 void GatherCard(IGD::IIngestDialogData& session, const Fnd::WString& cardRoot,
                 const std::vector<Browse::CardClip>& clips, const std::unordered_set<std::string>& claimed) {
-    for (const Browse::CardClip& clip : clips)
-        IGD::GatherPathItems(session, clip.mediaPath);
+    GatherClips(session, clips);
     const fs::path root = NativePath(cardRoot);
     GatherLooseMedia(session, root, root.parent_path(), claimed);
 }
@@ -133,8 +123,7 @@ void GatherFolderOfCards(IGD::IIngestDialogData& session, const Fnd::WString& fo
     for (const Fnd::WString& card : cards)
         clipsOfCard.push_back(Browse::ProviderRegistry::FindCardClips(card));
     for (const std::vector<Browse::CardClip>& clips : clipsOfCard)
-        for (const Browse::CardClip& clip : clips)
-            IGD::GatherPathItems(session, clip.mediaPath);
+        GatherClips(session, clips);
     GatherLooseMedia(session, NativePath(folder), NativePath(folder), ClaimedFiles(clipsOfCard));
 }
 

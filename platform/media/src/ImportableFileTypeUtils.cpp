@@ -67,6 +67,15 @@ public:
         return out;
     }
 
+    bool Reads(const Fnd::WString& extension) {
+        std::lock_guard lock(mutex_);
+        for (const auto& [name, kinds] : providers_)
+            for (const auto& [kind, extensions] : kinds)
+                if (extensions.count(extension) != 0 || extensions.count(u"*") != 0)
+                    return true;
+        return false;
+    }
+
 private:
     std::mutex mutex_;
     std::map<std::string, std::map<int, std::set<Fnd::WString>>, std::less<>> providers_;
@@ -83,6 +92,15 @@ std::set<Fnd::WString> ImportableFileTypeUtils::GetImportableFileExtensions(int 
     if (type != kImportableFileTypeAll && !IsKnownType(type))
         return {};
     return TheRegistry().Collect(type);
+}
+
+bool ImportableFileTypeUtils::IsImportableFile(Fnd::WStringView path) {
+    const std::size_t slash = path.find_last_of(u'/');
+    const Fnd::WStringView name = slash == Fnd::WStringView::npos ? path : path.substr(slash + 1);
+    const std::size_t dot = name.find_last_of(u'.');
+    if (dot == Fnd::WStringView::npos || dot == 0)
+        return TheRegistry().Reads(u"");
+    return TheRegistry().Reads(CanonicalExtension(name.substr(dot)));
 }
 
 void ImportableFileTypeUtils::RegisterProviderExtensions(std::string_view provider, ImportableFileType type,

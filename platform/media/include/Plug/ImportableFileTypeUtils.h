@@ -23,6 +23,8 @@ public:
     // Lower-case extensions without dot, sorted; "*" when a provider reads any file. Type 6
     // answers every kind.
     static std::set<Fnd::WString> GetImportableFileExtensions(int type);
+    // Whether some provider reads the file, judged by its extension without regard to case.
+    static bool IsImportableFile(Fnd::WStringView path);
 
     // Adds extensions of one kind for a provider; "mov", ".mov", "*.MOV" all add "mov". A
     // provider may register several kinds, and again to add more.
