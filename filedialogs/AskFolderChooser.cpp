@@ -1,6 +1,6 @@
 #include "Fnd/PathUtils.h"
 #include "IGD/FileDialogs.h"
-#include "shell/toolkit/fluxui/dialogs/OS_FolderChooserDialog.h"
+#include "fluxui/dialogs/OS_FolderChooserDialog.h"
 
 namespace IGD {
 

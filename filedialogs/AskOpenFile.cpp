@@ -9,10 +9,10 @@
 #include "IGD/WinCommonOpenDialogWrapper.h"
 #include "Proj/LastUsedDirectory.h"
 #include "settings/PreferenceAccess.h"
-#include "shell/toolkit/AppFrame/ParentAndChildWindowDisabler.h"
-#include "shell/toolkit/AppFrame/PlayerControl.h"
-#include "shell/toolkit/AppFrame/Workspace.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeManager.h"
+#include "AppFrame/ParentAndChildWindowDisabler.h"
+#include "AppFrame/PlayerControl.h"
+#include "AppFrame/Workspace.h"
+#include "fluxui/ui/UI_NodeManager.h"
 
 namespace IGD {
 namespace {

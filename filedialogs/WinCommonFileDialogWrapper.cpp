@@ -8,7 +8,7 @@
 #include "Plug/ImportableFileTypeUtils.h"
 #include "filedialogs/FileDialogTexts.h"
 #include "fluxcore/ZString.h"
-#include "shell/toolkit/fluxui/Messagebox.h"
+#include "fluxui/Messagebox.h"
 
 namespace IGD {
 namespace {

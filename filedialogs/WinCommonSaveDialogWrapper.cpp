@@ -6,7 +6,7 @@
 #include "Fnd/PathUtils.h"
 #include "filedialogs/FileDialogTexts.h"
 #include "fluxcore/ZString.h"
-#include "shell/toolkit/fluxui/Messagebox.h"
+#include "fluxui/Messagebox.h"
 
 namespace IGD {
 namespace {

@@ -7,7 +7,7 @@
 #include "Mid/KilnInstalled.h"
 #include "Proj/PreferenceBatch.h"
 #include "QL/Utilities.h"
-#include "pipeline/HostKind.h"
+#include "host/HostKind.h"
 #include "settings/DestinationPersistence.h"
 #include "settings/PreferenceAccess.h"
 #include "settings/SettingKeys.h"

@@ -1,4 +1,4 @@
-#include "settings/PreferenceEditor.h"
+#include "IGD/PreferenceEditor.h"
 
 #include <charconv>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "transfer/PowerSwitchSectionView.h"
 
-#include "pipeline/HostKind.h"
+#include "host/HostKind.h"
 
 namespace wrangler::ui {
 

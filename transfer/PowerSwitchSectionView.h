@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "shell/toolkit/fluxui/controls/UI_PictureButton.h"
+#include "fluxui/controls/UI_PictureButton.h"
 #include "transfer/SectionViewEx.h"
 
 namespace wrangler::ui {

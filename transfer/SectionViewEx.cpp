@@ -4,8 +4,8 @@
 #include <stdexcept>
 
 #include "fluxcore/ConfigError.h"
-#include "shell/toolkit/AppFrame/ColorManager.h"
-#include "shell/toolkit/fluxui/utils/DrawOutline.h"
+#include "AppFrame/ColorManager.h"
+#include "fluxui/utils/DrawOutline.h"
 
 namespace wrangler::ui {
 

@@ -8,9 +8,9 @@
 #include <boost/intrusive_ptr.hpp>
 
 #include "Fnd/WString.h"
-#include "shell/toolkit/fluxcore/geom/Geometry.h"
-#include "shell/toolkit/fluxui/controls/UI_SectionView.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeBuilder.h"
+#include "fluxcore/geom/Geometry.h"
+#include "fluxui/controls/UI_SectionView.h"
+#include "fluxui/ui/UI_NodeBuilder.h"
 
 namespace fluxui::utility {
 class ResourceManager;

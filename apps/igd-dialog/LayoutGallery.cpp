@@ -10,8 +10,7 @@
 
 #include "IgdQt/QtStrings.h"
 #include "IgdQt/TreeSnapshot.h"
-#include "shell/resources/IngestResources.h"
-#include "shell/toolkit/fluxui/controls/UI_ScrollView.h"
+#include "fluxui/controls/UI_ScrollView.h"
 
 namespace igd::dialog {
 namespace {
@@ -21,22 +20,21 @@ const QString kSectionsEntry = QStringLiteral("All layouts in sections");
 constexpr float kSectionStackHeight = 480.0f;
 
 qt::PictureSource Pictures() {
-    IGD::IngestResources::Create(nullptr);
-    return qt::PictureSource(IGD::IngestResources::GetResourceManager());
+    return qt::PictureSource(IGD::IngestResourceManager());
 }
 
 fluxui::ui::UI_NodeRef BuildAllInSections(const std::vector<std::string>& names, float width) {
-    std::vector<qt::LayoutPreview> layouts;
+    std::vector<IGD::LayoutPreview> layouts;
     for (const std::string& name : names)
         layouts.push_back(
-            qt::BuildLayoutPreview(name, width - fluxui::controls::UI_ScrollView::kScrollBarSize));
-    return qt::BuildSectionStack(layouts, width, kSectionStackHeight);
+            IGD::BuildLayoutPreview(name, width - fluxui::controls::UI_ScrollView::kScrollBarSize));
+    return IGD::BuildSectionStack(layouts, width, kSectionStackHeight);
 }
 
 } // namespace
 
 LayoutGallery::LayoutGallery(float layoutWidth, QWidget* parent)
-    : QWidget(parent), layoutWidth_(layoutWidth), names_(qt::LayoutNames()), list_(new QListWidget),
+    : QWidget(parent), layoutWidth_(layoutWidth), names_(IGD::LayoutNames()), list_(new QListWidget),
       area_(new QScrollArea), status_(new QLabel) {
     setWindowTitle(QStringLiteral("IGD Layout Gallery"));
     for (const std::string& name : names_)
@@ -70,8 +68,8 @@ void LayoutGallery::Show(int row) {
     try {
         fluxui::ui::UI_NodeRef root;
         if (row < static_cast<int>(names_.size())) {
-            qt::LayoutPreview preview =
-                qt::BuildLayoutPreview(names_[static_cast<std::size_t>(row)], layoutWidth_);
+            IGD::LayoutPreview preview =
+                IGD::BuildLayoutPreview(names_[static_cast<std::size_t>(row)], layoutWidth_);
             root = preview.root;
             status_->setText(QStringLiteral("%1 controls with ids").arg(preview.controls.size()));
         } else {
@@ -91,7 +89,7 @@ int WriteLayoutScreenshots(const QString& directory, float layoutWidth) {
         std::cerr << "igd-dialog: cannot create " << directory.toStdString() << "\n";
         return 1;
     }
-    const std::vector<std::string> names = qt::LayoutNames();
+    const std::vector<std::string> names = IGD::LayoutNames();
     int failures = 0;
     const auto save = [&](const QString& file, const fluxui::ui::UI_NodeRef& root) {
         const QImage image = qt::RenderTree(root, Pictures());
@@ -104,7 +102,7 @@ int WriteLayoutScreenshots(const QString& directory, float layoutWidth) {
     for (const std::string& name : names) {
         try {
             save(QString::fromStdString(name) + QStringLiteral(".png"),
-                 qt::BuildLayoutPreview(name, layoutWidth).root);
+                 IGD::BuildLayoutPreview(name, layoutWidth).root);
         } catch (const std::exception& error) {
             std::cerr << "igd-dialog: " << error.what() << "\n";
             ++failures;

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "IgdQt/LayoutPreview.h"
+#include "IGD/LayoutPreview.h"
 #include "IgdQt/NodePresenter.h"
 
 class QListWidget;

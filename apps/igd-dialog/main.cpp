@@ -12,9 +12,9 @@
 #include "IgdQt/DialogStyle.h"
 #include "IgdQt/QtFileDialogFactory.h"
 #include "IgdQt/QtInteractionDriver.h"
+#include "IGD/IngestDialogApi.h"
 #include "IgdQt/QtRunLoop.h"
 #include "LayoutGallery.h"
-#include "shell/resources/IngestResources.h"
 
 int main(int argc, char** argv) {
     CLI::App cli{"igd-dialog: the desktop host of the ingest dialogs"};
@@ -40,9 +40,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("igd-dialog"));
     igd::qt::ApplyDialogStyle(application);
     const std::shared_ptr<igd::qt::QtRunLoop> runLoop = igd::qt::QtRunLoop::Install();
-    IGD::IngestResources::Create(nullptr);
     Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>(
-        igd::qt::PictureSource(IGD::IngestResources::GetResourceManager())));
+        igd::qt::PictureSource(IGD::IngestResourceManager())));
     SetFileDialogFactory(std::make_shared<igd::qt::QtFileDialogFactory>());
 
     int status = 0;
@@ -58,6 +57,6 @@ int main(int argc, char** argv) {
     SetFileDialogFactory(nullptr);
     Fnd::SetInteractionDriver(nullptr);
     Fnd::SetRunLoop(nullptr);
-    IGD::IngestResources::Release();
+    IGD::ReleaseIngestResHandlers();
     return status;
 }

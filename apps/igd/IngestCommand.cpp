@@ -12,10 +12,8 @@
 #include "CommandChoices.h"
 #include "CommandLinePaths.h"
 #include "Fnd/InteractionDriver.h"
-#include "Fnd/NullInterfaceException.h"
+#include "IGD/IngestSequence.h"
 #include "IngestCheck.h"
-#include "IngestSources.h"
-#include "IngestSubmission.h"
 #include "PresetLookup.h"
 #include "Proj/Project.h"
 #include "QL/CopySetting.h"
@@ -23,7 +21,6 @@
 #include "ServiceRunner.h"
 #include "TemplateValues.h"
 #include "TerminalInteractionDriver.h"
-#include "settings/IngestSettingsController.h"
 
 namespace igd {
 namespace {
@@ -60,7 +57,7 @@ std::uint32_t Scope(const std::string& name) {
 
 // The templates named on the command line, as copies: values given with --set must not change
 // the presets that the dialog and other runs see.
-std::string ChooseTemplates(const IngestOptions& options, IngestChoices& choices) {
+std::string ChooseTemplates(const IngestOptions& options, IGD::IngestChoices& choices) {
     const auto find = [](QL::_QLPresetCategory category, const std::string& name, IGD::PresetRef& preset,
                          const char* kind) -> std::string {
         if (name.empty())
@@ -84,27 +81,11 @@ std::string ChooseTemplates(const IngestOptions& options, IngestChoices& choices
     return SetTemplateValues(options.values, {choices.renamePreset, choices.metadataPreset});
 }
 
-// The template checks read the settings as the dialog's sections left them; here the command line
-// is the settings pane. The stored start number stands unless one is given.
-void SetUpSettings(const IngestOptions& options, const IngestChoices& choices) {
-    IGD::IngestSettingsController& settings = *IGD::IngestSettingsController::GetInstance();
-    try {
-        settings.LoadSettings();
-    } catch (const Fnd::NullInterfaceException&) {
-    }
-    settings.SetEnableRenameTemplate(choices.renamePreset != nullptr);
-    settings.SetEnableMetadataTemplate(choices.metadataPreset != nullptr);
-    settings.SetRenameEditMode(false);
-    settings.SetMetadataEditMode(false);
-    if (options.startNumber)
-        settings.SetUserDefAutoIncStartNumber(*options.startNumber);
-}
-
 int RunIngest(const IngestOptions& options) {
     std::vector<Fnd::WString> sources;
     for (const std::string& source : options.sources)
         sources.push_back(AbsolutePath(source));
-    IngestChoices choices;
+    IGD::IngestChoices choices;
     for (const std::string& destination : options.destinations)
         choices.destinations.push_back(AbsolutePath(destination));
     choices.subFolder = Fnd::FromUTF8(options.subFolder);
@@ -127,23 +108,23 @@ int RunIngest(const IngestOptions& options) {
         std::cerr << "igd: " << error << "\n";
         return 2;
     }
-    SetUpSettings(options, choices);
+    choices.startNumber = options.startNumber;
 
     for (const Fnd::WString& destination : choices.destinations)
         run.destinations.push_back(Fnd::ToUTF8(destination));
     run.bin = Fnd::FromUTF8(options.bin);
     run.json = options.json;
     const TerminalQuestions questions(options.onConflict);
-    std::vector<IGD::IngestDialogDataRef> sessions = GatherIngestSessions(DistinctSources(sources));
+    std::vector<IGD::IngestDialogDataRef> sessions = IGD::GatherIngestSources(IGD::DistinctIngestSources(sources));
     // With nothing gathered the handler still runs once, to say so as the dialog would.
     if (sessions.empty())
         sessions.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
     for (const IGD::IngestDialogDataRef& session : sessions)
-        ApplyIngestChoices(*session, choices);
+        ApplyIGD::IngestChoices(*session, choices);
     if (!PrepareIngestSessions(sessions))
         return 1;
     return RunTaskService(run, [&](QL::Engine::TaskService&) {
-        SubmitIngestSessions(sessions, fluxcore::utility::Guid::CreateUnique());
+        IGD::StartIngestSessions(sessions, fluxcore::utility::Guid::CreateUnique());
         return 0;
     });
 }

@@ -5,11 +5,9 @@
 #include <string>
 
 #include "CommandLinePaths.h"
-#include "Fnd/NullInterfaceException.h"
 #include "IGD/IngestApi.h"
 #include "PresetLookup.h"
-#include "pipeline/IngestDialogData.h"
-#include "settings/IngestSettingsController.h"
+#include "IGD/IngestSequence.h"
 
 namespace igd {
 namespace {
@@ -21,13 +19,8 @@ struct NameOptions {
 
 int RunName(const NameOptions& options) {
     // The stored settings give the custom counter's start number and, without a named preset,
-    // the template the dialog would use. Without a preference store the defaults stand.
-    const auto settings = IGD::IngestSettingsController::GetInstance();
-    try {
-        settings->LoadSettings();
-    } catch (const Fnd::NullInterfaceException&) {
-    }
-
+    // the template the dialog would use.
+    const IGD::PresetRef stored = IGD::StoredRenameTemplate();
     const IGD::IngestDialogDataRef session = IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData());
     if (!options.renamePreset.empty()) {
         IGD::PresetRef preset = FindPreset(QL::kQLPresetCategoryRename, Fnd::FromUTF8(options.renamePreset));
@@ -37,9 +30,9 @@ int RunName(const NameOptions& options) {
         }
         session->SetRenameEnabled(true);
         session->SetRenamePreset(preset);
-    } else if (settings->GetEnableRenameTemplate() && settings->GetRenamePreset()) {
+    } else if (stored) {
         session->SetRenameEnabled(true);
-        session->SetRenamePreset(settings->GetRenamePreset());
+        session->SetRenamePreset(stored);
     }
 
     const Fnd::WString path = AbsolutePath(options.file);

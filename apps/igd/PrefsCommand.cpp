@@ -6,7 +6,7 @@
 #include <string>
 
 #include "Proj/PreferenceStore.h"
-#include "settings/PreferenceEditor.h"
+#include "IGD/PreferenceEditor.h"
 
 namespace igd {
 namespace {

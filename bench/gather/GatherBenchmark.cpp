@@ -17,8 +17,8 @@
 #include <vector>
 
 #include "Browse/CardScanScope.h"
-#include "pipeline/GatherPathItems.h"
-#include "pipeline/IngestDialogData.h"
+#include "pipeline/gathering/GatherPathItems.h"
+#include "pipeline/session/IngestDialogData.h"
 
 namespace {
 

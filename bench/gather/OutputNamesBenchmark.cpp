@@ -12,8 +12,8 @@
 #include "IGD/SelectedClipItem.h"
 #include "QL/PresetFieldFactory.h"
 #include "QL/PresetObject.h"
-#include "pipeline/IngestDialogData.h"
-#include "pipeline/OutputNames.h"
+#include "pipeline/session/IngestDialogData.h"
+#include "pipeline/naming/OutputNames.h"
 
 namespace {
 

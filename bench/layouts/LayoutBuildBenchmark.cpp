@@ -7,9 +7,9 @@
 
 #include "shell/AutoHintTextEdit.h"
 #include "shell/resources/ResourceStore.h"
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeBuilder.h"
-#include "shell/toolkit/fluxui/utility/OS_ResourceManager.h"
+#include "fluxui/ui/UI_Node.h"
+#include "fluxui/ui/UI_NodeBuilder.h"
+#include "fluxui/utility/OS_ResourceManager.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ fluxui::ui::UI_NodeRef MakeHintEdit(const Fnd::WString& className) {
 }
 
 void BM_BuildAllLayouts(benchmark::State& state) {
-    fluxui::utility::OS_ResourceManager resources(nullptr);
+    fluxui::utility::OS_ResourceManager resources(&IGD::FindStoredResource);
     std::vector<std::string> names;
     for (std::string_view name : IGD::StoredResourceNames("XML"))
         names.emplace_back(name);

@@ -16,9 +16,9 @@
 #include "Fnd/PathUtils.h"
 #include "IGD/SelectedClipItem.h"
 #include "QL/TaskFactory.h"
-#include "pipeline/CopyDecisions.h"
-#include "pipeline/IngestDialogData.h"
-#include "pipeline/IngestPlan.h"
+#include "pipeline/plan/CopyDecisions.h"
+#include "pipeline/session/IngestDialogData.h"
+#include "pipeline/plan/IngestPlan.h"
 
 namespace {
 

@@ -66,4 +66,8 @@ public:
 
 using IngestDialogDataRef = Fnd::InterfaceRef<IIngestDialogData>;
 
+// Makes a new, empty session holding one reference, handed to the caller; query it for
+// IIngestDialogData.
+IGD_EXPORT Fnd::InterfaceRef<Fnd::FndUnknown> CreateIngestDialogData();
+
 } // namespace IGD

@@ -4,8 +4,9 @@
 #include <string>
 
 #include "Fnd/NullInterfaceException.h"
-#include "shell/toolkit/AppFrame/IngestDecals.h"
-#include "shell/toolkit/AppFrame/Workspace.h"
+#include "AppFrame/IngestDecals.h"
+#include "AppFrame/Workspace.h"
+#include "shell/resources/ResourceStore.h"
 
 namespace IGD {
 namespace {
@@ -28,7 +29,7 @@ void CheckDecalIndex(int index) {
 } // namespace
 
 IngestResources::IngestResources(fluxworkspace::workspace::Workspace* workspace)
-    : provider_(&manager_, SupplierOf(workspace), &cache_),
+    : manager_(&FindStoredResource), provider_(&manager_, SupplierOf(workspace), &cache_),
       decals_{AppFrame::kIngestPowerOnNormalDecal, AppFrame::kIngestPowerOffNormalDecal,
               AppFrame::kSaveNormalDecal,          AppFrame::kSaveAsNormalDecal,
               AppFrame::kCancelSaveNormalDecal,    AppFrame::kNewItemNormalDecal,

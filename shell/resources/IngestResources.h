@@ -5,11 +5,11 @@
 #include <memory>
 
 #include "fluxcore/ImmutableString.h"
-#include "shell/toolkit/fluxui/controls/UI_PictureSupplyMessage.h"
-#include "shell/toolkit/fluxui/utility/ImageProvider.h"
-#include "shell/toolkit/fluxui/utility/OS_ResourceManager.h"
-#include "shell/toolkit/fluxui/utility/SketcherImageResourceCache.h"
-#include "shell/toolkit/fluxworkspace/Workspace.h"
+#include "fluxui/controls/UI_PictureSupplyMessage.h"
+#include "fluxui/utility/ImageProvider.h"
+#include "fluxui/utility/OS_ResourceManager.h"
+#include "fluxui/utility/SketcherImageResourceCache.h"
+#include "fluxworkspace/Workspace.h"
 
 namespace IGD {
 

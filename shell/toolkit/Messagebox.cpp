@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/Messagebox.h"
+#include "fluxui/Messagebox.h"
 
 #include <stdexcept>
 #include <vector>

@@ -5,9 +5,9 @@
 #include "HostApp/ApplicationType.h"
 #include "IGD/IngestApi.h"
 #include "fluxcore/UsageLogger.h"
-#include "pipeline/CopyDecisions.h"
-#include "pipeline/IngestDialogData.h"
-#include "pipeline/IngestPlan.h"
+#include "pipeline/plan/CopyDecisions.h"
+#include "pipeline/session/IngestDialogData.h"
+#include "pipeline/plan/IngestPlan.h"
 
 namespace igd::test {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "settings/PreferenceEditor.h"
+#include "IGD/PreferenceEditor.h"
 #include "tests/settings/RecordingPreferences.h"
 
 namespace IGD::test {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/AutoHintTextEdit.h"
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
+#include "fluxui/ui/UI_SubView.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // How a section measures itself and stacks its children.
 #include <gtest/gtest.h>
 
-#include "shell/toolkit/AppFrame/ColorManager.h"
+#include "AppFrame/ColorManager.h"
 #include "tests/transfer/SectionTestSupport.h"
 #include "transfer/SectionTree.h"
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "shell/toolkit/fluxcore/geom/Geometry.h"
-#include "shell/toolkit/fluxui/utility/ResourceManager.h"
+#include "fluxcore/geom/Geometry.h"
+#include "fluxui/utility/ResourceManager.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 #include "transfer/SectionViewEx.h"
 

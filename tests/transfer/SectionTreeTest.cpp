@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "fluxcore/ConfigError.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_ScrollView.h"
-#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_ScrollView.h"
+#include "fluxui/controls/UI_StaticText.h"
 #include "tests/transfer/SectionTestSupport.h"
 #include "transfer/SectionTree.h"
 

@@ -9,7 +9,7 @@
 #include <unordered_set>
 
 #include "IgdQt/QtStrings.h"
-#include "shell/toolkit/fluxui/ui/OS_Window.h"
+#include "fluxui/ui/OS_Window.h"
 
 namespace igd::qt {
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "shell/toolkit/fluxui/utility/ResourceManager.h"
+#include "fluxui/utility/ResourceManager.h"
 
 namespace igd::qt {
 

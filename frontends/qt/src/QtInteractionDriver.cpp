@@ -11,7 +11,7 @@
 #include "IgdQt/QtStrings.h"
 #include "IgdQt/ToolkitDialog.h"
 #include "fluxcore/ZString.h"
-#include "shell/toolkit/fluxui/ui/OS_Dialog.h"
+#include "fluxui/ui/OS_Dialog.h"
 
 namespace igd::qt {
 namespace {

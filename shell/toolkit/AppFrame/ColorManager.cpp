@@ -1,4 +1,4 @@
-#include "shell/toolkit/AppFrame/ColorManager.h"
+#include "AppFrame/ColorManager.h"
 
 #include <stdexcept>
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/AppFrame/CommandContext.h"
+#include "AppFrame/CommandContext.h"
 
 #include <stdexcept>
 

@@ -5,7 +5,7 @@
 
 #include "Fnd/WString.h"
 #include "fluxcore/ImmutableString.h"
-#include "shell/toolkit/fluxui/ui/KeyboardEvent.h"
+#include "fluxui/ui/KeyboardEvent.h"
 
 namespace AppFrame {
 

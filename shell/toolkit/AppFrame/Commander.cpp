@@ -1,4 +1,4 @@
-#include "shell/toolkit/AppFrame/Commander.h"
+#include "AppFrame/Commander.h"
 
 #include <algorithm>
 

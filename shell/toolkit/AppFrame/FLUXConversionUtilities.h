@@ -3,8 +3,8 @@
 // nearest integer, so a rect converted there and back keeps its place.
 #include <cmath>
 
-#include "shell/toolkit/Fnd/ParamTypes.h"
-#include "shell/toolkit/fluxcore/geom/Geometry.h"
+#include "Fnd/ParamTypes.h"
+#include "fluxcore/geom/Geometry.h"
 
 namespace AppFrame::FLUXConversionUtilities {
 

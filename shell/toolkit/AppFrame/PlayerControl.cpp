@@ -1,4 +1,4 @@
-#include "shell/toolkit/AppFrame/PlayerControl.h"
+#include "AppFrame/PlayerControl.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
-#include "shell/toolkit/AppFrame/ShortcutManager.h"
+#include "AppFrame/ShortcutManager.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "shell/toolkit/AppFrame/Commander.h"
+#include "AppFrame/Commander.h"
 
 namespace AppFrame {
 namespace {

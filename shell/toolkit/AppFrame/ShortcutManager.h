@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "shell/toolkit/AppFrame/CommandContext.h"
+#include "AppFrame/CommandContext.h"
 
 namespace AppFrame {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/AppFrame/Workspace.h"
+#include "AppFrame/Workspace.h"
 
 namespace AppFrame {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 #include <memory>
 
-#include "shell/toolkit/fluxworkspace/Workspace.h"
+#include "fluxworkspace/Workspace.h"
 
 namespace AppFrame {
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/ui/OS_Window.h"
+#include "fluxui/ui/OS_Window.h"
 
 namespace fluxworkspace::workspace {
 

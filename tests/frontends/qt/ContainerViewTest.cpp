@@ -7,9 +7,9 @@
 
 #include "IgdQt/NodePresenter.h"
 #include "QtTestApplication.h"
-#include "shell/toolkit/fluxui/controls/UI_ScrollView.h"
-#include "shell/toolkit/fluxui/controls/UI_SectionView.h"
-#include "shell/toolkit/fluxui/controls/UI_SplitterView.h"
+#include "fluxui/controls/UI_ScrollView.h"
+#include "fluxui/controls/UI_SectionView.h"
+#include "fluxui/controls/UI_SplitterView.h"
 
 namespace {
 

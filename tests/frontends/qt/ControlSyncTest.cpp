@@ -15,14 +15,14 @@
 
 #include "IgdQt/NodePresenter.h"
 #include "QtTestApplication.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_NumberEdit.h"
-#include "shell/toolkit/fluxui/controls/UI_PictureButton.h"
-#include "shell/toolkit/fluxui/controls/UI_PicturePopup.h"
-#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
-#include "shell/toolkit/fluxui/controls/UI_TextButton.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
-#include "shell/toolkit/fluxui/utility/ResourceManager.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_NumberEdit.h"
+#include "fluxui/controls/UI_PictureButton.h"
+#include "fluxui/controls/UI_PicturePopup.h"
+#include "fluxui/controls/UI_StaticText.h"
+#include "fluxui/controls/UI_TextButton.h"
+#include "fluxui/controls/UI_TextEdit.h"
+#include "fluxui/utility/ResourceManager.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
 namespace {

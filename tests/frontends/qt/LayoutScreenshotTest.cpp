@@ -5,14 +5,13 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
-#include "IgdQt/LayoutPreview.h"
+#include "IGD/LayoutPreview.h"
 #include "IgdQt/NodePresenter.h"
 #include "IgdQt/TreeSnapshot.h"
 #include "QtTestApplication.h"
-#include "shell/resources/IngestResources.h"
-#include "shell/toolkit/fluxui/controls/UI_ControlView.h"
-#include "shell/toolkit/fluxui/controls/UI_ScrollView.h"
-#include "shell/toolkit/fluxui/controls/UI_SectionView.h"
+#include "fluxui/controls/UI_ControlView.h"
+#include "fluxui/controls/UI_ScrollView.h"
+#include "fluxui/controls/UI_SectionView.h"
 
 namespace {
 
@@ -50,13 +49,13 @@ bool HasInk(const QImage& image) {
 
 TEST(LayoutScreenshotTest, EveryLayoutRendersWithNothingClipped) {
     igd::test::EnsureQtApplication();
-    const std::vector<std::string> names = igd::qt::LayoutNames();
+    const std::vector<std::string> names = IGD::LayoutNames();
     ASSERT_GE(names.size(), 32u);
     const QDir directory(QStringLiteral(IGD_SCREENSHOT_DIR));
     ASSERT_TRUE(QDir().mkpath(directory.path()));
     for (const std::string& name : names) {
         SCOPED_TRACE(name);
-        const igd::qt::LayoutPreview preview = igd::qt::BuildLayoutPreview(name, kDialogWidth);
+        const IGD::LayoutPreview preview = IGD::BuildLayoutPreview(name, kDialogWidth);
         const QImage image = igd::qt::RenderTree(preview.root, Pictures());
         ASSERT_FALSE(image.isNull());
         EXPECT_EQ(image.width(), static_cast<int>(kDialogWidth));
@@ -78,11 +77,11 @@ TEST(LayoutScreenshotTest, EveryLayoutRendersWithNothingClipped) {
 TEST(LayoutScreenshotTest, ASectionStackFoldsAndScrolls) {
     igd::test::EnsureQtApplication();
     const float inner = kDialogWidth - fluxui::controls::UI_ScrollView::kScrollBarSize;
-    std::vector<igd::qt::LayoutPreview> layouts;
+    std::vector<IGD::LayoutPreview> layouts;
     for (const char* name : {"igdLocalTransferHeader", "igdPathSetting", "igdVerifySetting",
                              "igdTranscodeSetting", "igdRenameTemplateHeader"})
-        layouts.push_back(igd::qt::BuildLayoutPreview(name, inner));
-    const fluxui::ui::UI_NodeRef root = igd::qt::BuildSectionStack(layouts, kDialogWidth, 200.0f);
+        layouts.push_back(IGD::BuildLayoutPreview(name, inner));
+    const fluxui::ui::UI_NodeRef root = IGD::BuildSectionStack(layouts, kDialogWidth, 200.0f);
     auto& scroll = dynamic_cast<fluxui::controls::UI_ScrollView&>(*root);
     igd::qt::NodePresenter presenter(root, nullptr, Pictures());
     igd::test::ShowActive(*presenter.RootWidget());

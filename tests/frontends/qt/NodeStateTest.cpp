@@ -9,8 +9,8 @@
 
 #include "IgdQt/NodePresenter.h"
 #include "QtTestApplication.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_TextEdit.h"
 
 namespace {
 

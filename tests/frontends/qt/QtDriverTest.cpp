@@ -17,8 +17,8 @@
 #include "IgdQt/QtRunLoop.h"
 #include "IgdQt/ToolkitDialog.h"
 #include "QtTestApplication.h"
-#include "shell/toolkit/fluxui/Messagebox.h"
-#include "shell/toolkit/fluxui/dialogs/SimpleInputBox.h"
+#include "fluxui/Messagebox.h"
+#include "fluxui/dialogs/SimpleInputBox.h"
 
 namespace {
 

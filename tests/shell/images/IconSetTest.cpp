@@ -15,7 +15,7 @@
 #include <xercesc/util/XMLString.hpp>
 
 #include "shell/resources/ResourceStore.h"
-#include "shell/toolkit/fluxui/utility/ImageDimensions.h"
+#include "fluxui/utility/ImageDimensions.h"
 
 namespace {
 

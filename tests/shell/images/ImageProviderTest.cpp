@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "shell/toolkit/fluxui/utility/ImageDimensions.h"
-#include "shell/toolkit/fluxui/utility/ImageProvider.h"
+#include "fluxui/utility/ImageDimensions.h"
+#include "fluxui/utility/ImageProvider.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "Fnd/NullInterfaceException.h"
 #include "IGD/IngestDialogApi.h"
 #include "shell/resources/IngestResources.h"
-#include "shell/toolkit/AppFrame/Workspace.h"
-#include "shell/toolkit/fluxui/controls/UI_PictureButton.h"
+#include "AppFrame/Workspace.h"
+#include "fluxui/controls/UI_PictureButton.h"
 
 namespace {
 

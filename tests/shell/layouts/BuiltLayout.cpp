@@ -1,17 +1,18 @@
 #include "BuiltLayout.h"
 
 #include "shell/AutoHintTextEdit.h"
-#include "shell/toolkit/fluxui/archive/PropMapReader.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
-#include "shell/toolkit/fluxui/controls/UI_TextButton.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
-#include "shell/toolkit/fluxui/utility/OS_ResourceManager.h"
+#include "fluxui/archive/PropMapReader.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_StaticText.h"
+#include "fluxui/controls/UI_TextButton.h"
+#include "fluxui/controls/UI_TextEdit.h"
+#include "fluxui/utility/OS_ResourceManager.h"
+#include "shell/resources/ResourceStore.h"
 
 namespace igd::test {
 
 BuiltLayout BuildStoredLayout(const std::string& name) {
-    fluxui::utility::OS_ResourceManager resources(nullptr);
+    fluxui::utility::OS_ResourceManager resources(&IGD::FindStoredResource);
     BuiltLayout built;
     built.root = fluxui::ui::UI_NodeBuilder::LoadViewFromXML(
         resources, nullptr, name, built.controls,

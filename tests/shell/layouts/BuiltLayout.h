@@ -3,9 +3,9 @@
 // className AutoHintTextEdit.
 #include <string>
 
-#include "shell/toolkit/fluxui/archive/Property.h"
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeBuilder.h"
+#include "fluxui/archive/Property.h"
+#include "fluxui/ui/UI_Node.h"
+#include "fluxui/ui/UI_NodeBuilder.h"
 
 namespace igd::test {
 

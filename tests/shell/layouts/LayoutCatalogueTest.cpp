@@ -9,11 +9,11 @@
 #include "BuiltLayout.h"
 #include "LayoutCatalogue.h"
 #include "shell/resources/ResourceStore.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_Divider.h"
-#include "shell/toolkit/fluxui/controls/UI_NumberEdit.h"
-#include "shell/toolkit/fluxui/controls/UI_PicturePopup.h"
-#include "shell/toolkit/fluxui/controls/UI_Popup.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_Divider.h"
+#include "fluxui/controls/UI_NumberEdit.h"
+#include "fluxui/controls/UI_PicturePopup.h"
+#include "fluxui/controls/UI_Popup.h"
 
 namespace igd::test {
 namespace {

@@ -5,10 +5,11 @@
 
 #include "LayoutArchive.h"
 #include "shell/AutoHintTextEdit.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeBuilder.h"
-#include "shell/toolkit/fluxui/utility/OS_ResourceManager.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_TextEdit.h"
+#include "fluxui/ui/UI_NodeBuilder.h"
+#include "fluxui/utility/OS_ResourceManager.h"
+#include "shell/resources/ResourceStore.h"
 
 namespace igd::test {
 namespace {
@@ -46,7 +47,7 @@ protected:
         return "";
     }
 
-    fluxui::utility::OS_ResourceManager resources{nullptr};
+    fluxui::utility::OS_ResourceManager resources{&IGD::FindStoredResource};
     ControlsById controls;
 };
 

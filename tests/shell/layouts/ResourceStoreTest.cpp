@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/resources/ResourceStore.h"
-#include "shell/toolkit/fluxui/utility/OS_ResourceManager.h"
+#include "fluxui/utility/OS_ResourceManager.h"
 
 namespace igd::test {
 namespace {
@@ -51,7 +51,7 @@ TEST(ResourceManagers, AddedResourcesAreFoundInAnyCaseAndCopied) {
 }
 
 TEST(ResourceManagers, TheModuleManagerServesTheStoreBehindWhatWasAdded) {
-    fluxui::utility::OS_ResourceManager manager(nullptr);
+    fluxui::utility::OS_ResourceManager manager(&IGD::FindStoredResource);
     const auto stored = manager.FindResource("XML", "igdDivider");
     EXPECT_EQ(stored.data(), IGD::FindStoredResource("XML", "IGDDIVIDER").data());
     manager.AddResource("XML", "igdDivider", "<mine/>");

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "shell/toolkit/AppFrame/Commander.h"
-#include "shell/toolkit/AppFrame/ShortcutManager.h"
+#include "AppFrame/Commander.h"
+#include "AppFrame/ShortcutManager.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_NumberEdit.h"
-#include "shell/toolkit/fluxui/controls/UI_PictureButton.h"
-#include "shell/toolkit/fluxui/controls/UI_Popup.h"
-#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
-#include "shell/toolkit/fluxui/controls/UI_TextButton.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_NumberEdit.h"
+#include "fluxui/controls/UI_PictureButton.h"
+#include "fluxui/controls/UI_Popup.h"
+#include "fluxui/controls/UI_StaticText.h"
+#include "fluxui/controls/UI_TextButton.h"
+#include "fluxui/controls/UI_TextEdit.h"
+#include "fluxui/ui/UI_SubView.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
 namespace {

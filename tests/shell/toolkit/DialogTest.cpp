@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "Fnd/RunLoop.h"
-#include "shell/toolkit/fluxui/Messagebox.h"
-#include "shell/toolkit/fluxui/controls/UI_TextButton.h"
-#include "shell/toolkit/fluxui/dialogs/OS_FolderChooserDialog.h"
-#include "shell/toolkit/fluxui/dialogs/SimpleInputBox.h"
-#include "shell/toolkit/fluxui/ui/UI_Dialog.h"
+#include "fluxui/Messagebox.h"
+#include "fluxui/controls/UI_TextButton.h"
+#include "fluxui/dialogs/OS_FolderChooserDialog.h"
+#include "fluxui/dialogs/SimpleInputBox.h"
+#include "fluxui/ui/UI_Dialog.h"
 #include "support/ScriptedInteractionDriver.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 

@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
-#include "shell/toolkit/AppFrame/ColorManager.h"
-#include "shell/toolkit/AppFrame/DC.h"
-#include "shell/toolkit/AppFrame/FLUXConversionUtilities.h"
-#include "shell/toolkit/AppFrame/ParentAndChildWindowDisabler.h"
-#include "shell/toolkit/AppFrame/PlayerControl.h"
-#include "shell/toolkit/AppFrame/Workspace.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeManager.h"
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
-#include "shell/toolkit/fluxui/utils/DrawOutline.h"
+#include "AppFrame/ColorManager.h"
+#include "AppFrame/DC.h"
+#include "AppFrame/FLUXConversionUtilities.h"
+#include "AppFrame/ParentAndChildWindowDisabler.h"
+#include "AppFrame/PlayerControl.h"
+#include "AppFrame/Workspace.h"
+#include "fluxui/ui/UI_NodeManager.h"
+#include "fluxui/ui/UI_SubView.h"
+#include "fluxui/utils/DrawOutline.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "shell/toolkit/fluxui/ui/OS_Window.h"
-#include "shell/toolkit/fluxui/ui/UI_LayoutView.h"
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
+#include "fluxui/ui/OS_Window.h"
+#include "fluxui/ui/UI_LayoutView.h"
+#include "fluxui/ui/UI_SubView.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
 namespace {

@@ -5,9 +5,9 @@
 #include <boost/intrusive_ptr.hpp>
 #include <gtest/gtest.h>
 
-#include "shell/toolkit/fluxui/controls/UI_InteractiveControlView.h"
-#include "shell/toolkit/fluxui/sketcher/Sketcher.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeObserver.h"
+#include "fluxui/controls/UI_InteractiveControlView.h"
+#include "fluxui/sketcher/Sketcher.h"
+#include "fluxui/ui/UI_NodeObserver.h"
 
 namespace igd::test {
 

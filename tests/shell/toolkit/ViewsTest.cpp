@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "shell/toolkit/fluxui/controls/UI_ScrollView.h"
-#include "shell/toolkit/fluxui/controls/UI_SectionView.h"
-#include "shell/toolkit/fluxui/controls/UI_SplitterView.h"
+#include "fluxui/controls/UI_ScrollView.h"
+#include "fluxui/controls/UI_SectionView.h"
+#include "fluxui/controls/UI_SplitterView.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
 namespace {

@@ -2,7 +2,7 @@
 // Makes and updates the widget of one toolkit class. The presenter keeps what every node shares
 // (geometry, visibility, enabled state, tooltip, children); a builder adds what is particular to
 // its class: the widget, its value and look, and the person's input turned into model calls.
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
+#include "fluxui/ui/UI_Node.h"
 
 class QWidget;
 

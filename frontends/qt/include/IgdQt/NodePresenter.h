@@ -9,7 +9,7 @@
 
 #include "IgdQt/BuilderRegistry.h"
 #include "IgdQt/PictureSource.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeObserver.h"
+#include "fluxui/ui/UI_NodeObserver.h"
 
 class QObject;
 class QKeyEvent;

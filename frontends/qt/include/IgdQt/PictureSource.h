@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <string>
 
-#include "shell/toolkit/fluxui/controls/UI_PictureSupplyMessage.h"
+#include "fluxui/controls/UI_PictureSupplyMessage.h"
 
 namespace fluxui::utility {
 class ResourceManager;

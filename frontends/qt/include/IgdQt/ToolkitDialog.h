@@ -7,7 +7,7 @@
 class QEventLoop;
 
 #include "IgdQt/NodePresenter.h"
-#include "shell/toolkit/fluxui/ui/OS_Dialog.h"
+#include "fluxui/ui/OS_Dialog.h"
 
 namespace igd::qt {
 

@@ -3,7 +3,7 @@
 #include <QImage>
 
 #include "IgdQt/PictureSource.h"
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
+#include "fluxui/ui/UI_Node.h"
 
 namespace igd::qt {
 

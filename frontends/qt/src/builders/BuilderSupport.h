@@ -6,9 +6,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "shell/toolkit/fluxui/controls/TextAlignment.h"
-#include "shell/toolkit/fluxui/controls/UI_ControlView.h"
-#include "shell/toolkit/fluxui/sketcher/Sketcher.h"
+#include "fluxui/controls/TextAlignment.h"
+#include "fluxui/controls/UI_ControlView.h"
+#include "fluxui/sketcher/Sketcher.h"
 
 namespace igd::qt {
 

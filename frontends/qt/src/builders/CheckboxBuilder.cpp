@@ -4,7 +4,7 @@
 #include "IgdQt/QtStrings.h"
 #include "builders/BuilderSupport.h"
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_Checkbox.h"
 
 namespace igd::qt {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "builders/BuilderSupport.h"
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_Divider.h"
+#include "fluxui/controls/UI_Divider.h"
 
 namespace igd::qt {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "builders/BuilderSupport.h"
 #include "builders/TextEditBuilder.h"
-#include "shell/toolkit/fluxui/controls/UI_NumberEdit.h"
+#include "fluxui/controls/UI_NumberEdit.h"
 
 namespace igd::qt {
 namespace {

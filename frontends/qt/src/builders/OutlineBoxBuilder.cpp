@@ -3,7 +3,7 @@
 
 #include "builders/BuilderSupport.h"
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_OutlineBox.h"
+#include "fluxui/controls/UI_OutlineBox.h"
 
 namespace igd::qt {
 namespace {

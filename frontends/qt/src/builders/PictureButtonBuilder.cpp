@@ -3,7 +3,7 @@
 #include "IgdQt/NodePresenter.h"
 #include "builders/BuilderSupport.h"
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_PictureButton.h"
+#include "fluxui/controls/UI_PictureButton.h"
 
 namespace igd::qt {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "builders/BuilderSupport.h"
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_ScrollView.h"
+#include "fluxui/controls/UI_ScrollView.h"
 
 namespace igd::qt {
 namespace {

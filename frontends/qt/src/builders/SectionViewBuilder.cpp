@@ -6,7 +6,7 @@
 #include "IgdQt/QtStrings.h"
 #include "builders/BuilderSupport.h"
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_SectionView.h"
+#include "fluxui/controls/UI_SectionView.h"
 
 namespace igd::qt {
 namespace {

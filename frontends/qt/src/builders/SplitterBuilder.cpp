@@ -4,7 +4,7 @@
 
 #include "builders/BuilderSupport.h"
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_SplitterView.h"
+#include "fluxui/controls/UI_SplitterView.h"
 
 namespace igd::qt {
 namespace {

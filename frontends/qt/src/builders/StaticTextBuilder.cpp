@@ -3,7 +3,7 @@
 #include "IgdQt/QtStrings.h"
 #include "builders/BuilderSupport.h"
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
+#include "fluxui/controls/UI_StaticText.h"
 
 namespace igd::qt {
 namespace {

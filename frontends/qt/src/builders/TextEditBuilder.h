@@ -2,7 +2,7 @@
 #include <QLineEdit>
 
 #include "builders/StandardBuilders.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
+#include "fluxui/controls/UI_TextEdit.h"
 
 namespace igd::qt {
 

@@ -1,19 +1,19 @@
-#include "shell/toolkit/fluxui/archive/ArchiveClasses.h"
+#include "fluxui/archive/ArchiveClasses.h"
 
 #include <array>
 
-#include "shell/toolkit/fluxui/archive/ArchiveValues.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_Divider.h"
-#include "shell/toolkit/fluxui/controls/UI_NumberEdit.h"
-#include "shell/toolkit/fluxui/controls/UI_OutlineBox.h"
-#include "shell/toolkit/fluxui/controls/UI_PictureButton.h"
-#include "shell/toolkit/fluxui/controls/UI_PicturePopup.h"
-#include "shell/toolkit/fluxui/controls/UI_Popup.h"
-#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
-#include "shell/toolkit/fluxui/controls/UI_TextButton.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
-#include "shell/toolkit/fluxui/ui/UI_LayoutView.h"
+#include "fluxui/archive/ArchiveValues.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_Divider.h"
+#include "fluxui/controls/UI_NumberEdit.h"
+#include "fluxui/controls/UI_OutlineBox.h"
+#include "fluxui/controls/UI_PictureButton.h"
+#include "fluxui/controls/UI_PicturePopup.h"
+#include "fluxui/controls/UI_Popup.h"
+#include "fluxui/controls/UI_StaticText.h"
+#include "fluxui/controls/UI_TextButton.h"
+#include "fluxui/controls/UI_TextEdit.h"
+#include "fluxui/ui/UI_LayoutView.h"
 
 namespace fluxui::archive {
 

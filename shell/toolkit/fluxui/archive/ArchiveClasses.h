@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/toolkit/fluxui/archive/Property.h"
-#include "shell/toolkit/fluxui/ui/UI_Container.h"
+#include "fluxui/archive/Property.h"
+#include "fluxui/ui/UI_Container.h"
 
 namespace fluxui::archive {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/archive/ArchiveValues.h"
+#include "fluxui/archive/ArchiveValues.h"
 
 #include <string>
 

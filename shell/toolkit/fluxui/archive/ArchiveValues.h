@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "shell/toolkit/fluxcore/geom/Geometry.h"
-#include "shell/toolkit/fluxui/archive/Property.h"
+#include "fluxcore/geom/Geometry.h"
+#include "fluxui/archive/Property.h"
 
 namespace fluxui::archive {
 

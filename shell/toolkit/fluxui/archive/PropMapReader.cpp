@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/archive/PropMapReader.h"
+#include "fluxui/archive/PropMapReader.h"
 
 #include <charconv>
 #include <limits>

@@ -5,7 +5,7 @@
 #include <span>
 #include <stdexcept>
 
-#include "shell/toolkit/fluxui/archive/Property.h"
+#include "fluxui/archive/Property.h"
 
 namespace fluxui::archive {
 

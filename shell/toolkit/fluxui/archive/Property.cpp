@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/archive/Property.h"
+#include "fluxui/archive/Property.h"
 
 namespace fluxui::archive {
 

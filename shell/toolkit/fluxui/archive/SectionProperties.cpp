@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/archive/SectionProperties.h"
+#include "fluxui/archive/SectionProperties.h"
 
 #include <algorithm>
 #include <functional>
@@ -7,16 +7,16 @@
 #include <string>
 #include <vector>
 
-#include "shell/toolkit/fluxui/archive/ArchiveValues.h"
-#include "shell/toolkit/fluxui/controls/UI_Checkbox.h"
-#include "shell/toolkit/fluxui/controls/UI_NumberEdit.h"
-#include "shell/toolkit/fluxui/controls/UI_OutlineBox.h"
-#include "shell/toolkit/fluxui/controls/UI_PictureButton.h"
-#include "shell/toolkit/fluxui/controls/UI_Popup.h"
-#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
-#include "shell/toolkit/fluxui/controls/UI_TextButton.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
+#include "fluxui/archive/ArchiveValues.h"
+#include "fluxui/controls/UI_Checkbox.h"
+#include "fluxui/controls/UI_NumberEdit.h"
+#include "fluxui/controls/UI_OutlineBox.h"
+#include "fluxui/controls/UI_PictureButton.h"
+#include "fluxui/controls/UI_Popup.h"
+#include "fluxui/controls/UI_StaticText.h"
+#include "fluxui/controls/UI_TextButton.h"
+#include "fluxui/controls/UI_TextEdit.h"
+#include "fluxui/ui/UI_SubView.h"
 
 namespace fluxui::archive {
 

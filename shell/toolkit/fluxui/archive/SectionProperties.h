@@ -4,8 +4,8 @@
 // shows whatever class builds it.
 #include <string_view>
 
-#include "shell/toolkit/fluxui/archive/Property.h"
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
+#include "fluxui/archive/Property.h"
+#include "fluxui/ui/UI_Node.h"
 
 namespace fluxui::archive {
 

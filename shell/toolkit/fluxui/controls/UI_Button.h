@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/controls/UI_InteractiveControlView.h"
+#include "fluxui/controls/UI_InteractiveControlView.h"
 
 namespace fluxui::controls {
 

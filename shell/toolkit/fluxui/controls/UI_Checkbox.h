@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/controls/UI_Button.h"
+#include "fluxui/controls/UI_Button.h"
 
 namespace fluxui::controls {
 

@@ -1,6 +1,6 @@
-#include "shell/toolkit/fluxui/controls/UI_ControlView.h"
+#include "fluxui/controls/UI_ControlView.h"
 
-#include "shell/toolkit/fluxui/controls/UI_InteractiveControlView.h"
+#include "fluxui/controls/UI_InteractiveControlView.h"
 
 namespace fluxui::controls {
 

@@ -2,7 +2,7 @@
 #include <functional>
 #include <memory>
 
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
+#include "fluxui/ui/UI_SubView.h"
 
 namespace fluxui::controls {
 

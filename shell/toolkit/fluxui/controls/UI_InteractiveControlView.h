@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/controls/UI_ControlView.h"
+#include "fluxui/controls/UI_ControlView.h"
 
 namespace fluxui::controls {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/controls/UI_NumberEdit.h"
+#include "fluxui/controls/UI_NumberEdit.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
+#include "fluxui/controls/UI_TextEdit.h"
 
 namespace fluxui::controls {
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "shell/toolkit/fluxui/controls/UI_Button.h"
-#include "shell/toolkit/fluxui/controls/UI_PictureSupplyMessage.h"
+#include "fluxui/controls/UI_Button.h"
+#include "fluxui/controls/UI_PictureSupplyMessage.h"
 
 namespace fluxui::controls {
 

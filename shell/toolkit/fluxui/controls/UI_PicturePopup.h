@@ -1,6 +1,6 @@
 #pragma once
-#include "shell/toolkit/fluxui/controls/UI_PictureSupplyMessage.h"
-#include "shell/toolkit/fluxui/controls/UI_Popup.h"
+#include "fluxui/controls/UI_PictureSupplyMessage.h"
+#include "fluxui/controls/UI_Popup.h"
 
 namespace fluxui::controls {
 

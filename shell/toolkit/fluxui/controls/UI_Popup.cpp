@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/controls/UI_Popup.h"
+#include "fluxui/controls/UI_Popup.h"
 
 namespace fluxui::controls {
 

@@ -1,7 +1,7 @@
 #pragma once
 #include <vector>
 
-#include "shell/toolkit/fluxui/controls/UI_Button.h"
+#include "fluxui/controls/UI_Button.h"
 
 namespace fluxui::controls {
 

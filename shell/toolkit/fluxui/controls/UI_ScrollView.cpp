@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/controls/UI_ScrollView.h"
+#include "fluxui/controls/UI_ScrollView.h"
 
 #include <algorithm>
 #include <stdexcept>

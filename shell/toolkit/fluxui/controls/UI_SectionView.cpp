@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/controls/UI_SectionView.h"
+#include "fluxui/controls/UI_SectionView.h"
 
 namespace fluxui::controls {
 

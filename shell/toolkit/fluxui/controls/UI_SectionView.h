@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
+#include "fluxui/ui/UI_SubView.h"
 
 namespace fluxui::controls {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/controls/UI_SplitterView.h"
+#include "fluxui/controls/UI_SplitterView.h"
 
 #include <algorithm>
 

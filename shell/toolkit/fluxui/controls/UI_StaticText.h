@@ -1,6 +1,6 @@
 #pragma once
-#include "shell/toolkit/fluxui/controls/TextAlignment.h"
-#include "shell/toolkit/fluxui/controls/UI_ControlView.h"
+#include "fluxui/controls/TextAlignment.h"
+#include "fluxui/controls/UI_ControlView.h"
 
 namespace fluxui::controls {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
+#include "fluxui/controls/UI_TextEdit.h"
 
 namespace fluxui::controls {
 

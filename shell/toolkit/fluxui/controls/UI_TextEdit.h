@@ -1,8 +1,8 @@
 #pragma once
 #include <optional>
 
-#include "shell/toolkit/fluxui/controls/TextAlignment.h"
-#include "shell/toolkit/fluxui/controls/UI_InteractiveControlView.h"
+#include "fluxui/controls/TextAlignment.h"
+#include "fluxui/controls/UI_InteractiveControlView.h"
 
 namespace fluxui::controls {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/dialogs/OS_FolderChooserDialog.h"
+#include "fluxui/dialogs/OS_FolderChooserDialog.h"
 
 #include "Fnd/InteractionDriver.h"
 

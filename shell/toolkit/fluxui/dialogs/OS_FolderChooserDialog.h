@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/dialogs/OS_NavigationDialog.h"
+#include "fluxui/dialogs/OS_NavigationDialog.h"
 
 namespace fluxui::dialogs {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/dialogs/SimpleInputBox.h"
+#include "fluxui/dialogs/SimpleInputBox.h"
 
 #include "fluxcore/ZString.h"
 

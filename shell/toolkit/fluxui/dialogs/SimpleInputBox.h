@@ -1,8 +1,8 @@
 #pragma once
-#include "shell/toolkit/fluxui/controls/UI_StaticText.h"
-#include "shell/toolkit/fluxui/controls/UI_TextButton.h"
-#include "shell/toolkit/fluxui/controls/UI_TextEdit.h"
-#include "shell/toolkit/fluxui/ui/UI_Dialog.h"
+#include "fluxui/controls/UI_StaticText.h"
+#include "fluxui/controls/UI_TextButton.h"
+#include "fluxui/controls/UI_TextEdit.h"
+#include "fluxui/ui/UI_Dialog.h"
 
 namespace fluxui::dialogs {
 

@@ -1,7 +1,7 @@
 #pragma once
 // The toolkit draws nothing itself: a node describes its look to a sketcher, which a front end
 // turns into pixels and a test records.
-#include "shell/toolkit/fluxcore/geom/Geometry.h"
+#include "fluxcore/geom/Geometry.h"
 
 namespace fluxui::sketcher {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/ui/OS_Dialog.h"
+#include "fluxui/ui/OS_Dialog.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,6 +1,6 @@
 #pragma once
 #include "Fnd/InteractionDriver.h"
-#include "shell/toolkit/fluxui/ui/OS_Window.h"
+#include "fluxui/ui/OS_Window.h"
 
 namespace fluxui::ui {
 

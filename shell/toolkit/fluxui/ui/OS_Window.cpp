@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/ui/OS_Window.h"
+#include "fluxui/ui/OS_Window.h"
 
 #include <unordered_map>
 

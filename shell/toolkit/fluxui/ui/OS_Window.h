@@ -1,7 +1,7 @@
 #pragma once
 #include <cstdint>
 
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
+#include "fluxui/ui/UI_Node.h"
 
 namespace fluxui::ui {
 

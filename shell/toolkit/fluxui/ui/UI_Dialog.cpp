@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/ui/UI_Dialog.h"
+#include "fluxui/ui/UI_Dialog.h"
 
 namespace fluxui::ui {
 

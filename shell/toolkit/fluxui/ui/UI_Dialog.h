@@ -2,8 +2,8 @@
 #include <functional>
 #include <memory>
 
-#include "shell/toolkit/fluxui/controls/UI_Button.h"
-#include "shell/toolkit/fluxui/ui/OS_Dialog.h"
+#include "fluxui/controls/UI_Button.h"
+#include "fluxui/ui/OS_Dialog.h"
 
 namespace fluxui::ui {
 

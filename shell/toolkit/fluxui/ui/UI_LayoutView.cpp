@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/ui/UI_LayoutView.h"
+#include "fluxui/ui/UI_LayoutView.h"
 
 namespace fluxui::ui {
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
+#include "fluxui/ui/UI_SubView.h"
 
 namespace fluxui::ui {
 

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
+#include "fluxui/ui/UI_Node.h"
 
 #include <algorithm>
 #include <stdexcept>

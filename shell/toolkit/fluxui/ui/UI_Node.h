@@ -8,11 +8,11 @@
 
 #include "Fnd/WString.h"
 #include "fluxcore/RefCountedObject.h"
-#include "shell/toolkit/fluxcore/geom/Geometry.h"
-#include "shell/toolkit/fluxui/sketcher/Sketcher.h"
-#include "shell/toolkit/fluxui/ui/KeyboardEvent.h"
-#include "shell/toolkit/fluxui/ui/UI_Container.h"
-#include "shell/toolkit/fluxui/ui/UI_NodeObserver.h"
+#include "fluxcore/geom/Geometry.h"
+#include "fluxui/sketcher/Sketcher.h"
+#include "fluxui/ui/KeyboardEvent.h"
+#include "fluxui/ui/UI_Container.h"
+#include "fluxui/ui/UI_NodeObserver.h"
 
 namespace fluxui::ui {
 

@@ -1,14 +1,14 @@
-#include "shell/toolkit/fluxui/ui/UI_NodeBuilder.h"
+#include "fluxui/ui/UI_NodeBuilder.h"
 
 #include <string_view>
 #include <vector>
 
-#include "shell/toolkit/fluxui/archive/ArchiveClasses.h"
-#include "shell/toolkit/fluxui/archive/ArchiveValues.h"
-#include "shell/toolkit/fluxui/archive/PropMapReader.h"
-#include "shell/toolkit/fluxui/archive/SectionProperties.h"
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
-#include "shell/toolkit/fluxui/utility/ResourceManager.h"
+#include "fluxui/archive/ArchiveClasses.h"
+#include "fluxui/archive/ArchiveValues.h"
+#include "fluxui/archive/PropMapReader.h"
+#include "fluxui/archive/SectionProperties.h"
+#include "fluxui/ui/UI_Node.h"
+#include "fluxui/utility/ResourceManager.h"
 
 namespace fluxui::ui {
 

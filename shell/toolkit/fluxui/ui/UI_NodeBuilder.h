@@ -6,8 +6,8 @@
 #include <string>
 
 #include "Fnd/WString.h"
-#include "shell/toolkit/fluxui/sketcher/Sketcher.h"
-#include "shell/toolkit/fluxui/ui/UI_Container.h"
+#include "fluxui/sketcher/Sketcher.h"
+#include "fluxui/ui/UI_Container.h"
 
 namespace fluxui::utility {
 class ResourceManager;

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/ui/UI_NodeManager.h"
+#include "fluxui/ui/UI_NodeManager.h"
 
 namespace fluxui::ui {
 

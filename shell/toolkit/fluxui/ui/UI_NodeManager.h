@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/ui/UI_Node.h"
+#include "fluxui/ui/UI_Node.h"
 
 namespace fluxui::ui {
 

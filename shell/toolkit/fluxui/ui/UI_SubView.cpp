@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/ui/UI_SubView.h"
+#include "fluxui/ui/UI_SubView.h"
 
 namespace fluxui::ui {
 

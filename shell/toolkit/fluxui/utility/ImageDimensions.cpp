@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/utility/ImageDimensions.h"
+#include "fluxui/utility/ImageDimensions.h"
 
 #include <algorithm>
 #include <array>

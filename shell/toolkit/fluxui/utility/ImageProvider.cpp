@@ -1,11 +1,11 @@
-#include "shell/toolkit/fluxui/utility/ImageProvider.h"
+#include "fluxui/utility/ImageProvider.h"
 
 #include <array>
 #include <cctype>
 #include <cmath>
 
 #include "Fnd/NullInterfaceException.h"
-#include "shell/toolkit/fluxui/utility/ImageDimensions.h"
+#include "fluxui/utility/ImageDimensions.h"
 
 namespace fluxui::utility {
 namespace {

@@ -2,10 +2,10 @@
 #include <string>
 #include <string_view>
 
-#include "shell/toolkit/fluxui/controls/UI_PictureSupplyMessage.h"
-#include "shell/toolkit/fluxui/sketcher/Sketcher.h"
-#include "shell/toolkit/fluxui/utility/ResourceManager.h"
-#include "shell/toolkit/fluxui/utility/SketcherImageResourceCache.h"
+#include "fluxui/controls/UI_PictureSupplyMessage.h"
+#include "fluxui/sketcher/Sketcher.h"
+#include "fluxui/utility/ResourceManager.h"
+#include "fluxui/utility/SketcherImageResourceCache.h"
 
 namespace fluxui::utility {
 

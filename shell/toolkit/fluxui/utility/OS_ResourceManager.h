@@ -1,17 +1,22 @@
 #pragma once
-#include "shell/toolkit/fluxui/utility/ResourceManager.h"
+#include "fluxui/utility/ResourceManager.h"
 
 namespace fluxui::utility {
 
-// The resources of a loaded module: on Linux, the store compiled into the library. Resources
-// added with AddResource come first, so a test can replace a layout of the store.
+// How a module finds the resources compiled into it: the bytes of a resource by type and name, an
+// empty span when it has none.
+using ModuleResources = std::span<const std::byte> (*)(std::string_view type, std::string_view name);
+
+// The resources of a loaded module, which hands over its own lookup: the toolkit knows no module's
+// store. Resources added with AddResource come first, so a test can replace a layout of the store.
 class OS_ResourceManager : public ResourceManager {
 public:
-    // The module handle names the module on platforms that keep resources per module; the
-    // library has one store, so it is not read.
-    explicit OS_ResourceManager(void* module = nullptr) {}
+    explicit OS_ResourceManager(ModuleResources module = nullptr) : module_(module) {}
 
     std::span<const std::byte> FindResource(std::string_view type, std::string_view name) const override;
+
+private:
+    ModuleResources module_;
 };
 
 } // namespace fluxui::utility

@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/utility/ResourceManager.h"
+#include "fluxui/utility/ResourceManager.h"
 
 namespace fluxui::utility {
 

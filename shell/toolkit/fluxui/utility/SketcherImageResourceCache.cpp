@@ -1,4 +1,4 @@
-#include "shell/toolkit/fluxui/utility/SketcherImageResourceCache.h"
+#include "fluxui/utility/SketcherImageResourceCache.h"
 
 namespace fluxui::utility {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "shell/toolkit/fluxui/utility/SketcherImage.h"
+#include "fluxui/utility/SketcherImage.h"
 
 namespace fluxui::utility {
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "shell/toolkit/fluxui/sketcher/Sketcher.h"
+#include "fluxui/sketcher/Sketcher.h"
 
 namespace fluxui::utils {
 

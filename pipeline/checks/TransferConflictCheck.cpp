@@ -1,0 +1,57 @@
+#include "pipeline/checks/TransferConflictCheck.h"
+
+#include "Fnd/PathUtils.h"
+#include "IGD/SelectedFolderItem.h"
+#include "Mid/Utilities.h"
+#include "QL/IngestUtils.h"
+#include "fluxcore/ZString.h"
+#include "pipeline/gathering/NormalizedRoot.h"
+#include "fluxui/Messagebox.h"
+
+namespace IGD {
+namespace {
+
+bool Refuse(std::string_view message, std::initializer_list<Fnd::WString> arguments) {
+    fluxui::dialogs::messagebox::Messagebox(
+        fluxcore::Localize("$$$/Quillon/Ingest/Failure/DestinationConflictTitle=Transfer Error"),
+        fluxcore::Localize(message, arguments));
+    return false;
+}
+
+} // namespace
+
+bool CheckTransferConflicts(const Fnd::WString& sourceRoot, const SelectedItemList& items,
+                            const DestinationList& destinations) {
+    const NormalizedRoot root(sourceRoot);
+    for (const IngestDestinationRef& destination : destinations) {
+        const Fnd::WString target = destination->GetFullDestinationPath();
+        Fnd::WString relative;
+        // On another filesystem a destination can be neither the source nor inside it.
+        if (!Mid::Utilities::ArePathsRelative(sourceRoot, true, target, true, relative))
+            continue;
+        const auto setting = destination->GetTranscodeSetting();
+        const bool transcoding = setting && setting->enabled;
+        const bool same = relative == u".";
+        const bool inside = !same && relative.find(u"..") == Fnd::WString::npos;
+        for (const SelectedItemRef& item : items) {
+            const bool isFolder = dynamic_cast<const SelectedFolderItem*>(item.get()) != nullptr;
+            if (same && (isFolder || !transcoding))
+                return Refuse(
+                    "$$$/Quillon/Ingest/Failure/RootPathEqualDestinationError=The destination folder "
+                    "path @0 is the same as the source folder. Cannot transfer to the source folder.",
+                    {target});
+            if (!isFolder || !inside)
+                continue;
+            const Fnd::WString folder = root.ItemPath(*item);
+            if (QL::IngestUtils::FolderContain(folder, target, true))
+                return Refuse(
+                    "$$$/Quillon/Ingest/Failure/SelectContainDestinationError=The source folder path @0 "
+                    "contains the destination folder @1. Cannot transfer to the sub-folder of the "
+                    "source folder.",
+                    {Fnd::PathUtils::RemoveTrailingSlash(folder), target});
+        }
+    }
+    return true;
+}
+
+} // namespace IGD

@@ -1,0 +1,24 @@
+#include "Fnd/PathUtils.h"
+#include "IGD/IngestApi.h"
+#include "pipeline/gathering/PathParts.h"
+#include "pipeline/gathering/PrepareSessionForFile.h"
+
+namespace IGD {
+
+Fnd::WString GetIngestFileOutputName(const Fnd::WString& path, IngestDialogDataRef session,
+                                     const Fnd::Date date, bool forceNames) {
+    PrepareSessionForFile(path, *session, date, true, forceNames);
+    const SelectedItemList items = session->GetSelectedItems();
+    if (items.empty())
+        return FileNameOf(path);
+    const SelectedItem& first = *items.front();
+    const Fnd::WString& itemPath = first.GetItemPath();
+    if (!first.HasOutputName())
+        return itemPath;
+    Fnd::WString directory;
+    Fnd::WString extension;
+    Fnd::PathUtils::SplitPath(itemPath, nullptr, &directory, nullptr, &extension);
+    return directory + first.GetOutputName() + extension;
+}
+
+} // namespace IGD

@@ -1,0 +1,84 @@
+#include "pipeline/entry/IngestRequest.h"
+
+#include "QL/RoughCut.h"
+#include "fluxcore/Guid.h"
+#include "fluxcore/ZString.h"
+#include "pipeline/apply/ApplyFlags.h"
+#include "pipeline/plan/CopyDecisions.h"
+#include "pipeline/apply/MetadataFieldSetBuilder.h"
+#include "pipeline/naming/OutputNames.h"
+#include "pipeline/checks/PreflightChain.h"
+#include "pipeline/checks/TemplateChecks.h"
+#include "fluxui/Messagebox.h"
+
+namespace IGD {
+namespace {
+
+using fluxcore::Localize;
+
+constexpr int kErrorIcon = 16;
+
+bool ShowIngestFailure(std::string_view message) {
+    AppFrame::MessageBoxW(
+        Localize(message),
+        Localize("$$$/Quillon/Libraries/IngestDialog/IngestDialogErrorTitle=Ingest Failure"),
+        AppFrame::kMessageBoxOK, kErrorIcon, AppFrame::kResultOK);
+    return false;
+}
+
+// Rough cuts of the old format are converted on import; the user agrees once for all of them.
+bool AgreeToConvertRoughCuts(const SelectedItemList& items) {
+    for (const SelectedItemRef& item : items) {
+        if (!QL::IsRoughCutFileExtension(item->GetItemPath()))
+            continue;
+        return AppFrame::MessageBoxW(
+                   Localize("$$$/Quillon/Libraries/IngestDialog/OldVersionRoughCut=Trying to import old "
+                            "version RoughCut(s), do you want to convert it to new version?"),
+                   Localize("$$$/Quillon/Libraries/IngestDialog/OldVersionRoughCutTitle=Convert RoughCut"),
+                   AppFrame::kMessageBoxOKCancel, kErrorIcon, AppFrame::kResultOK) == AppFrame::kResultOK;
+    }
+    return true;
+}
+
+} // namespace
+
+bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent, Fnd::Date now,
+                        std::uint32_t firstCounter) {
+    if (!CheckRenameTemplate(session, parent) || !CheckMetadataTemplate(session, parent))
+        return false;
+    if (session.GetSelectedItems().empty())
+        return ShowIngestFailure(
+            "$$$/Quillon/Libraries/IngestDialog/IngestDialogNoSourceSelectedError=Please select a file for "
+            "ingest.");
+    ComputeApplyFlags(session);
+    if (session.IsRenameEnabled())
+        GenerateOutputNames(session, now, firstCounter);
+    const SelectedItemList items = session.GetSelectedItems();
+    if (!AgreeToConvertRoughCuts(items))
+        return false;
+    for (const SelectedItemRef& item : items)
+        item->SetClipGuid(fluxcore::utility::Guid::CreateUnique());
+    if (session.IsImportOnly())
+        return true;
+    const DestinationList destinations = session.GetDestinations();
+    if (destinations.empty())
+        return ShowIngestFailure("$$$/Quillon/Libraries/IngestDialog/IngestDialogNoDestinationError=Please "
+                                 "select a destination.");
+    return RunPreflightChain(session.GetSourceRoot(), items, destinations);
+}
+
+bool CompleteIngestRequest(IIngestDialogData& session, const QL::MinimumMetadataResult& minimumMetadata) {
+    QL::IngestCustomData customData;
+    customData.minimumMetadata = minimumMetadata;
+    if (session.IsMetadataEnabled())
+        BuildMetadataFieldSet(session.GetMetadataPreset(), customData);
+    session.SetCustomData(customData);
+    CopyDecisionMap decisions;
+    if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),
+                            decisions))
+        return false;
+    session.SetCopyDecisions(decisions);
+    return true;
+}
+
+} // namespace IGD

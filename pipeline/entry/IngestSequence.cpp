@@ -1,0 +1,114 @@
+#include "IGD/IngestSequence.h"
+
+#include <memory>
+
+#include "Fnd/NullInterfaceException.h"
+#include "Fnd/StationUtils.h"
+#include "QL/IngestMessages.h"
+#include "QL/TranscodeSetting.h"
+#include "pipeline/entry/IngestRequest.h"
+#include "pipeline/naming/RenameCounter.h"
+#include "pipeline/plan/IngestPlan.h"
+#include "settings/IngestSettingsController.h"
+#include "settings/PreferenceAccess.h"
+
+namespace IGD {
+namespace {
+
+// Without a preference store the defaults stand, as they do in a dialog of a host without one.
+void LoadStoredSettings(IngestSettingsController& settings) {
+    try {
+        settings.LoadSettings();
+    } catch (const Fnd::NullInterfaceException&) {
+    }
+}
+
+// The counter is the one setting a host's ingest leaves behind: the next ingest, there or in the
+// dialog, must not hand out the same numbers again.
+void StoreStartNumber() {
+    const IngestSettingsController& settings = *IngestSettingsController::GetInstance();
+    if (settings.GetSettingsLocked())
+        return;
+    try {
+        WritePreference(*GetPreferences(), kUserDefAutoIncStartNumber, settings.GetUserDefAutoIncStartNumber());
+    } catch (const Fnd::NullInterfaceException&) {
+        // Without a preference store there is nothing to carry over to.
+    }
+}
+
+void ApplyToSession(IIngestDialogData& session, const IngestChoices& choices) {
+    session.SetImportOnly(choices.destinations.empty());
+    for (std::size_t i = 0; i < choices.destinations.size(); ++i) {
+        IngestDestinationRef destination(new IngestDestination);
+        destination->SetDestinationPath(choices.destinations[i]);
+        destination->SetSubFolder(choices.subFolder);
+        destination->SetPrimary(i == 0);
+        destination->SetEnabled(true);
+        // Nothing is transcoded from here: every destination is a copy.
+        destination->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
+        session.AddDestination(destination);
+    }
+    if (!choices.destinations.empty())
+        session.SetVerifyMode(choices.verifyMode);
+    session.SetRenameEnabled(choices.renamePreset != nullptr);
+    session.SetRenamePreset(choices.renamePreset);
+    session.SetRenameApplyScope(choices.renameScope);
+    session.SetMetadataEnabled(choices.metadataPreset != nullptr);
+    session.SetMetadataPreset(choices.metadataPreset);
+    session.SetMetadataApplyScope(choices.metadataScope);
+}
+
+} // namespace
+
+void ApplyIngestChoices(const std::vector<IngestDialogDataRef>& sessions, const IngestChoices& choices) {
+    // The template checks read the settings as the dialog's sections left them; here the choices
+    // are the settings pane. The stored start number stands unless one is given.
+    IngestSettingsController& settings = *IngestSettingsController::GetInstance();
+    LoadStoredSettings(settings);
+    settings.SetEnableRenameTemplate(choices.renamePreset != nullptr);
+    settings.SetEnableMetadataTemplate(choices.metadataPreset != nullptr);
+    settings.SetRenameEditMode(false);
+    settings.SetMetadataEditMode(false);
+    if (choices.startNumber)
+        settings.SetUserDefAutoIncStartNumber(*choices.startNumber);
+    for (const IngestDialogDataRef& session : sessions)
+        ApplyToSession(*session, choices);
+}
+
+PresetRef StoredRenameTemplate() {
+    IngestSettingsController& settings = *IngestSettingsController::GetInstance();
+    LoadStoredSettings(settings);
+    return settings.GetEnableRenameTemplate() ? settings.GetRenamePreset() : PresetRef{};
+}
+
+bool CheckIngestSessions(const std::vector<IngestDialogDataRef>& sessions, Fnd::Date now) {
+    std::uint32_t firstCounter = 1;
+    for (const IngestDialogDataRef& session : sessions) {
+        if (!CheckIngestRequest(*session, nullptr, now, firstCounter))
+            return false;
+        firstCounter += static_cast<std::uint32_t>(session->GetSelectedItems().size());
+    }
+    return true;
+}
+
+bool CompleteIngestSessions(const std::vector<IngestDialogDataRef>& sessions,
+                            const QL::MinimumMetadataResult& minimumMetadata) {
+    for (const IngestDialogDataRef& session : sessions)
+        if (!CompleteIngestRequest(*session, minimumMetadata))
+            return false;
+    for (const IngestDialogDataRef& session : sessions)
+        AdvanceRenameCounter(*session);
+    if (!sessions.empty() && sessions.front()->IsRenameEnabled())
+        StoreStartNumber();
+    return true;
+}
+
+void StartIngestSessions(const std::vector<IngestDialogDataRef>& sessions,
+                         const fluxcore::utility::Guid& batch) {
+    for (const IngestDialogDataRef& session : sessions)
+        RunIngestPlan(session, batch);
+    Fnd::StationUtils::PostMessageToUIThread(QL::kStation_IngestMedia, QL::StartIngestMessage(batch, {}),
+                                             false);
+}
+
+} // namespace IGD

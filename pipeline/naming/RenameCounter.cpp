@@ -1,0 +1,47 @@
+#include "pipeline/naming/RenameCounter.h"
+
+#include <algorithm>
+
+#include "settings/IngestSettingsController.h"
+
+namespace IGD {
+namespace {
+
+constexpr std::uint32_t kApplyToPrimaryOnly = 1;
+
+bool HasCustomCounter(const PresetRef& preset) {
+    if (!preset)
+        return false;
+    const QL::PresetFieldList fields = preset->GetFields();
+    return std::any_of(fields.begin(), fields.end(), [](const auto& field) {
+        return field->GetType() == QL::kQLFieldUserDefinedAutoIncrement;
+    });
+}
+
+} // namespace
+
+std::uint32_t RenameCounterStep(const IIngestDialogData& session) {
+    if (!HasCustomCounter(session.GetRenamePreset()))
+        return 0;
+    const DestinationList destinations = session.GetDestinations();
+    const bool stitching = std::any_of(destinations.begin(), destinations.end(), [](const auto& destination) {
+        const auto setting = destination->GetTranscodeSetting();
+        return setting && setting->concatenate;
+    });
+    // A stitch that is the only renamed result used one number, however many clips went into it.
+    if (stitching && (destinations.size() == 1 || session.GetRenameApplyScope() == kApplyToPrimaryOnly))
+        return 1;
+    return static_cast<std::uint32_t>(session.GetSelectedItems().size());
+}
+
+void AdvanceRenameCounter(const IIngestDialogData& session) {
+    if (!session.IsRenameEnabled())
+        return;
+    const std::uint32_t step = RenameCounterStep(session);
+    if (step == 0)
+        return;
+    IngestSettingsController& settings = *IngestSettingsController::GetInstance();
+    settings.SetUserDefAutoIncStartNumber(settings.GetUserDefAutoIncStartNumber() + step);
+}
+
+} // namespace IGD

@@ -1,0 +1,27 @@
+#include "pipeline/naming/RenameTargets.h"
+
+#include <algorithm>
+
+#include "pipeline/gathering/NormalizedRoot.h"
+#include "pipeline/gathering/PathParts.h"
+
+namespace IGD {
+
+Fnd::WString ResolveTargetPath(const SelectedItem& item, const Fnd::WString& root) {
+    return NormalizedRoot(root).TargetPath(item);
+}
+
+bool AnyItemHasOutputName(const SelectedItemList& items) {
+    return std::any_of(items.begin(), items.end(),
+                       [](const SelectedItemRef& item) { return item->HasOutputName(); });
+}
+
+Fnd::WString FindSidecarPath(const std::vector<Fnd::WString>& paths) {
+    for (const Fnd::WString& path : paths) {
+        if (Fnd::EqualsIgnoringASCIICase(ExtensionOf(path), u".xmp"))
+            return path;
+    }
+    return {};
+}
+
+} // namespace IGD

@@ -1,0 +1,416 @@
+// `igd ingest` and `igd resume` as a user runs them: the real binary, a real card, a real kill.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/tasks/engine/EngineTestSupport.h"
+#include "Proj/Project.h"
+#include "QL/Engine/Journal.h"
+
+namespace igd::test {
+namespace {
+
+using namespace QL::Engine;
+
+// A child igd whose standard output the test reads line by line.
+class IgdProcess {
+public:
+    explicit IgdProcess(const std::vector<std::string>& arguments) {
+        int out[2];
+        int err[2];
+        if (::pipe(out) != 0 || ::pipe(err) != 0)
+            throw std::runtime_error("pipe");
+        pid_ = ::fork();
+        if (pid_ == 0) {
+            ::dup2(out[1], STDOUT_FILENO);
+            ::dup2(err[1], STDERR_FILENO);
+            ::close(out[0]);
+            ::close(err[0]);
+            const int devNull = ::open("/dev/null", O_RDONLY);
+            ::dup2(devNull, STDIN_FILENO);
+            std::vector<char*> argv{const_cast<char*>(IGD_BINARY)};
+            for (const std::string& argument : arguments)
+                argv.push_back(const_cast<char*>(argument.c_str()));
+            argv.push_back(nullptr);
+            ::execv(IGD_BINARY, argv.data());
+            ::_exit(127);
+        }
+        ::close(out[1]);
+        ::close(err[1]);
+        out_ = ::fdopen(out[0], "r");
+        errFd_ = err[0];
+    }
+    ~IgdProcess() {
+        if (pid_ > 0 && !reaped_) {
+            ::kill(pid_, SIGKILL);
+            Wait();
+        }
+        if (out_)
+            std::fclose(out_);
+        ::close(errFd_);
+    }
+
+    // The next line of standard output without its end; false at the end.
+    bool ReadLine(std::string& line) {
+        char* buffer = nullptr;
+        std::size_t size = 0;
+        const ssize_t got = ::getline(&buffer, &size, out_);
+        if (got >= 0)
+            line.assign(buffer, static_cast<std::size_t>(got) - (got > 0 && buffer[got - 1] == '\n' ? 1 : 0));
+        std::free(buffer);
+        return got >= 0;
+    }
+    std::string RestOfOutput() {
+        std::string all;
+        std::string line;
+        while (ReadLine(line))
+            all += line + "\n";
+        return all;
+    }
+    std::string ErrorOutput() {
+        std::string all;
+        char buffer[4096];
+        for (ssize_t got; (got = ::read(errFd_, buffer, sizeof buffer)) > 0;)
+            all.append(buffer, static_cast<std::size_t>(got));
+        return all;
+    }
+    void Signal(int signal) { ::kill(pid_, signal); }
+    // The exit code, or 128 plus the signal that ended it.
+    int Wait() {
+        int status = 0;
+        ::waitpid(pid_, &status, 0);
+        reaped_ = true;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    }
+
+private:
+    pid_t pid_ = -1;
+    bool reaped_ = false;
+    FILE* out_ = nullptr;
+    int errFd_ = -1;
+};
+
+struct Ran {
+    int exitCode;
+    std::string out;
+    std::string err;
+};
+
+Ran RunIgd(const std::vector<std::string>& arguments) {
+    IgdProcess igd(arguments);
+    std::string out = igd.RestOfOutput();
+    std::string err = igd.ErrorOutput();
+    return Ran{igd.Wait(), std::move(out), std::move(err)};
+}
+
+std::string JsonField(const std::string& line, const std::string& name) {
+    const std::string key = "\"" + name + "\":\"";
+    const std::size_t start = line.find(key);
+    if (start == std::string::npos)
+        return {};
+    const std::size_t from = start + key.size();
+    return line.substr(from, line.find('"', from) - from);
+}
+
+struct FileIdentity {
+    ino_t inode;
+    timespec changed;
+};
+
+FileIdentity IdentityOf(const std::string& path) {
+    struct stat info {};
+    EXPECT_EQ(::stat(path.c_str(), &info), 0) << path;
+    return FileIdentity{info.st_ino, info.st_ctim};
+}
+
+std::vector<std::string> TemporariesBelow(const std::string& root) {
+    std::vector<std::string> found;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
+        if (FileCopier::IsTemporaryName(entry.path().filename().string()))
+            found.push_back(entry.path().string());
+    return found;
+}
+
+class IgdIngestCommandTest : public ::testing::Test {
+protected:
+    std::string Native(const std::string& relative) const { return tree.NativePath(relative); }
+
+    ScopedIgdHome home;
+    TempTree tree;
+};
+
+TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAgain) {
+    constexpr int kClips = 12;
+    for (int i = 1; i <= kClips; ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, "card/DCIM/C%03d.MOV", i);
+        tree.MakeFileOfSize(name, 4u << 20);
+    }
+    IgdProcess ingest({"ingest", Native("card"), "--to", Native("main"), "--to", Native("backup"), "--verify",
+                       "md5", "--json"});
+
+    // Let a few files through, then freeze it mid-batch and kill it.
+    std::string line;
+    std::string batchText;
+    int copied = 0;
+    while (copied < 4 && ingest.ReadLine(line)) {
+        const std::string source = JsonField(line, "source");
+        if (JsonField(line, "event") == "file" && JsonField(line, "status") == "copied" &&
+            source.ends_with(".MOV"))
+            ++copied;
+        if (batchText.empty())
+            batchText = JsonField(line, "batch");
+    }
+    ingest.Signal(SIGSTOP);
+    const auto batch = fluxcore::utility::Guid::FromString(batchText);
+    ASSERT_TRUE(batch.has_value()) << line;
+    Journal journal(home.Path() + "/journal.sqlite");
+    const std::optional<JournalBatch> before = journal.LoadBatch(*batch);
+    ASSERT_TRUE(before.has_value());
+    std::map<std::string, FileIdentity> verified;
+    for (const FileRecord& file : before->files)
+        if (file.state == FileState::Verified && !std::filesystem::is_directory(file.finalPath))
+            verified.emplace(file.finalPath, IdentityOf(file.finalPath));
+    ASSERT_GE(verified.size(), 4u);
+    ASSERT_LT(verified.size(), 2u * kClips) << "the ingest ended before it could be killed";
+    ingest.Signal(SIGKILL);
+    EXPECT_EQ(ingest.Wait(), 128 + SIGKILL);
+    EXPECT_EQ(journal.LoadBatch(*batch)->state, BatchState::Running);
+
+    const Ran resume = RunIgd({"resume", "--json"});
+    EXPECT_EQ(resume.exitCode, 0) << resume.out << resume.err;
+    EXPECT_NE(resume.out.find("\"status\":\"already copied\""), std::string::npos);
+
+    for (int i = 1; i <= kClips; ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, "DCIM/C%03d.MOV", i);
+        const std::string original = ReadWholeFile(Native("card/" + std::string(name)));
+        EXPECT_EQ(ReadWholeFile(Native("main/card/" + std::string(name))), original) << name;
+        EXPECT_EQ(ReadWholeFile(Native("backup/card/" + std::string(name))), original) << name;
+    }
+    EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
+    EXPECT_TRUE(TemporariesBelow(Native("backup")).empty());
+    for (const auto& [path, identity] : verified) {
+        const FileIdentity now = IdentityOf(path);
+        EXPECT_EQ(now.inode, identity.inode) << path << " was copied again";
+        EXPECT_EQ(now.changed.tv_sec, identity.changed.tv_sec) << path;
+        EXPECT_EQ(now.changed.tv_nsec, identity.changed.tv_nsec) << path;
+    }
+
+    const std::optional<JournalBatch> after = journal.LoadBatch(*batch);
+    EXPECT_EQ(after->state, BatchState::Finished);
+    for (const FileRecord& file : after->files)
+        EXPECT_EQ(file.state, FileState::Verified) << Fnd::ToUTF8(file.target);
+    EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), static_cast<std::size_t>(kClips));
+    EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
+}
+
+TEST_F(IgdIngestCommandTest, FilesBringTheirSidecarsAndBecomeOneItemEach) {
+    tree.MakeFile("card/A001.MOV", "frames");
+    tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+    tree.MakeFile("card/A002.MOV", "more frames");
+    const Ran ran =
+        RunIgd({"ingest", Native("card/A001.MOV"), Native("card/A001.xmp"), Native("card/A002.MOV"), "--to",
+                Native("main"), "--bin", "Day 1", "--verify", "bit"});
+    EXPECT_EQ(ran.exitCode, 0) << ran.out << ran.err;
+    EXPECT_EQ(ReadWholeFile(Native("main/A001.xmp")), "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+    EXPECT_EQ(ReadWholeFile(Native("main/A002.MOV")), "more frames");
+    const auto items = Proj::Project::Open(home.ProjectPath())->Items();
+    ASSERT_EQ(items.size(), 2u) << "the sidecar travels with its clip, not as an item";
+    EXPECT_EQ(items[0].bin, u"Day 1");
+    EXPECT_EQ(items[0].extraPaths, std::vector<Fnd::WString>{tree.Path("main/A001.xmp")});
+    EXPECT_NE(ran.out.find("Done"), std::string::npos) << ran.out;
+}
+
+// A P2 card as a camera leaves it, with two clips, the card's own index file, and media put on it
+// by hand: a clip with its sidecar, and a sound file.
+class IgdIngestCardTest : public IgdIngestCommandTest {
+protected:
+    void SetUp() override {
+        const std::string c = "SHOOT/CARD01/CONTENTS/";
+        for (const std::string id : {"0001AB", "0002AB"}) {
+            tree.MakeFile(c + "CLIP/" + id + ".XML",
+                          "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" + id +
+                              "</GlobalClipID></ClipContent></P2Main>");
+            tree.MakeFile(c + "VIDEO/" + id + ".MXF", "video " + id);
+            tree.MakeFile(c + "AUDIO/" + id + "00.MXF", "audio " + id);
+            tree.MakeFile(c + "ICON/" + id + ".BMP", "icon " + id);
+        }
+        tree.MakeFile("SHOOT/CARD01/LASTCLIP.TXT", "0002AB");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/B001.MOV", "b camera");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/B001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/sound.WAV", "sound");
+    }
+
+    Ran Ingest(std::vector<std::string> options) {
+        std::vector<std::string> arguments{"ingest", Native("SHOOT/CARD01")};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return RunIgd(arguments);
+    }
+};
+
+TEST_F(IgdIngestCardTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMetadataOnBothCopies) {
+    const Ran ran =
+        Ingest({"--to", Native("main"), "--to", Native("backup"), "--rename-preset", "Camera roll",
+                "--metadata-preset", "Production", "--set", "scene=12", "--set", "take=3"});
+    ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
+
+    for (const std::string destination : {"main", "backup"}) {
+        SCOPED_TRACE(destination);
+        const std::string card = Native(destination + "/CARD01/");
+        for (const std::string id : {"0001AB", "0002AB"}) {
+            // The card's structure refers to its files by name: they land together, as they were.
+            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/VIDEO/" + id + ".MXF"), "video " + id);
+            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/AUDIO/" + id + "00.MXF"), "audio " + id);
+            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/ICON/" + id + ".BMP"), "icon " + id);
+            EXPECT_TRUE(std::filesystem::exists(card + "CONTENTS/CLIP/" + id + ".XML"));
+        }
+        // The custom counter numbers the items in order: two card clips, then B001, then the sound.
+        EXPECT_EQ(ReadWholeFile(card + "EXTRA/B001_003.MOV"), "b camera");
+        EXPECT_EQ(ReadWholeFile(card + "EXTRA/sound_004.WAV"), "sound");
+        EXPECT_FALSE(std::filesystem::exists(card + "EXTRA/B001.MOV"));
+        EXPECT_FALSE(std::filesystem::exists(card + "EXTRA/B001.xmp"));
+        EXPECT_FALSE(std::filesystem::exists(card + "LASTCLIP.TXT")) << "index files are no media";
+        for (const std::string sidecar :
+             {"EXTRA/B001_003.xmp", "EXTRA/sound_004.xmp", "CONTENTS/VIDEO/0001AB.xmp"}) {
+            const std::string xmp = ReadWholeFile(card + sidecar);
+            EXPECT_NE(xmp.find("<Production:scene>12</Production:scene>"), std::string::npos)
+                << sidecar << xmp;
+            EXPECT_NE(xmp.find("<Production:take>3</Production:take>"), std::string::npos) << sidecar;
+        }
+    }
+    EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
+
+    const auto items = Proj::Project::Open(home.ProjectPath())->Items();
+    std::vector<std::pair<std::string, std::string>> named;
+    for (const Proj::ProjectItem& item : items)
+        named.emplace_back(Fnd::ToUTF8(item.name), Fnd::ToUTF8(item.path));
+    const std::string main = Native("main/CARD01/");
+    EXPECT_EQ(named, (std::vector<std::pair<std::string, std::string>>{
+                         {"0001AB_001", main + "CONTENTS/VIDEO/0001AB.MXF"},
+                         {"0002AB_002", main + "CONTENTS/VIDEO/0002AB.MXF"},
+                         {"B001_003", main + "EXTRA/B001_003.MOV"},
+                         {"sound_004", main + "EXTRA/sound_004.WAV"}}));
+    ASSERT_EQ(items.size(), 4u);
+    EXPECT_EQ(items[0].extraPaths.size(), 4u) << "audio, icon, clip XML and the written XMP";
+    EXPECT_EQ(RunIgd({"prefs", "get", "IGD.IngestDestinationSettingImpl.UserDefAutoIncStartNumber"}).out,
+              "5\n")
+        << "the next ingest numbers on from the last";
+}
+
+TEST_F(IgdIngestCardTest, AFolderOfCardsIsOpenedLikeACardReader) {
+    tree.MakeFile("SHOOT/Sound/ROLL1.WAV", "roll one");
+    tree.MakeFile("SHOOT/Sound/notes.txt", "no media");
+    const Ran ran = RunIgd({"ingest", Native("SHOOT"), "--to", Native("main")});
+    ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
+    EXPECT_EQ(ReadWholeFile(Native("main/CARD01/CONTENTS/VIDEO/0001AB.MXF")), "video 0001AB");
+    EXPECT_EQ(ReadWholeFile(Native("main/CARD01/EXTRA/B001.MOV")), "b camera");
+    EXPECT_EQ(ReadWholeFile(Native("main/Sound/ROLL1.WAV")), "roll one");
+    EXPECT_FALSE(std::filesystem::exists(Native("main/Sound/notes.txt")));
+    EXPECT_FALSE(std::filesystem::exists(Native("main/SHOOT")));
+    EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), 5u) << "two card clips, three files";
+}
+
+TEST_F(IgdIngestCardTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
+    struct Case {
+        std::vector<std::string> options;
+        std::string box;
+    };
+    const std::vector<Case> cases{
+        {{"--metadata-preset", "Production", "--set", "scene=12"}, "IGD: Required field take is empty.\n"},
+        {{"--subfolder", " \t "}, "Invalid Folder Name:  \t \nThe folder name is not valid.\n"},
+        {{"--to", Native("SHOOT")},
+         "Transfer Error: The destination folder path " + Native("SHOOT") +
+             " is the same as the source folder. Cannot transfer to the source folder.\n"}};
+    for (const Case& each : cases) {
+        std::vector<std::string> options{"--to", Native("main")};
+        options.insert(options.end(), each.options.begin(), each.options.end());
+        const Ran ran = Ingest(options);
+        SCOPED_TRACE(each.box);
+        EXPECT_EQ(ran.exitCode, 1);
+        EXPECT_EQ(ran.err, each.box);
+        EXPECT_TRUE(std::filesystem::is_empty(Native("main")));
+    }
+    EXPECT_TRUE(Proj::Project::Open(home.ProjectPath())->Items().empty());
+}
+
+TEST_F(IgdIngestCardTest, PrimaryOnlyScopeLeavesTheBackupAsTheCameraNamedIt) {
+    const Ran ran =
+        Ingest({"--to", Native("main"), "--to", Native("backup"), "--subfolder", " Day 1 ", "--rename-preset",
+                "Camera roll", "--rename-scope", "primary", "--start-number", "100"});
+    ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
+    EXPECT_EQ(ReadWholeFile(Native("main/Day 1/CARD01/EXTRA/B001_102.MOV")), "b camera");
+    EXPECT_TRUE(std::filesystem::exists(Native("main/Day 1/CARD01/EXTRA/B001_102.xmp")));
+    EXPECT_EQ(ReadWholeFile(Native("backup/Day 1/CARD01/EXTRA/B001.MOV")), "b camera");
+    EXPECT_TRUE(std::filesystem::exists(Native("backup/Day 1/CARD01/EXTRA/B001.xmp")));
+    EXPECT_EQ(RunIgd({"prefs", "get", "IGD.IngestDestinationSettingImpl.UserDefAutoIncStartNumber"}).out,
+              "104\n");
+}
+
+TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndCopiesNothing) {
+    tree.MakeFileOfSize("card/A001.MOV", 4u << 20);
+    const Ran missing = RunIgd({"ingest", Native("card/A009.MOV"), "--to", Native("main")});
+    EXPECT_EQ(missing.exitCode, 2);
+    EXPECT_EQ(missing.err, "igd: no such file or folder: " + Native("card/A009.MOV") + "\n");
+    EXPECT_FALSE(std::filesystem::exists(Native("main")));
+
+    const Ran noPreset =
+        RunIgd({"ingest", Native("card"), "--to", Native("main"), "--rename-preset", "Nope"});
+    EXPECT_EQ(noPreset.exitCode, 2);
+    EXPECT_EQ(noPreset.err, "igd: no rename preset is named \"Nope\"\n");
+    const Ran noField = RunIgd({"ingest", Native("card"), "--to", Native("main"), "--metadata-preset",
+                                "Production", "--set", "scen=1"});
+    EXPECT_EQ(noField.exitCode, 2);
+    EXPECT_EQ(noField.err, "igd: no field of the chosen templates has the key \"scen\"\n");
+    EXPECT_FALSE(std::filesystem::exists(Native("main")));
+
+    const Ran intoItself = RunIgd({"ingest", Native("card"), "--to", Native("card/backup")});
+    EXPECT_EQ(intoItself.exitCode, 2);
+    EXPECT_EQ(intoItself.err, "igd: the destination lies inside a source: " + Native("card/backup") + "\n");
+    EXPECT_FALSE(std::filesystem::exists(Native("card/backup")));
+
+    const std::string small = Fnd::ToUTF8(tree.MakeFolder("small"));
+    const std::string readOnly = Fnd::ToUTF8(tree.MakeFolder("readonly"));
+    if (::mount("tmpfs", small.c_str(), "tmpfs", 0, "size=1m") != 0 ||
+        ::mount("tmpfs", readOnly.c_str(), "tmpfs", MS_RDONLY, "size=1m") != 0) {
+        ::umount(small.c_str());
+        GTEST_SKIP() << "small filesystems cannot be mounted here";
+    }
+    struct Unmount {
+        std::vector<std::string> paths;
+        ~Unmount() {
+            for (const std::string& path : paths)
+                ::umount(path.c_str());
+        }
+    } unmount{{small, readOnly}};
+
+    // Without a terminal the space box takes its default button, Cancel.
+    const Ran full = RunIgd({"ingest", Native("card"), "--to", small});
+    EXPECT_EQ(full.exitCode, 1);
+    EXPECT_EQ(full.err.rfind("Clip Copy: There is not enough space to transfer to " + small +
+                                 ". Please change the destination or release about ",
+                             0),
+              0u)
+        << full.err;
+    EXPECT_EQ(std::count(full.err.begin(), full.err.end(), '\n'), 1);
+
+    const Ran unwritable = RunIgd({"ingest", Native("card"), "--to", Native("main"), "--to", readOnly});
+    EXPECT_EQ(unwritable.exitCode, 1);
+    EXPECT_EQ(unwritable.err, "Destination path is not writable: The specified destination path " + readOnly +
+                                  " is not writable. Please specify a new one.\n");
+    EXPECT_TRUE(std::filesystem::is_empty(small));
+    EXPECT_FALSE(std::filesystem::exists(Native("main/card")));
+}
+
+} // namespace
+} // namespace igd::test

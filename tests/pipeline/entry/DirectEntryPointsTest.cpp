@@ -1,0 +1,288 @@
+// The entry points a host calls without a dialog: DoIngestMedia, DoIngestOneMedia and the
+// control of the running batch.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "Fnd/Listener.h"
+#include "Fnd/RunLoop.h"
+#include "Fnd/StationUtils.h"
+#include "IGD/IngestApi.h"
+#include "tests/pipeline/PlanTestSupport.h"
+#include "QL/IngestMessages.h"
+
+namespace igd::test {
+namespace {
+
+using fluxcore::utility::Guid;
+using Fnd::WString;
+
+// Every message posted to the ingest station, once the queue has run.
+class MessageRecorder : public Fnd::Listener {
+public:
+    MessageRecorder() { Fnd::StationUtils::AddListener(QL::kStation_IngestMedia, this); }
+    ~MessageRecorder() override { Fnd::StationUtils::RemoveListener(QL::kStation_IngestMedia, this); }
+    void ListenToMessage(const Fnd::StationID&, const Fnd::Message& message) override {
+        ids.push_back(message.GetMessageID());
+        if (const auto* start = Fnd::MessageCast<QL::StartIngestMessage>(message))
+            starts.push_back(*start);
+    }
+    // Runs what was posted and answers the ids delivered so far, in order.
+    const std::vector<Fnd::MessageID>& Drain() {
+        Fnd::GetDefaultQueue().Drain();
+        return ids;
+    }
+    // The batches of the start messages, once the queue has run.
+    std::vector<Guid> Started() {
+        Drain();
+        std::vector<Guid> batches;
+        for (const QL::StartIngestMessage& start : starts)
+            batches.push_back(start.batch);
+        return batches;
+    }
+
+    std::vector<Fnd::MessageID> ids;
+    std::vector<QL::StartIngestMessage> starts;
+};
+
+class DirectTest : public PlanTest {
+protected:
+    DirectTest() {
+        tree.MakeFile("in/clip.MOV", "frames");
+        tree.MakeFile("in/clip.MOV.xmp");
+        tree.MakeFile("in/clip.xmp");
+        tree.MakeFile("in/other.MOV");
+        tree.MakeFolder("out");
+    }
+
+    QL::IngestMediaGroup CopyGroup() const {
+        QL::IngestMediaGroup group;
+        group.paths = {tree.Path("in/clip.MOV")};
+        group.transferMode = u"Copy";
+        group.destinationPath = tree.Path("out");
+        return group;
+    }
+
+    // A path of the tree, or an empty one for an empty name.
+    WString PathOrEmpty(const std::string& relative) const {
+        return relative.empty() ? WString() : tree.Path(relative);
+    }
+
+    void ExpectNothingHappened() {
+        EXPECT_TRUE(tasks->Tasks().empty());
+        EXPECT_TRUE(messages.Drain().empty());
+        EXPECT_TRUE(ui->Boxes().empty());
+    }
+
+    MessageRecorder messages;
+    const Guid given_ = Guid::CreateUnique();
+};
+
+// Neither entry point does anything without a file to start from, whatever paths follow it.
+TEST_F(DirectTest, WithoutAUsableFirstFileNothingHappens) {
+    for (const char* first : {static_cast<const char*>(nullptr), "", "in/missing.MOV", "in"}) {
+        SCOPED_TRACE(first == nullptr ? "no paths" : first);
+        QL::IngestMediaGroup group = CopyGroup();
+        group.paths.clear();
+        if (first != nullptr)
+            group.paths = {PathOrEmpty(first), u"clip.MOV", tree.Path("in/other.MOV")};
+        IGD::DoIngestMedia(group, true, true, false, given_);
+
+        if (first != nullptr) {
+            auto session = NewSession();
+            AddDestination(*session, "out", true);
+            // DoIngestOneMedia still answers a batch, one that nothing uses.
+            EXPECT_FALSE(IGD::DoIngestOneMedia(PathOrEmpty(first), session, {}, true).IsZero());
+            EXPECT_TRUE(session->GetSelectedItems().empty());
+        }
+        ExpectNothingHappened();
+    }
+}
+
+TEST_F(DirectTest, WithTheGivenBatchOnlyTheFirstFileIsCopiedWithTheSidecarsThatExistAndStarted) {
+    std::filesystem::remove(tree.NativePath("in/clip.MOV.xmp"));
+    QL::IngestMediaGroup group = CopyGroup();
+    group.paths.push_back(u"other.MOV");
+
+    IGD::DoIngestMedia(group, true, /*primary=*/false, false, given_);
+
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
+    EXPECT_EQ(tasks->Tasks()[0].batch, given_);
+    EXPECT_FALSE(CopyAt(0).addToProject);
+    EXPECT_EQ(CopyAt(0).verifyMode, QL::IngestTask::kVerifyNone);
+    ASSERT_EQ(CopyAt(0).units.size(), 1u);
+    const QL::IngestTask::CopyUnit& unit = UnitAt(CopyAt(0));
+    EXPECT_EQ(Moves(unit), (Strings{"in/clip.MOV > out/clip.MOV", "in/clip.xmp > out/clip.xmp"}));
+    EXPECT_EQ(Named(unit.importItems), (NameMap{{"out/clip.MOV", "clip.MOV"}}));
+    EXPECT_EQ(unit.importItems.begin()->second->format, u"com.veltrix.Kestrel.WinProviderDirectory");
+    ASSERT_EQ(unit.clipGuids.size(), 1u);
+    EXPECT_FALSE(unit.clipGuids.begin()->second.IsZero());
+    // Posted, not delivered: the host's queue runs it after the call returned.
+    EXPECT_TRUE(messages.ids.empty());
+    EXPECT_EQ(messages.Drain(), std::vector<Fnd::MessageID>{QL::StartIngestMessage::ID()});
+    EXPECT_EQ(messages.Started(), std::vector<Guid>{given_});
+    EXPECT_EQ(messages.starts[0].target, u"");
+}
+
+TEST_F(DirectTest, TheGroupsTextsChooseTheVerification) {
+    const struct {
+        const char16_t* verify;
+        const char16_t* method;
+        std::uint32_t expected;
+    } cases[] = {{u"Verify", u"Other", 0},       {u"Verify", u"", 0},
+                 {u"Verify", u"FileSize", 1},    {u"Verify", u"BitByBit", 2},
+                 {u"Verify", u"bitbybit", 0},    {u"verify", u"FileSize", 0xFFFFFFFFu},
+                 {u"", u"BitByBit", 0xFFFFFFFFu}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(Fnd::ToUTF8(c.verify) + "/" + Fnd::ToUTF8(c.method));
+        tasks->Clear();
+        QL::IngestMediaGroup group = CopyGroup();
+        group.verify = c.verify;
+        group.verifyMethod = c.method;
+
+        IGD::DoIngestMedia(group, true, true, false, given_);
+
+        ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
+        EXPECT_EQ(CopyAt(0).verifyMode, c.expected);
+    }
+}
+
+TEST_F(DirectTest, WithoutACopyToAnExistingFolderTheFileIsImportedUnderAFreshBatchWithoutABox) {
+    tree.MakeFile("afile");
+    const struct {
+        const char* name;
+        const char16_t* transferMode;
+        const char* destination; // below the tree; empty for an empty path
+    } cases[] = {{"LowerCaseCopy", u"copy", "out"},
+                 {"OtherMode", u"Import", "out"},
+                 {"MissingDestination", u"Copy", "nowhere"},
+                 {"DestinationIsAFile", u"Copy", "afile"},
+                 {"EmptyDestination", u"Copy", ""}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        tasks->Clear();
+        QL::IngestMediaGroup group = CopyGroup();
+        group.transferMode = c.transferMode;
+        group.destinationPath = PathOrEmpty(c.destination);
+
+        IGD::DoIngestMedia(group, true, true, false, given_);
+
+        ASSERT_EQ(Kinds(), KindList{TaskKind::Import});
+        const RecordedTask& task = tasks->Tasks()[0];
+        EXPECT_NE(task.batch, given_);
+        EXPECT_EQ(messages.Started().back(), task.batch);
+        const QL::IngestItemMap& items = task.Import().importItems;
+        ASSERT_EQ(items.size(), 1u);
+        EXPECT_EQ(items.at(tree.Path("in/clip.MOV"))->extraPaths,
+                  (std::vector<WString>{tree.Path("in/clip.MOV.xmp"), tree.Path("in/clip.xmp")}));
+    }
+    EXPECT_TRUE(ui->Boxes().empty());
+}
+
+TEST_F(DirectTest, WithoutTheGivenBatchTheCheckedDestinationCopiesNothingButTheBatchStarts) {
+    IGD::DoIngestMedia(CopyGroup(), false, true, false, given_);
+
+    EXPECT_TRUE(ui->Boxes().empty());
+    EXPECT_TRUE(tasks->Tasks().empty());
+    const std::vector<Guid> started = messages.Started();
+    ASSERT_EQ(started.size(), 1u);
+    EXPECT_NE(started[0], given_);
+    EXPECT_FALSE(started[0].IsZero());
+}
+
+TEST_F(DirectTest, GivingUpAnExistingFileQuestionEndsTheRequest) {
+    tree.MakeFile("out/clip.MOV");
+    ui->QueueExistingPathCancel();
+
+    IGD::DoIngestMedia(CopyGroup(), true, true, false, given_);
+
+    EXPECT_EQ(ui->ExistingPathQuestions().size(), 1u);
+    EXPECT_TRUE(tasks->Tasks().empty());
+    EXPECT_TRUE(messages.Drain().empty());
+}
+
+TEST_F(DirectTest, DoIngestOneMediaTakesADirectFileAsASingleFileClipAndCalledAgainResubmitsIt) {
+    auto session = NewSession();
+    AddDestination(*session, "out", true);
+
+    const Guid first = IGD::DoIngestOneMedia(tree.Path("in/clip.MOV"), session, {}, true);
+
+    ASSERT_EQ(session->GetSelectedItems().size(), 1u);
+    const auto* clip = dynamic_cast<const IGD::SelectedClipItem*>(session->GetSelectedItems()[0].get());
+    ASSERT_NE(clip, nullptr);
+    EXPECT_TRUE(clip->IsSingleFileType());
+    EXPECT_EQ(clip->GetClipName(), u"clip.MOV");
+    EXPECT_EQ(clip->GetItemFormat(), u"com.veltrix.Kestrel.WinProviderDirectory");
+    EXPECT_FALSE(clip->GetClipGuid().IsZero());
+    EXPECT_EQ(session->GetSourceRoot(), tree.Path("in") + u"/");
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
+    EXPECT_EQ(tasks->Tasks()[0].batch, first);
+    const Strings moves{"in/clip.MOV > out/clip.MOV", "in/clip.MOV.xmp > out/clip.MOV.xmp",
+                        "in/clip.xmp > out/clip.xmp"};
+    EXPECT_EQ(Moves(UnitAt(CopyAt(0))), moves);
+
+    // Another path changes nothing: the session's items are what is ingested, under a new batch.
+    const Guid clipGuid = session->GetSelectedItems()[0]->GetClipGuid();
+    const Guid second = IGD::DoIngestOneMedia(tree.Path("in/other.MOV"), session, {}, true);
+
+    EXPECT_NE(first, second);
+    ASSERT_EQ(session->GetSelectedItems().size(), 1u);
+    EXPECT_EQ(session->GetSelectedItems()[0]->GetClipGuid(), clipGuid);
+    ASSERT_EQ(Kinds(), (KindList{TaskKind::Copy, TaskKind::Copy}));
+    EXPECT_EQ(tasks->Tasks()[1].batch, second);
+    EXPECT_EQ(Moves(UnitAt(CopyAt(1))), moves);
+    EXPECT_EQ(messages.Started(), (std::vector<Guid>{first, second}));
+}
+
+// Without its own batch a request is checked first: a refusal ends it with one box, no task and
+// no start of the batch.
+TEST_F(DirectTest, ARefusedCheckEndsARequestWithoutItsOwnBatch) {
+    QL::IngestMediaGroup group = CopyGroup();
+    group.destinationPath = tree.Path("in");
+    ui->QueueBoxAnswer(0);
+
+    IGD::DoIngestMedia(group, /*useGivenBatch=*/false, true, false, given_);
+
+    ASSERT_EQ(ui->Boxes().size(), 1u);
+    EXPECT_EQ(Fnd::ToUTF8(ui->Boxes()[0].title + u": " + ui->Boxes()[0].text),
+              "Transfer Error: The destination folder path " + tree.NativePath("in") +
+                  " is the same as the source folder. Cannot transfer to the source folder.");
+    EXPECT_TRUE(tasks->Tasks().empty());
+    EXPECT_TRUE(messages.Drain().empty());
+}
+
+// A host names one file of a card clip; the whole clip, with the card's folder, is copied.
+TEST_F(DirectTest, AProviderPathCopiesEveryFileOfTheClip) {
+    tree.MakeFile("in/CARD/DCIM/100GOPRO/GH010042.MP4");
+    tree.MakeFile("in/CARD/DCIM/100GOPRO/GH020042.MP4");
+    tree.MakeFile("in/CARD/DCIM/100GOPRO/GH010043.MP4");
+    QL::IngestMediaGroup group = CopyGroup();
+    group.paths = {tree.Path("in/CARD/DCIM/100GOPRO/GH010042.MP4")};
+
+    IGD::DoIngestMedia(group, true, true, /*viaProvider=*/true, given_);
+
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
+    const Strings moves = Moves(UnitAt(CopyAt(0)));
+    const auto copied = [&moves](const std::string& name) {
+        const std::string move = "in/CARD/DCIM/100GOPRO/" + name + " > out/CARD/DCIM/100GOPRO/" + name;
+        return std::find(moves.begin(), moves.end(), move) != moves.end();
+    };
+    EXPECT_TRUE(copied("GH010042.MP4"));
+    EXPECT_TRUE(copied("GH020042.MP4"));
+    EXPECT_FALSE(copied("GH010043.MP4"));
+}
+
+TEST_F(DirectTest, PauseResumeAndStopPostTheirMessagesInOrder) {
+    IGD::PauseIngest();
+    IGD::ResumeIngest();
+    IGD::StopIngest();
+    EXPECT_TRUE(messages.ids.empty());
+
+    EXPECT_EQ(messages.Drain(),
+              (std::vector<Fnd::MessageID>{QL::PauseIngestMessage::ID(), QL::ResumeIngestMessage::ID(),
+                                           QL::CancelIngestMessage::ID()}));
+}
+
+} // namespace
+} // namespace igd::test

@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include "Fnd/PathUtils.h"
+#include "IGD/IngestApi.h"
+#include "tests/pipeline/PlanTestSupport.h"
+#include "QL/PresetFieldFactory.h"
+#include "QL/PresetObject.h"
+#include "settings/IngestSettingsController.h"
+
+namespace igd::test {
+namespace {
+
+IGD::PresetRef CounterTemplate() {
+    auto counter = QL::CreatePresetField(QL::kQLFieldAutoIncrement);
+    counter->SetValue(u"000");
+    auto text = QL::CreatePresetField(QL::kQLFieldCustomText);
+    text->SetValue(u"_Day1");
+    return IGD::PresetRef(
+        QL::PresetObject::Create(QL::kQLPresetCategoryRename, u"Day", {counter, text}).get());
+}
+
+class IngestFileOutputNameTest : public PlanTest {
+protected:
+    IngestFileOutputNameTest() {
+        IGD::IngestSettingsController::GetInstance()->SetUserDefAutoIncStartNumber(1);
+    }
+    const Fnd::Date date = Fnd::Date::FromSeconds(1709649059);
+};
+
+TEST_F(IngestFileOutputNameTest, FileInASubFolderAnswersTheRelativePathWithTheNewName) {
+    auto session = NewSession();
+    session->SetSourceRoot(tree.Path("card"));
+    tree.MakeFile("card/CLIPS/A001.MOV", "frames");
+    AddClip(*session, "CLIPS/A001.MOV");
+    AddDestination(*session, "dest", true, true);
+    session->SetRenamePreset(CounterTemplate());
+
+    EXPECT_EQ(
+        Fnd::ToUTF8(IGD::GetIngestFileOutputName(tree.Path("card/CLIPS/A001.MOV"), session, date, false)),
+        "CLIPS/001_Day1.MOV");
+    EXPECT_EQ(session->GetCopyDecisions()->size(), 1u) << "the session is left prepared for the ingest";
+}
+
+TEST_F(IngestFileOutputNameTest, SingleFileBecomesAnItemOfItsFolder) {
+    const Fnd::WString file = tree.MakeFile("shoot/B002.MXF", "frames");
+    tree.MakeFile("shoot/B002.MXF.xmp");
+    tree.MakeFile("shoot/B002.xmp");
+    auto session = NewSession();
+    session->SetRenamePreset(CounterTemplate());
+
+    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(file, session, date, false)), "001_Day1.MXF");
+    ASSERT_EQ(session->GetSelectedItems().size(), 1u);
+    const auto& item = *session->GetSelectedItems().front();
+    EXPECT_EQ(Fnd::ToUTF8(Fnd::PathUtils::RemoveTrailingSlash(session->GetSourceRoot())),
+              tree.NativePath("shoot"));
+    EXPECT_EQ(Fnd::ToUTF8(item.GetItemPath()), "B002.MXF");
+}
+
+TEST_F(IngestFileOutputNameTest, OtherProvidersKeepTheirNamesUnlessForced) {
+    auto session = NewSession();
+    session->SetSourceRoot(tree.Path("card"));
+    tree.MakeFile("card/CONTENTS/CLIP/C0001.MXF", "frames");
+    AddClip(*session, "CONTENTS/CLIP/C0001.MXF")->SetItemFormat(u"com.example.CardProvider");
+    session->SetRenamePreset(CounterTemplate());
+    const Fnd::WString path = tree.Path("card/CONTENTS/CLIP/C0001.MXF");
+
+    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(path, session, date, false)),
+              "CONTENTS/CLIP/C0001.MXF");
+    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(path, session, date, true)),
+              "CONTENTS/CLIP/001_Day1.MXF");
+}
+
+TEST_F(IngestFileOutputNameTest, WithoutATemplateOrAnythingToTakeTheFileNameStays) {
+    const Fnd::WString file = tree.MakeFile("shoot/A.MOV", "x");
+    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(file, NewSession(), date, true)), "A.MOV");
+
+    auto session = NewSession();
+    session->SetRenamePreset(CounterTemplate());
+    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(tree.Path("gone/Z9.MOV"), session, date, true)),
+              "Z9.MOV");
+    EXPECT_TRUE(session->GetSelectedItems().empty());
+}
+
+} // namespace
+} // namespace igd::test

@@ -1,0 +1,199 @@
+// The Ingest handler's road from the user's choices to a plan: what stops it and with which box,
+// what it asks once, how it numbers, and how far the stored start number moves afterwards.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/pipeline/PlanTestSupport.h"
+#include "QL/PresetFieldFactory.h"
+#include "QL/PresetObject.h"
+#include "pipeline/entry/IngestRequest.h"
+#include "pipeline/naming/RenameCounter.h"
+#include "settings/IngestSettingsController.h"
+
+namespace igd::test {
+namespace {
+
+IGD::PresetRef Preset(QL::_QLPresetCategory category, std::vector<QL::_QLPresetFieldType> types,
+                      std::u16string_view value = u"v") {
+    QL::PresetFieldList fields;
+    for (const QL::_QLPresetFieldType type : types) {
+        auto field = QL::CreatePresetField(type);
+        field->SetKey(u"scene");
+        field->SetValue(Fnd::WString(value));
+        fields.push_back(field);
+    }
+    return IGD::PresetRef(QL::PresetObject::Create(category, u"Template", fields).get());
+}
+
+class IngestRequestTest : public PlanTest {
+protected:
+    IngestRequestTest() : settings_(*IGD::IngestSettingsController::GetInstance()) {
+        settings_.ResetToDefaults();
+    }
+    ~IngestRequestTest() override { settings_.ResetToDefaults(); }
+
+    void UseRenameTemplate(IGD::IIngestDialogData& session, std::vector<QL::_QLPresetFieldType> types) {
+        settings_.SetEnableRenameTemplate(true);
+        session.SetRenameEnabled(true);
+        session.SetRenamePreset(Preset(QL::kQLPresetCategoryRename, std::move(types), u"000"));
+    }
+    bool Check(IGD::IIngestDialogData& session, std::uint32_t firstCounter = 1) {
+        return IGD::CheckIngestRequest(session, nullptr, Fnd::Date::Now(), firstCounter);
+    }
+    std::vector<std::string> BoxTexts() const {
+        std::vector<std::string> texts;
+        for (const Fnd::MessageBoxRequest& box : ui->Boxes())
+            texts.push_back(Fnd::ToUTF8(box.title + u": " + box.text));
+        return texts;
+    }
+    static std::vector<std::string> OutputNames(const IGD::IIngestDialogData& session) {
+        std::vector<std::string> names;
+        for (const IGD::SelectedItemRef& item : session.GetSelectedItems())
+            names.push_back(Fnd::ToUTF8(item->GetOutputName()));
+        return names;
+    }
+
+    IGD::IngestSettingsController& settings_;
+};
+
+TEST_F(IngestRequestTest, StopsAtTheFirstFailingStepWithItsBoxAndLeavesItemsUnnamed) {
+    // A template still being edited stops everything before a name is made.
+    auto session = SessionWithClips({"A001.MOV"});
+    UseRenameTemplate(*session, {QL::kQLFieldAutoIncrement});
+    settings_.SetRenameEditMode(true);
+    const fluxcore::utility::Guid id = session->GetSelectedItems().front()->GetClipGuid();
+    ui->QueueBoxAnswer(0);
+    EXPECT_FALSE(Check(*session));
+    EXPECT_EQ(OutputNames(*session), std::vector<std::string>{""});
+    EXPECT_EQ(session->GetSelectedItems().front()->GetClipGuid(), id);
+
+    settings_.ResetToDefaults();
+    auto empty = NewSession();
+    ui->QueueBoxAnswer(0);
+    EXPECT_FALSE(Check(*empty));
+
+    auto noDestination = SessionWithClips({"A002.MOV"});
+    noDestination->SetImportOnly(false);
+    ui->QueueBoxAnswer(0);
+    EXPECT_FALSE(Check(*noDestination));
+    EXPECT_EQ(BoxTexts(), (std::vector<std::string>{"IGD: Please save your rename preset before continuing.",
+                                                    "Ingest Failure: Please select a file for ingest.",
+                                                    "Ingest Failure: Please select a destination."}));
+    EXPECT_TRUE(tasks->Tasks().empty());
+}
+
+TEST_F(IngestRequestTest, ImportOnlyPassesWithoutThePreflightChainAndGivesEveryItemANewId) {
+    auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
+    session->SetImportOnly(true);
+    ASSERT_TRUE(Check(*session));
+    const auto items = session->GetSelectedItems();
+    EXPECT_FALSE(items[0]->GetClipGuid().IsZero());
+    EXPECT_NE(items[0]->GetClipGuid(), items[1]->GetClipGuid());
+    EXPECT_TRUE(ui->Boxes().empty());
+}
+
+TEST_F(IngestRequestTest, CopiesGoThroughThePreflightChain) {
+    auto session = SessionWithClips({"A001.MOV"});
+    session->SetImportOnly(false);
+    auto destination = AddDestination(*session, "main", true);
+    destination->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
+    destination->SetSubFolder(u"  ");
+    ui->QueueBoxAnswer(0);
+    EXPECT_FALSE(Check(*session));
+    ASSERT_EQ(BoxTexts().size(), 1u);
+    EXPECT_EQ(BoxTexts()[0], "Invalid Folder Name:   \nThe folder name is not valid.");
+
+    destination->SetSubFolder(u" Day 1 ");
+    EXPECT_TRUE(Check(*session));
+    EXPECT_EQ(destination->GetSubFolder(), u"Day 1");
+}
+
+TEST_F(IngestRequestTest, AsksOnceAboutOldRoughCutsAndOnlyOKGoesOn) {
+    for (const int answer : {0, 1}) {
+        auto session = SessionWithClips({"cut1.rcut", "A001.MOV", "cut2.RCUT"});
+        session->SetImportOnly(true);
+        const std::size_t before = ui->Boxes().size();
+        ui->QueueBoxAnswer(answer);
+        EXPECT_EQ(Check(*session), answer == 0) << "answer " << answer;
+        ASSERT_EQ(ui->Boxes().size(), before + 1) << "one question for all rough cuts";
+        EXPECT_EQ(Fnd::ToUTF8(ui->Boxes().back().title), "Convert RoughCut");
+    }
+}
+
+TEST_F(IngestRequestTest, NamesContinueFromTheGivenCounterOnlyWhenRenamingIsOn) {
+    auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
+    session->SetImportOnly(true);
+    UseRenameTemplate(*session, {QL::kQLFieldAutoIncrement});
+    ASSERT_TRUE(Check(*session, 7));
+    EXPECT_EQ(OutputNames(*session), (std::vector<std::string>{"007", "008"}));
+
+    auto off = SessionWithClips({"B001.MOV"});
+    off->SetImportOnly(true);
+    off->SetRenamePreset(Preset(QL::kQLPresetCategoryRename, {QL::kQLFieldAutoIncrement}, u"000"));
+    ASSERT_TRUE(Check(*off));
+    EXPECT_EQ(OutputNames(*off), std::vector<std::string>{""});
+}
+
+TEST_F(IngestRequestTest, CompletionStoresTheTemplateValuesBesideThePanelsAnswer) {
+    QL::MinimumMetadataResult answer;
+    answer.keywords = {u"night"};
+    for (const bool metadataOn : {true, false}) {
+        auto session = SessionWithClips({"A001.MOV"});
+        session->SetImportOnly(true);
+        session->SetMetadataEnabled(metadataOn);
+        session->SetMetadataPreset(Preset(QL::kQLPresetCategoryMetadata, {QL::kQLFieldMetadata}, u"12"));
+        ASSERT_TRUE(IGD::CompleteIngestRequest(*session, answer));
+        const QL::IngestCustomData stored = session->GetCustomData();
+        EXPECT_EQ(stored.minimumMetadata.keywords, answer.keywords);
+        ASSERT_EQ(stored.metadataSets.size(), metadataOn ? 1u : 0u);
+        if (metadataOn) {
+            EXPECT_EQ(stored.metadataSets.front()->values.at(u"scene"), u"12");
+        }
+        EXPECT_NE(session->GetCopyDecisions(), nullptr);
+    }
+}
+
+TEST_F(IngestRequestTest, TheStartNumberMovesByItemsOrByOneForALoneStitch) {
+    struct Case {
+        const char* what;
+        bool customCounter;
+        int destinations;
+        bool stitch;
+        std::uint32_t scope;
+        std::uint32_t step;
+    };
+    const std::vector<Case> cases{
+        {"no custom counter", false, 1, false, 0, 0},
+        {"one per item", true, 2, false, 0, 3},
+        {"a stitch alone", true, 1, true, 0, 1},
+        {"a stitch renamed on the primary only", true, 2, true, 1, 1},
+        {"a stitch beside a renamed copy", true, 2, true, 0, 3},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.what);
+        settings_.SetUserDefAutoIncStartNumber(10);
+        auto session = SessionWithClips({"A.MOV", "B.MOV", "C.MOV"});
+        session->SetRenameEnabled(true);
+        session->SetRenamePreset(
+            Preset(QL::kQLPresetCategoryRename,
+                   {each.customCounter ? QL::kQLFieldUserDefinedAutoIncrement : QL::kQLFieldAutoIncrement}));
+        session->SetRenameApplyScope(each.scope);
+        for (int i = 0; i < each.destinations; ++i) {
+            auto destination = AddDestination(*session, "d" + std::to_string(i), i == 0);
+            if (each.stitch && i == 0)
+                Transcode(*destination, /*concatenate=*/true);
+        }
+        EXPECT_EQ(IGD::RenameCounterStep(*session), each.step);
+        IGD::AdvanceRenameCounter(*session);
+        EXPECT_EQ(settings_.GetUserDefAutoIncStartNumber(), 10 + each.step);
+
+        session->SetRenameEnabled(false);
+        IGD::AdvanceRenameCounter(*session);
+        EXPECT_EQ(settings_.GetUserDefAutoIncStartNumber(), 10 + each.step) << "renaming off moves nothing";
+    }
+}
+
+} // namespace
+} // namespace igd::test

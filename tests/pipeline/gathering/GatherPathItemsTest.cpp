@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "Browse/ProviderRegistry.h"
+#include "IGD/SelectedClipItem.h"
+#include "IGD/SelectedFolderItem.h"
+#include "pipeline/gathering/AddBrowserItems.h"
+#include "pipeline/gathering/GatherPathItems.h"
+#include "pipeline/session/IngestDialogData.h"
+#include "pipeline/gathering/ProviderFields.h"
+#include "support/TempTree.h"
+
+namespace IGD {
+namespace {
+
+using igd::test::TempTree;
+
+IngestDialogDataRef NewSession() {
+    return IngestDialogDataRef::Query(CreateIngestDialogData());
+}
+
+const SelectedClipItem* OnlyClip(const IngestDialogDataRef& session) {
+    const SelectedItemList items = session->GetSelectedItems();
+    if (items.size() != 1)
+        return nullptr;
+    return dynamic_cast<const SelectedClipItem*>(items.front().get());
+}
+
+std::string P2Xml(const std::string& id, const std::string& top, const std::string& next) {
+    std::string links = "<Relation><OffsetInShot>0</OffsetInShot><Connection><Top><GlobalClipID>" + top +
+                        "</GlobalClipID></Top>";
+    if (!next.empty())
+        links += "<Next><GlobalClipID>" + next + "</GlobalClipID></Next>";
+    return "<P2Main><ClipContent><GlobalClipID>" + id + "</GlobalClipID>" + links +
+           "</Connection></Relation></ClipContent></P2Main>";
+}
+
+// A provider that answers what a test sets, to reach the cases real providers seldom give.
+class ScriptedProvider : public Browse::ProviderWrapper {
+public:
+    std::string identification = "com.example.ProviderCard";
+    bool checkFilter = false;
+    Browse::Content content;
+    mutable std::vector<Fnd::WString> askedDirectories;
+
+    std::string GetIdentification() const override { return identification; }
+    bool ShouldCheckFilter() const override { return checkFilter; }
+    Browse::Content GetContent(const Fnd::WString& directory, const Fnd::WString&,
+                               const std::set<std::string>&, const void*) const override {
+        askedDirectories.push_back(directory);
+        return content;
+    }
+};
+
+TEST(GatherPathItemsTest, ASpannedCardClipBecomesOneFolderBasedItem) {
+    TempTree tree;
+    tree.MakeFile("shoot/CARD/CONTENTS/CLIP/000AB1.XML", P2Xml("G1", "G1", "G2"));
+    tree.MakeFile("shoot/CARD/CONTENTS/CLIP/000AB2.XML", P2Xml("G2", "G1", ""));
+    tree.MakeFile("shoot/CARD/CONTENTS/VIDEO/000AB1.MXF");
+    tree.MakeFile("shoot/CARD/CONTENTS/VIDEO/000AB2.MXF");
+    // A sidecar beside card media is not the clip's: cards carry their own metadata.
+    tree.MakeFile("shoot/CARD/CONTENTS/VIDEO/000AB1.xmp");
+
+    const IngestDialogDataRef session = NewSession();
+    GatherPathItems(*session, tree.Path("shoot/CARD/CONTENTS/VIDEO/000AB1.MXF"));
+
+    const SelectedClipItem* item = OnlyClip(session);
+    ASSERT_NE(item, nullptr);
+    // The card's folder travels with its clips.
+    EXPECT_EQ(session->GetSourceRoot(), tree.Path("shoot"));
+    EXPECT_EQ(item->GetItemPath(), u"CARD/CONTENTS/VIDEO/000AB1.MXF");
+    EXPECT_FALSE(item->IsSingleFileType());
+    EXPECT_EQ(item->GetClipName(), u"000AB1");
+    EXPECT_EQ(item->ExtraPaths(), (std::vector<Fnd::WString>{
+                                      u"CARD/CONTENTS/VIDEO/000AB1.MXF", u"CARD/CONTENTS/CLIP/000AB1.XML",
+                                      u"CARD/CONTENTS/VIDEO/000AB2.MXF", u"CARD/CONTENTS/CLIP/000AB2.XML"}));
+    EXPECT_EQ(item->GetItemFormat(), u"com.veltrix.Kestrel.ProviderP2");
+    EXPECT_EQ(item->GetClipGuid(), fluxcore::utility::Guid());
+}
+
+TEST(GatherPathItemsTest, APlainFileTakesItsSidecarAndFullName) {
+    TempTree tree;
+    tree.MakeFile("media/A001.MOV");
+    tree.MakeFile("media/A001.xmp");
+    tree.MakeFile("media/B001.MOV");
+
+    const IngestDialogDataRef session = NewSession();
+    GatherPathItems(*session, tree.Path("media/A001.MOV"));
+
+    const SelectedClipItem* item = OnlyClip(session);
+    ASSERT_NE(item, nullptr);
+    EXPECT_EQ(session->GetSourceRoot(), tree.Path("media"));
+    EXPECT_EQ(item->GetItemPath(), u"A001.MOV");
+    EXPECT_TRUE(item->IsSingleFileType());
+    EXPECT_EQ(item->GetClipName(), u"A001.MOV");
+    EXPECT_EQ(item->ExtraPaths(), (std::vector<Fnd::WString>{u"A001.MOV", u"A001.xmp"}));
+    EXPECT_EQ(item->GetItemFormat(), u"com.veltrix.Kestrel.WinProviderDirectory");
+}
+
+TEST(GatherPathItemsTest, AFolderListsEverythingBelowIt) {
+    TempTree tree;
+    tree.MakeFile("media/day1/A001.MOV");
+    tree.MakeFile("media/day1/sound/A001.WAV");
+
+    const IngestDialogDataRef session = NewSession();
+    GatherPathItems(*session, tree.Path("media/day1"));
+
+    const SelectedItemList items = session->GetSelectedItems();
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_NE(dynamic_cast<const SelectedFolderItem*>(items.front().get()), nullptr);
+    EXPECT_EQ(items.front()->GetItemPath(), u"day1");
+    const std::vector<Fnd::WString>& extras = items.front()->ExtraPaths();
+    for (const char16_t* expected : {u"day1/A001.MOV", u"day1/sound/A001.WAV"})
+        EXPECT_NE(std::find(extras.begin(), extras.end(), expected), extras.end()) << Fnd::ToUTF8(expected);
+}
+
+TEST(GatherPathItemsTest, APathNoProviderKnowsGivesNothing) {
+    TempTree tree;
+    const IngestDialogDataRef session = NewSession();
+    session->SetSourceRoot(u"/kept");
+    GatherPathItems(*session, tree.Path("missing/A001.MOV"));
+    EXPECT_TRUE(session->GetSelectedItems().empty());
+    EXPECT_EQ(session->GetSourceRoot(), u"/kept");
+}
+
+TEST(AddBrowserItemsTest, HiddenFilesNeverTravelAndNestedListsFlatten) {
+    TempTree tree;
+    tree.MakeFile("CARD/CLIPS/A.MXF");
+    ScriptedProvider provider;
+    using Browse::any_regular_t;
+    provider.content[u"CLIPS/A.MXF"][Browse::kExtraPathField] = any_regular_t(std::vector<any_regular_t>{
+        any_regular_t(tree.Path("CARD/CLIPS/A.MXF")),
+        any_regular_t(std::vector<any_regular_t>{any_regular_t(tree.Path("CARD/CLIPS/.A.MXF.lock")),
+                                                 any_regular_t(tree.Path("CARD/CLIPS/A.XML"))})});
+    provider.content[u"CLIPS/A.MXF"][Browse::kNameField] = any_regular_t(std::vector<any_regular_t>{});
+
+    const IngestDialogDataRef session = NewSession();
+    AddBrowserItems(*session, {{tree.Path("CARD/CLIPS/A.MXF"), u"CLIPS/A.MXF"}}, {}, &provider,
+                    tree.NativePath("CARD"));
+
+    const SelectedClipItem* item = OnlyClip(session);
+    ASSERT_NE(item, nullptr);
+    EXPECT_EQ(item->ExtraPaths(), (std::vector<Fnd::WString>{u"CARD/CLIPS/A.MXF", u"CARD/CLIPS/A.XML"}));
+    // A name that is not a string counts as none.
+    EXPECT_EQ(item->GetClipName(), u"A.MXF");
+    EXPECT_EQ(item->GetItemFormat(), u"com.example.ProviderCard");
+    EXPECT_EQ(provider.askedDirectories.front(), tree.Path("CARD"));
+}
+
+TEST(AddBrowserItemsTest, InAndOutPointsArriveOnlyThroughTheFullPath) {
+    TempTree tree;
+    tree.MakeFile("media/A.MOV");
+    tree.MakeFile("media/B.MOV");
+    ClipSettings settings;
+    settings[tree.Path("media/A.MOV")] = {24, 100, 200};
+    settings[u"B.MOV"] = {24, 300, 400};
+
+    const IngestDialogDataRef session = NewSession();
+    AddBrowserItems(*session, {{tree.Path("media/A.MOV"), u"A.MOV"}, {tree.Path("media/B.MOV"), u"B.MOV"}},
+                    settings, &Browse::ProviderRegistry::PlainDirectory(), tree.NativePath("media"));
+
+    const SelectedItemList items = session->GetSelectedItems();
+    ASSERT_EQ(items.size(), 2u);
+    const auto* a = dynamic_cast<const SelectedClipItem*>(items[0].get());
+    const auto* b = dynamic_cast<const SelectedClipItem*>(items[1].get());
+    ASSERT_TRUE(a && b);
+    EXPECT_EQ(a->GetInPoint(), 100);
+    EXPECT_EQ(a->GetOutPoint(), 200);
+    EXPECT_EQ(a->GetFrameRate(), 24);
+    EXPECT_EQ(b->GetInPoint(), fluxmediatypes::kTime_Invalid);
+}
+
+TEST(AddBrowserItemsTest, ALinkOnTheSameFilesystemMovesTheDirectoryToItsFolder) {
+    TempTree tree;
+    tree.MakeFile("real/A.MOV");
+    tree.MakeSymlink("links/A.MOV", tree.NativePath("real/A.MOV"));
+    ScriptedProvider provider;
+    provider.identification = Browse::PlainDirectoryProvider::kIdentification;
+    provider.checkFilter = true;
+
+    const IngestDialogDataRef session = NewSession();
+    AddBrowserItems(*session, {{tree.Path("real/A.MOV"), u"A.MOV"}}, {}, &provider, tree.NativePath("links"));
+
+    EXPECT_EQ(session->GetSourceRoot(), tree.Path("real"));
+    ASSERT_EQ(session->GetSelectedItems().size(), 1u);
+    EXPECT_EQ(session->GetSelectedItems().front()->GetItemPath(), u"A.MOV");
+}
+
+TEST(ProviderFieldsTest, OnlyTheDirectoryProviderIsPlain) {
+    EXPECT_TRUE(IsPlainDirectoryProvider(""));
+    EXPECT_TRUE(IsPlainDirectoryProvider("noDots"));
+    EXPECT_TRUE(IsPlainDirectoryProvider("com.veltrix.Kestrel.WinProviderDirectory"));
+    EXPECT_TRUE(IsPlainDirectoryProvider("com.example.Browser"));
+    EXPECT_FALSE(IsPlainDirectoryProvider("com.veltrix.Kestrel.ProviderP2"));
+    EXPECT_FALSE(IsPlainDirectoryProvider("com.veltrix.Kestrel.WinProviderDirectoryX"));
+    // Only the last dotted part counts.
+    EXPECT_FALSE(IsPlainDirectoryProvider("com.ProviderDirectory.ProviderRED"));
+}
+
+} // namespace
+} // namespace IGD

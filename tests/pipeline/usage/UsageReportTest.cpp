@@ -1,0 +1,173 @@
+// The usage events the plan sends, and that it runs the same without them.
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "EncoderHost/IPreset.h"
+#include "HostApp/ApplicationType.h"
+#include "tests/pipeline/PlanTestSupport.h"
+#include "Plug/IExporterModule.h"
+#include "fluxcore/UsageLogger.h"
+#include "pipeline/plan/IngestPlan.h"
+#include "support/CountedUnknown.h"
+
+namespace igd::test {
+namespace {
+
+// Keeps every event it sent, with the number of submissions made by then; or, declining, wants
+// no events at all.
+class RecordingUsageLogger : public fluxcore::config::UsageLogger {
+public:
+    struct Event {
+        std::string name; // category/subcategory/name, then the extra text if any
+        Strings values;   // a value whose key is not its own prefix shows the key too
+        std::size_t tasksAtSend = 0;
+    };
+
+    RecordingUsageLogger(const RecordingTaskService& tasks, bool declining)
+        : tasks_(tasks), declining_(declining) {}
+
+    fluxcore::config::UsageEventRef NewEvent(std::string_view category, std::string_view subcategory,
+                                             std::string_view name, std::string_view extra) override {
+        ++opened;
+        if (declining_)
+            return nullptr;
+        std::string full = std::string(category).append("/").append(subcategory).append("/").append(name);
+        return std::make_shared<Pending>(*this, extra.empty() ? full : full.append(" ").append(extra));
+    }
+
+    std::size_t opened = 0;
+    std::vector<Event> sent;
+
+private:
+    // Sent when the plan lets go of it, as a real event is.
+    struct Pending : fluxcore::config::UsageEvent {
+        Pending(RecordingUsageLogger& logger, std::string name) : logger(logger) {
+            event.name = std::move(name);
+        }
+        ~Pending() override {
+            event.tasksAtSend = logger.tasks_.Tasks().size();
+            logger.sent.push_back(std::move(event));
+        }
+        void AddAttribute(std::string_view key, std::string_view value) override {
+            const bool prefixed = value.substr(0, key.size() + 1) == std::string(key) + ":";
+            event.values.push_back(prefixed ? std::string(value)
+                                            : std::string(key) + "=" + std::string(value));
+        }
+        RecordingUsageLogger& logger;
+        Event event;
+    };
+
+    const RecordingTaskService& tasks_;
+    const bool declining_;
+};
+
+class FakeExporter : public CountedUnknown<Plug::IExporterModule> {
+public:
+    Fnd::WString GetDisplayName() const override { return u"H.264 (MP4)"; }
+    Fnd::WString GetFormatName() const override { return u"H.264"; }
+};
+
+class FakePreset : public CountedUnknown<EncoderHost::IPreset> {
+public:
+    Fnd::WString GetName() const override { return u"Match Source \u2013 High"; }
+};
+
+class UsageReportTest : public PlanTest {
+protected:
+    std::shared_ptr<RecordingUsageLogger> Install(bool declining = false) {
+        auto logger = std::make_shared<RecordingUsageLogger>(tasks.Service(), declining);
+        fluxcore::config::UsageLogger::Set(logger);
+        return logger;
+    }
+
+    IGD::IngestDialogDataRef TwoClipsToTwoCopies(unsigned renameScope) {
+        auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
+        session->SetRenameApplyScope(renameScope);
+        session->GetSelectedItems()[0]->SetOutputName(u"Shot_01");
+        AddDestination(*session, "p", true, /*applyRename=*/true, /*applyMetadata=*/true);
+        AddDestination(*session, "b", false, /*applyRename=*/renameScope == 0)->SetSubFolder(u"day1");
+        return session;
+    }
+};
+
+// The report changes nothing, with or without a logger, and tells of each destination in turn.
+TEST_F(UsageReportTest, EachDestinationSendsOneEventAfterItsTasksNamedByItsPosition) {
+    auto session = TwoClipsToTwoCopies(1);
+    auto transcoding = Transcode(*AddDestination(*session, "t", false));
+    transcoding->exporter = Fnd::InterfaceRef<Plug::IExporterModule>(new FakeExporter);
+    transcoding->preset = Fnd::InterfaceRef<EncoderHost::IPreset>(new FakePreset);
+    Transcode(*AddDestination(*session, "s", false), /*concatenate=*/true);
+    DecideAndRun(session);
+    const KindList kinds{TaskKind::Copy, TaskKind::Copy, TaskKind::Transcode, TaskKind::Transcode,
+                         TaskKind::Concatenate};
+    ASSERT_EQ(Kinds(), kinds);
+    EXPECT_EQ(UnitAt(CopyAt(0)).renames.size(), 1u);
+
+    auto declining = Install(/*declining=*/true);
+    tasks->Clear();
+    IGD::RunIngestPlan(session, batch_);
+    EXPECT_EQ(declining->opened, 4u);
+    EXPECT_EQ(Kinds(), kinds);
+
+    auto logger = Install();
+    tasks->Clear();
+    IGD::RunIngestPlan(session, batch_);
+    EXPECT_EQ(Kinds(), kinds);
+    EXPECT_EQ(UnitAt(CopyAt(0)).renames.size(), 1u);
+    ASSERT_EQ(logger->sent.size(), 4u);
+    std::vector<std::size_t> tasksAtSend;
+    for (const RecordingUsageLogger::Event& event : logger->sent)
+        tasksAtSend.push_back(event.tasksAtSend);
+    EXPECT_EQ(tasksAtSend, (std::vector<std::size_t>{1, 2, 4, 5}));
+    EXPECT_EQ(logger->sent[0].name, "Ingest/IngestSetting/PrimaryDestSetting");
+    EXPECT_EQ(logger->sent[0].values,
+              (Strings{"MetadataPreset:Enabled", "RenamePreset:Enabled", "UseSubFolder:No",
+                       "SelectItemCount:2", "DestinationCount:4", "IngestType:Copy"}));
+    // The scope of the rename shows through the backup's own flags.
+    EXPECT_EQ(logger->sent[1].name, "Ingest/IngestSetting/BackupDestSetting1");
+    EXPECT_EQ(logger->sent[1].values,
+              (Strings{"MetadataPreset:Disabled", "RenamePreset:Disabled", "UseSubFolder:Yes",
+                       "SelectItemCount:2", "DestinationCount:4", "IngestType:Copy"}));
+    EXPECT_EQ(logger->sent[2].name, "Ingest/IngestSetting/BackupDestSetting2");
+    EXPECT_EQ(Strings(logger->sent[2].values.begin() + 5, logger->sent[2].values.end()),
+              (Strings{"IngestType:Transcode", "TranscodeFormat:H.264",
+                       "TranscodePresetName:Match Source \xE2\x80\x93 High", "Concatenation:No"}));
+    EXPECT_EQ(logger->sent[3].name, "Ingest/IngestSetting/BackupDestSetting3");
+    EXPECT_EQ(Strings(logger->sent[3].values.begin() + 5, logger->sent[3].values.end()),
+              (Strings{"IngestType:Transcode", "TranscodeFormat:", "TranscodePresetName:Custom",
+                       "Concatenation:Yes"}));
+}
+
+TEST_F(UsageReportTest, AnImportOnlyRequestSendsOneEventOfTheSessionsSwitches) {
+    auto logger = Install();
+    auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
+    session->SetRenameEnabled(true);
+    AddClip(*session, "A002.MOV");
+
+    DecideAndRun(session);
+
+    ASSERT_EQ(logger->sent.size(), 1u);
+    EXPECT_EQ(logger->sent[0].name, "Ingest/IngestSetting/ImportOnlySetting");
+    EXPECT_EQ(logger->sent[0].values, (Strings{"MetadataPreset:Disabled", "RenamePreset:Enabled",
+                                               "IngestType:ImportOnly", "SelectItemCount:3"}));
+}
+
+class HostedUsageTest : public UsageReportTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(HostedUsageTest, AHostedApplicationSendsNothing) {
+    auto logger = Install();
+    HostApp::SetApplicationType(GetParam());
+    DecideAndRun(TwoClipsToTwoCopies(0));
+    auto importing = SessionWithClips();
+    AddClip(*importing, "A001.MOV");
+    DecideAndRun(importing);
+
+    EXPECT_EQ(Kinds(), (KindList{TaskKind::Copy, TaskKind::Copy, TaskKind::Import}));
+    EXPECT_EQ(logger->opened, 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, HostedUsageTest, ::testing::Values(5, 8));
+
+} // namespace
+} // namespace igd::test
