@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/media/CardTrees.h"
-#include "support/IgdCommand.h"
+#include "apps/igd/IgdCommand.h"
 
 namespace igd::test {
 namespace {

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/IgdCommand.h"
+#include "apps/igd/IgdCommand.h"
 #include "support/TempTree.h"
 
 namespace {

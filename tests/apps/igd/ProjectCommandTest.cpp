@@ -14,7 +14,7 @@
 
 #include "Proj/Project.h"
 #include "platform/project/ProjectTestSupport.h"
-#include "support/IgdCommand.h"
+#include "apps/igd/IgdCommand.h"
 #include "support/TempTree.h"
 
 namespace {

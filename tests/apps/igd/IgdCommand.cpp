@@ -1,4 +1,4 @@
-#include "support/IgdCommand.h"
+#include "apps/igd/IgdCommand.h"
 
 #include <sys/wait.h>
 
