@@ -8,6 +8,7 @@
 #include "tests/pipeline/PlanTestSupport.h"
 #include "QL/PresetFieldFactory.h"
 #include "QL/PresetObject.h"
+#include "fluxcore/ApplicationName.h"
 #include "pipeline/checks/TemplateChecks.h"
 #include "settings/IngestSettingsController.h"
 
@@ -45,6 +46,8 @@ protected:
     TemplateCheckTest() : settings_(*IGD::IngestSettingsController::GetInstance()) {
         settings_.ResetToDefaults();
         session_ = NewSession();
+        // Stop boxes carry the host's name.
+        fluxcore::config::SetApplicationName(u"Kiln Studio");
     }
     ~TemplateCheckTest() override { settings_.ResetToDefaults(); }
 
@@ -91,7 +94,7 @@ const std::vector<TemplateCase>& RenameCases() {
          {},
          {0},
          false,
-         {"IGD: Please save your rename preset before continuing. [OK]"}},
+         {"Kiln Studio: Please save your rename preset before continuing. [OK]"}},
         {"no preset, and the user goes on", false, false, {}, {0}, true, {kEmptyRenameQuestion}},
         {"no preset, and the user stops", false, false, {}, {1}, false, {kEmptyRenameQuestion}},
         {"a preset without fields asks the same", false, true, {}, {1}, false, {kEmptyRenameQuestion}},
@@ -175,7 +178,7 @@ const std::vector<TemplateCase>& MetadataCases() {
          {Metadata(u"scene", u"1", true)},
          {0},
          false,
-         {"IGD: Please save your metadata preset before continuing. [OK]"}},
+         {"Kiln Studio: Please save your metadata preset before continuing. [OK]"}},
         {"no preset, and the user goes on", false, false, {}, {0}, true, {kEmptyMetadataQuestion}},
         {"a preset without fields, and the user stops",
          false,
