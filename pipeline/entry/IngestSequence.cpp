@@ -11,6 +11,7 @@
 #include "pipeline/plan/IngestPlan.h"
 #include "settings/IngestSettingsController.h"
 #include "settings/PreferenceAccess.h"
+#include "settings/StoredPresets.h"
 
 namespace IGD {
 namespace {
@@ -78,7 +79,11 @@ void ApplyIngestChoices(const std::vector<IngestDialogDataRef>& sessions, const 
 PresetRef StoredRenameTemplate() {
     IngestSettingsController& settings = *IngestSettingsController::GetInstance();
     LoadStoredSettings(settings);
-    return settings.GetEnableRenameTemplate() ? settings.GetRenamePreset() : PresetRef{};
+    if (!settings.GetEnableRenameTemplate())
+        return {};
+    // The settings keep the path of the preset; the dialog's section finds the preset from it, and
+    // so must a host without the dialog.
+    return FindPresetAtPath(QL::kQLPresetCategoryRename, settings.GetRenamePresetPath());
 }
 
 bool CheckIngestSessions(const std::vector<IngestDialogDataRef>& sessions, Fnd::Date now) {
