@@ -51,7 +51,7 @@ bool AgreeToConvertRoughCuts(const SelectedItemList& items) {
 } // namespace
 
 bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent, Fnd::Date now,
-                        std::uint32_t firstCounter) {
+                        std::uint32_t firstCounter, std::uint32_t startNumber) {
     if (!CheckRenameTemplate(session, parent) || !CheckMetadataTemplate(session, parent))
         return false;
     if (session.GetSelectedItems().empty())
@@ -60,7 +60,7 @@ bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent,
             "ingest.");
     ComputeApplyFlags(session);
     if (session.IsRenameEnabled())
-        GenerateOutputNames(session, now, firstCounter);
+        GenerateOutputNames(session, now, startNumber, firstCounter);
     const SelectedItemList items = session.GetSelectedItems();
     if (!AgreeToConvertRoughCuts(items))
         return false;

@@ -7,7 +7,7 @@
 #include "QL/IngestMessages.h"
 #include "QL/TranscodeSetting.h"
 #include "pipeline/entry/IngestRequest.h"
-#include "pipeline/naming/RenameCounter.h"
+#include "pipeline/entry/RenameCounter.h"
 #include "pipeline/plan/IngestPlan.h"
 #include "settings/IngestSettingsController.h"
 #include "settings/PreferenceAccess.h"
@@ -87,9 +87,10 @@ PresetRef StoredRenameTemplate() {
 }
 
 bool CheckIngestSessions(const std::vector<IngestDialogDataRef>& sessions, Fnd::Date now) {
+    const std::uint32_t startNumber = IngestSettingsController::GetInstance()->GetUserDefAutoIncStartNumber();
     std::uint32_t firstCounter = 1;
     for (const IngestDialogDataRef& session : sessions) {
-        if (!CheckIngestRequest(*session, nullptr, now, firstCounter))
+        if (!CheckIngestRequest(*session, nullptr, now, firstCounter, startNumber))
             return false;
         firstCounter += static_cast<std::uint32_t>(session->GetSelectedItems().size());
     }

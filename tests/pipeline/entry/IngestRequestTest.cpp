@@ -9,7 +9,7 @@
 #include "QL/PresetFieldFactory.h"
 #include "QL/PresetObject.h"
 #include "pipeline/entry/IngestRequest.h"
-#include "pipeline/naming/RenameCounter.h"
+#include "pipeline/entry/RenameCounter.h"
 #include "settings/IngestSettingsController.h"
 
 namespace igd::test {
@@ -40,7 +40,8 @@ protected:
         session.SetRenamePreset(Preset(QL::kQLPresetCategoryRename, std::move(types), u"000"));
     }
     bool Check(IGD::IIngestDialogData& session, std::uint32_t firstCounter = 1) {
-        return IGD::CheckIngestRequest(session, nullptr, Fnd::Date::Now(), firstCounter);
+        return IGD::CheckIngestRequest(session, nullptr, Fnd::Date::Now(), firstCounter,
+                                       settings_.GetUserDefAutoIncStartNumber());
     }
     std::vector<std::string> BoxTexts() const {
         std::vector<std::string> texts;

@@ -1,4 +1,4 @@
-#include "pipeline/naming/RenameCounter.h"
+#include "pipeline/entry/RenameCounter.h"
 
 #include <algorithm>
 
