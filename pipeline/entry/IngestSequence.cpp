@@ -10,7 +10,8 @@
 #include "pipeline/entry/RenameCounter.h"
 #include "pipeline/plan/IngestPlan.h"
 #include "settings/IngestSettingsController.h"
-#include "settings/PreferenceAccess.h"
+#include "Proj/PreferenceAccess.h"
+#include "settings/SettingKeys.h"
 #include "settings/StoredPresets.h"
 
 namespace IGD {
@@ -31,7 +32,7 @@ void StoreStartNumber() {
     if (settings.GetSettingsLocked())
         return;
     try {
-        WritePreference(*GetPreferences(), kUserDefAutoIncStartNumber, settings.GetUserDefAutoIncStartNumber());
+        WritePreference(*Proj::GetPreferences(), kUserDefAutoIncStartNumber, settings.GetUserDefAutoIncStartNumber());
     } catch (const Fnd::NullInterfaceException&) {
         // Without a preference store there is nothing to carry over to.
     }
