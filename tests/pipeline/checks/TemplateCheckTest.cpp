@@ -73,7 +73,7 @@ const std::string kEmptyRenameQuestion =
 const std::string kEmptyMetadataQuestion =
     "Empty Preset: You have chosen an empty Metadata preset. Do you want to continue? [Yes|No]";
 const std::string kNoEffect =
-    "IGD: Cannot proceed with current Rename preset.\n\nNo effective preset field is found. [OK]";
+    "Kiln Studio: Cannot proceed with current Rename preset.\n\nNo effective preset field is found. [OK]";
 
 struct TemplateCase {
     const char* what;
@@ -114,7 +114,7 @@ const std::vector<TemplateCase>& RenameCases() {
          {Field(QL::kQLFieldFileName), Text(u"Scene:1")},
          {0},
          false,
-         {"IGD: Cannot proceed with the current Rename preset.\n\nA text field in Rename preset cannot "
+         {"Kiln Studio: Cannot proceed with the current Rename preset.\n\nA text field in Rename preset cannot "
           "contain any of the following characters:\n\\ / : * ? \" < > | [OK]"}},
     };
     return cases;
@@ -193,7 +193,7 @@ const std::vector<TemplateCase>& MetadataCases() {
          {Metadata(u"take", u"", false), Metadata(u"scene", u"", true), Metadata(u"shot", u"", true)},
          {0},
          false,
-         {"IGD: Required field scene is empty. [OK]"}},
+         {"Kiln Studio: Required field scene is empty. [OK]"}},
         {"required fields with values and optional empty ones pass",
          false,
          true,
