@@ -8,7 +8,7 @@
 #include "IGD/FileDialogs.h"
 #include "IGD/WinCommonOpenDialogWrapper.h"
 #include "Proj/LastUsedDirectory.h"
-#include "settings/PreferenceAccess.h"
+#include "Proj/PreferenceAccess.h"
 #include "AppFrame/ParentAndChildWindowDisabler.h"
 #include "AppFrame/PlayerControl.h"
 #include "AppFrame/Workspace.h"
@@ -39,7 +39,7 @@ Fnd::WString StartFolderOf(const Fnd::WString& path) {
 
 Fnd::WString LastUsedDirectory() {
     // A missing back end is a fault of the host, not something to hide here.
-    Fnd::InterfaceRef<Proj::IPreferences> preferences = GetPreferences();
+    Fnd::InterfaceRef<Proj::IPreferences> preferences = Proj::GetPreferences();
     Fnd::WString folder;
     ReadPreference(*preferences, Proj::PreferenceKey(Proj::kLastUsedDirectoryKey), folder);
     if (!folder.empty() && Fnd::Directory::IsDirectory(folder) && Fnd::PathUtils::ExistsOnDisk(folder, true))
@@ -48,7 +48,7 @@ Fnd::WString LastUsedDirectory() {
 }
 
 void RememberLastUsedDirectory(const Fnd::WString& chosenFile) {
-    Fnd::InterfaceRef<Proj::IPreferences> preferences = GetPreferences();
+    Fnd::InterfaceRef<Proj::IPreferences> preferences = Proj::GetPreferences();
     WritePreference(*preferences, Proj::PreferenceKey(Proj::kLastUsedDirectoryKey),
                     Fnd::PathUtils::GetFullDirectoryPart(chosenFile));
 }

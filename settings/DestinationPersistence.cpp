@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "settings/PreferenceAccess.h"
+#include "Proj/PreferenceAccess.h"
 #include "settings/RecentPathList.h"
 #include "settings/SettingKeys.h"
 

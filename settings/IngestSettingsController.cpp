@@ -9,7 +9,7 @@
 #include "QL/Utilities.h"
 #include "host/HostKind.h"
 #include "settings/DestinationPersistence.h"
-#include "settings/PreferenceAccess.h"
+#include "Proj/PreferenceAccess.h"
 #include "settings/SettingKeys.h"
 
 namespace IGD {
@@ -79,7 +79,7 @@ void IngestSettingsController::LoadSettings() {
     settingsLocked_ = site.settingsLocked;
     defaultSubfolder_ = site.defaultSubfolder;
 
-    const Fnd::InterfaceRef<Proj::IPreferences> preferencesRef = GetPreferences();
+    const Fnd::InterfaceRef<Proj::IPreferences> preferencesRef = Proj::GetPreferences();
     Proj::IPreferences& preferences = *preferencesRef;
     const bool vault = IsVaultMode();
 
@@ -135,7 +135,7 @@ void IngestSettingsController::LoadSettings() {
 void IngestSettingsController::SaveSettings() {
     if (settingsLocked_)
         return;
-    const Fnd::InterfaceRef<Proj::IPreferences> preferencesRef = GetPreferences();
+    const Fnd::InterfaceRef<Proj::IPreferences> preferencesRef = Proj::GetPreferences();
     Proj::IPreferences& preferences = *preferencesRef;
     // One transaction where the store allows it: one flush instead of one per value, and a
     // failure keeps the whole old state rather than half of it.
@@ -162,7 +162,7 @@ void IngestSettingsController::SaveSettings() {
 }
 
 void IngestSettingsController::SaveDestinations() {
-    const Fnd::InterfaceRef<Proj::IPreferences> preferencesRef = GetPreferences();
+    const Fnd::InterfaceRef<Proj::IPreferences> preferencesRef = Proj::GetPreferences();
     Proj::IPreferences& preferences = *preferencesRef;
     Proj::PreferenceBatch batch(preferences);
 

@@ -4,7 +4,8 @@
 
 #include "Mid/Utilities.h"
 #include "settings/DestinationSetting.h"
-#include "settings/PreferenceAccess.h"
+#include "Proj/PreferenceAccess.h"
+#include "settings/SettingKeys.h"
 
 namespace IGD {
 

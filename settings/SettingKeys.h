@@ -9,6 +9,7 @@
 #include <variant>
 
 #include "Proj/IPreferences.h"
+#include "Proj/PreferenceAccess.h"
 
 namespace IGD {
 
@@ -185,5 +186,15 @@ Proj::PreferenceKey IndexedKey(std::string_view name, std::uint32_t index);
 // The keys of a list of recent paths, whose prefix is the list's own key text.
 Proj::PreferenceKey PathListCountKey(std::string_view prefix);
 Proj::PreferenceKey PathListItemKey(std::string_view prefix, std::uint32_t item);
+
+// Reading and writing a key of the tables, checked as every preference is (Proj/PreferenceAccess.h).
+template <class T, class V>
+void ReadPreference(Proj::IPreferences& preferences, const PreferenceKeyDef<T>& key, V& value) {
+    Proj::ReadPreference(preferences, Proj::PreferenceKey(key.name), value);
+}
+template <class T, class V>
+void WritePreference(Proj::IPreferences& preferences, const PreferenceKeyDef<T>& key, const V& value) {
+    Proj::WritePreference(preferences, Proj::PreferenceKey(key.name), value);
+}
 
 } // namespace IGD

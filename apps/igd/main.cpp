@@ -19,6 +19,7 @@
 #include "Proj/PreferenceStore.h"
 #include "ProjectCommand.h"
 #include "QL/FilePresetService.h"
+#include "fluxcore/ApplicationName.h"
 #include "fluxcore/UsageLogFile.h"
 
 namespace {
@@ -33,6 +34,7 @@ struct HostOptions {
 // not silently dropped.
 bool ApplyHostOptions(const HostOptions& host) {
     HostApp::SetApplicationType(host.hostKind);
+    fluxcore::config::SetApplicationName(u"igd");
     AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(host.vault));
     if (host.usageLog.empty())
         return true;

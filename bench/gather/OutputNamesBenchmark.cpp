@@ -67,7 +67,7 @@ void BM_GenerateOutputNames(benchmark::State& state) {
     static const Card card;
     const auto session = CardSession(card);
     for (auto _ : state)
-        IGD::GenerateOutputNames(*session, Fnd::Date::Now());
+        IGD::GenerateOutputNames(*session, Fnd::Date::Now(), 1);
     state.SetItemsProcessed(state.iterations() * kItems);
     state.counters["names/s"] =
         benchmark::Counter(static_cast<double>(state.iterations() * kItems), benchmark::Counter::kIsRate);

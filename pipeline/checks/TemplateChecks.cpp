@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "Fnd/PathUtils.h"
+#include "fluxcore/ApplicationName.h"
 #include "fluxcore/ZString.h"
 #include "settings/IngestSettingsController.h"
 #include "fluxui/Messagebox.h"
@@ -29,7 +30,9 @@ bool ConfirmEmptyPreset(std::string_view message, fluxui::ui::UI_Node* parent) {
 }
 
 bool Stop(std::string_view message, std::initializer_list<Fnd::WString> arguments = {}) {
-    fluxui::dialogs::messagebox::ShowStop(Localize(message, arguments));
+    // The host's own name heads the box: the user meets it inside that host, not inside the library.
+    fluxui::dialogs::messagebox::ShowStop(nullptr, fluxcore::config::GetApplicationName(),
+                                          Localize(message, arguments), nullptr);
     return false;
 }
 

@@ -1,8 +1,9 @@
 #include "pipeline/checks/TransferConflictCheck.h"
 
+#include <filesystem>
+
 #include "Fnd/PathUtils.h"
 #include "IGD/SelectedFolderItem.h"
-#include "Mid/Utilities.h"
 #include "QL/IngestUtils.h"
 #include "fluxcore/ZString.h"
 #include "pipeline/gathering/NormalizedRoot.h"
@@ -10,6 +11,17 @@
 
 namespace IGD {
 namespace {
+
+// The way from the source root to the destination by their names alone: "." for the same folder,
+// no ".." inside it, empty when neither leads to the other. Mount points nest, so a destination
+// on another filesystem can still lie inside a folder being copied.
+Fnd::WString WayFromRoot(const Fnd::WString& sourceRoot, const Fnd::WString& target) {
+    const std::filesystem::path root =
+        std::filesystem::path(Fnd::ToUTF8(Fnd::PathUtils::RemoveTrailingSlash(sourceRoot))).lexically_normal();
+    const std::filesystem::path destination =
+        std::filesystem::path(Fnd::ToUTF8(Fnd::PathUtils::RemoveTrailingSlash(target))).lexically_normal();
+    return Fnd::FromUTF8(destination.lexically_relative(root).string());
+}
 
 bool Refuse(std::string_view message, std::initializer_list<Fnd::WString> arguments) {
     fluxui::dialogs::messagebox::Messagebox(
@@ -25,9 +37,8 @@ bool CheckTransferConflicts(const Fnd::WString& sourceRoot, const SelectedItemLi
     const NormalizedRoot root(sourceRoot);
     for (const IngestDestinationRef& destination : destinations) {
         const Fnd::WString target = destination->GetFullDestinationPath();
-        Fnd::WString relative;
-        // On another filesystem a destination can be neither the source nor inside it.
-        if (!Mid::Utilities::ArePathsRelative(sourceRoot, true, target, true, relative))
+        const Fnd::WString relative = WayFromRoot(sourceRoot, target);
+        if (relative.empty())
             continue;
         const auto setting = destination->GetTranscodeSetting();
         const bool transcoding = setting && setting->enabled;

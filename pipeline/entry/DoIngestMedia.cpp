@@ -38,6 +38,17 @@ struct GroupFile {
 
 enum class WalkResult { Done, NothingAtAll };
 
+// A later path of a group names a file relative to the folder of the first; a host that passes an
+// absolute path means that path.
+Fnd::WString GroupPathOnDisk(const QL::IngestMediaGroup& group, const Fnd::WString& path) {
+    if (path == group.paths.front() || path.starts_with(u'/'))
+        return path;
+    Fnd::WString drive;
+    Fnd::WString directory;
+    Fnd::PathUtils::SplitPath(group.paths.front(), &drive, &directory, nullptr, nullptr);
+    return Mid::Utilities::CombinePaths(drive + directory, path);
+}
+
 // Walks the group's paths into the session. Only the first path may be a file on its own; later
 // paths count through the providers.
 WalkResult WalkGroupPaths(const QL::IngestMediaGroup& group, bool viaProvider, IIngestDialogData& session,
@@ -48,7 +59,7 @@ WalkResult WalkGroupPaths(const QL::IngestMediaGroup& group, bool viaProvider, I
     bool sessionHasItems = false;
     for (const Fnd::WString& path : group.paths) {
         if (viaProvider) {
-            GatherPathItems(session, path);
+            GatherPathItems(session, GroupPathOnDisk(group, path));
             anyItem = true;
         }
         sessionHasItems = sessionHasItems || !session.GetSelectedItems().empty();

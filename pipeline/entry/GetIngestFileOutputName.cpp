@@ -7,7 +7,10 @@ namespace IGD {
 
 Fnd::WString GetIngestFileOutputName(const Fnd::WString& path, IngestDialogDataRef session,
                                      const Fnd::Date date, bool forceNames) {
-    PrepareSessionForFile(path, *session, date, true, forceNames);
+    // A session that already holds its items was prepared before: gathering again would add the
+    // same clips a second time and move the root their paths start from.
+    const bool gather = session->GetSelectedItems().empty();
+    PrepareSessionForFile(path, *session, date, gather, forceNames);
     const SelectedItemList items = session->GetSelectedItems();
     if (items.empty())
         return FileNameOf(path);

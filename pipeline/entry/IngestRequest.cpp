@@ -1,5 +1,6 @@
 #include "pipeline/entry/IngestRequest.h"
 
+#include "Fnd/PathUtils.h"
 #include "QL/RoughCut.h"
 #include "fluxcore/Guid.h"
 #include "fluxcore/ZString.h"
@@ -26,10 +27,17 @@ bool ShowIngestFailure(std::string_view message) {
     return false;
 }
 
+bool IsOldFormatRoughCut(const Fnd::WString& path) {
+    Fnd::WString extension;
+    Fnd::PathUtils::SplitPath(path, nullptr, nullptr, nullptr, &extension);
+    return Fnd::EqualsIgnoringASCIICase(extension, QL::kFcpFormatRoughCutExtension);
+}
+
 // Rough cuts of the old format are converted on import; the user agrees once for all of them.
+// Rough cuts of the current format import as they are.
 bool AgreeToConvertRoughCuts(const SelectedItemList& items) {
     for (const SelectedItemRef& item : items) {
-        if (!QL::IsRoughCutFileExtension(item->GetItemPath()))
+        if (!IsOldFormatRoughCut(item->GetItemPath()))
             continue;
         return AppFrame::MessageBoxW(
                    Localize("$$$/Quillon/Libraries/IngestDialog/OldVersionRoughCut=Trying to import old "
@@ -43,7 +51,7 @@ bool AgreeToConvertRoughCuts(const SelectedItemList& items) {
 } // namespace
 
 bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent, Fnd::Date now,
-                        std::uint32_t firstCounter) {
+                        std::uint32_t firstCounter, std::uint32_t startNumber) {
     if (!CheckRenameTemplate(session, parent) || !CheckMetadataTemplate(session, parent))
         return false;
     if (session.GetSelectedItems().empty())
@@ -52,7 +60,7 @@ bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent,
             "ingest.");
     ComputeApplyFlags(session);
     if (session.IsRenameEnabled())
-        GenerateOutputNames(session, now, firstCounter);
+        GenerateOutputNames(session, now, startNumber, firstCounter);
     const SelectedItemList items = session.GetSelectedItems();
     if (!AgreeToConvertRoughCuts(items))
         return false;

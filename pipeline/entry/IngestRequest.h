@@ -16,9 +16,10 @@ namespace IGD {
 
 // From the template checks to the pre-flight chain, in the handler's order. False after one box
 // when the ingest must not go on; the session keeps its content. Items are numbered from
-// firstCounter, so that a request spread over several sessions counts its items once.
+// firstCounter, so that a request spread over several sessions counts its items once; custom
+// counter fields start at startNumber, the settings' start number.
 bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent, Fnd::Date now,
-                        std::uint32_t firstCounter = 1);
+                        std::uint32_t firstCounter, std::uint32_t startNumber);
 
 // After the minimum metadata is known: the custom data (with the metadata template's values when
 // it is on) and the copy decisions go into the session. False when the user gave up at a target

@@ -10,7 +10,9 @@
 #include "pipeline/entry/AdvanceRenameCounter.h"
 #include "pipeline/plan/IngestPlan.h"
 #include "settings/IngestSettingsController.h"
-#include "settings/PreferenceAccess.h"
+#include "Proj/PreferenceAccess.h"
+#include "settings/SettingKeys.h"
+#include "settings/StoredPresets.h"
 
 namespace IGD {
 namespace {
@@ -30,7 +32,7 @@ void StoreStartNumber() {
     if (settings.GetSettingsLocked())
         return;
     try {
-        WritePreference(*GetPreferences(), kUserDefAutoIncStartNumber, settings.GetUserDefAutoIncStartNumber());
+        WritePreference(*Proj::GetPreferences(), kUserDefAutoIncStartNumber, settings.GetUserDefAutoIncStartNumber());
     } catch (const Fnd::NullInterfaceException&) {
         // Without a preference store there is nothing to carry over to.
     }
@@ -78,13 +80,18 @@ void ApplyIngestChoices(const std::vector<IngestDialogDataRef>& sessions, const 
 PresetRef StoredRenameTemplate() {
     IngestSettingsController& settings = *IngestSettingsController::GetInstance();
     LoadStoredSettings(settings);
-    return settings.GetEnableRenameTemplate() ? settings.GetRenamePreset() : PresetRef{};
+    if (!settings.GetEnableRenameTemplate())
+        return {};
+    // The settings keep the path of the preset; the dialog's section finds the preset from it, and
+    // so must a host without the dialog.
+    return FindPresetAtPath(QL::kQLPresetCategoryRename, settings.GetRenamePresetPath());
 }
 
 bool CheckIngestSessions(const std::vector<IngestDialogDataRef>& sessions, Fnd::Date now) {
+    const std::uint32_t startNumber = IngestSettingsController::GetInstance()->GetUserDefAutoIncStartNumber();
     std::uint32_t firstCounter = 1;
     for (const IngestDialogDataRef& session : sessions) {
-        if (!CheckIngestRequest(*session, nullptr, now, firstCounter))
+        if (!CheckIngestRequest(*session, nullptr, now, firstCounter, startNumber))
             return false;
         firstCounter += static_cast<std::uint32_t>(session->GetSelectedItems().size());
     }

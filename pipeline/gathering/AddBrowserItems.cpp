@@ -82,7 +82,7 @@ SelectedItemRef MakeClipItem(const Browse::ProviderWrapper* provider, const std:
 
 void AddBrowserItems(IIngestDialogData& session, const CheckedItems& checkedItems,
                      const ClipSettings& clipSettings, const Browse::ProviderWrapper* provider,
-                     std::string directory) {
+                     std::string directory, RootChoice rootChoice) {
     // Every item asks the provider about the same card several times.
     const Browse::CardScanScope scans;
     const std::string identification = provider ? provider->GetIdentification() : std::string();
@@ -94,7 +94,10 @@ void AddBrowserItems(IIngestDialogData& session, const CheckedItems& checkedItem
     if (provider && !provider->ShouldCheckFilter())
         root = fluxcore::utility::FileUtils::GetParentPath(root);
     root = Mid::Utilities::AddBootVolumePath(root);
-    session.SetSourceRoot(root);
+    if (rootChoice == RootChoice::KeepSession)
+        root = session.GetSourceRoot();
+    else
+        session.SetSourceRoot(root);
 
     const bool plain = IsPlainDirectoryProvider(identification);
     for (const auto& pair : checked) {

@@ -17,11 +17,14 @@ using CheckedItems = std::vector<std::pair<Fnd::WString, Fnd::WString>>;
 // In and out points by full path.
 using ClipSettings = std::map<Fnd::WString, fluxmediabrowser::TranscodeClipSetting>;
 
-// Sets the session's source root from the provider's directory and adds one item per ticked
-// entry: a folder item with every file below it, or a clip item with the files the provider
-// lists for it (and, for a single file, its sidecar).
+// Where the items' paths start: the provider's directory, which becomes the session's source
+// root, or the root the session already has.
+enum class RootChoice { FromProvider, KeepSession };
+
+// Adds one item per ticked entry: a folder item with every file below it, or a clip item with the
+// files the provider lists for it (and, for a single file, its sidecar).
 void AddBrowserItems(IIngestDialogData& session, const CheckedItems& checked,
                      const ClipSettings& clipSettings, const Browse::ProviderWrapper* provider,
-                     std::string directory);
+                     std::string directory, RootChoice rootChoice = RootChoice::FromProvider);
 
 } // namespace IGD

@@ -2,6 +2,7 @@
 
 #include "Browse/CardScanScope.h"
 #include "Browse/FileListForCopy.h"
+#include "Mid/Utilities.h"
 #include "pipeline/gathering/AddBrowserItems.h"
 
 namespace IGD {
@@ -14,7 +15,15 @@ void GatherPathItems(IIngestDialogData& session, const Fnd::WString& path) {
     Browse::FileListForCopy::GetProviderAndRootFromPath(path, provider, root, name);
     if (!provider || name.empty())
         return;
-    AddBrowserItems(session, CheckedItems{{path, name}}, ClipSettings{}, provider, Fnd::ToUTF8(root));
+    // A clip named by one of its other files (a later chapter, its index file) is still the clip:
+    // the item is the media file the provider names it by.
+    const Fnd::WString clipPath = Mid::Utilities::CombinePaths(root, name);
+    // Paths gathered into one session share the root the first of them set, so that the items
+    // gathered before stay where their paths say.
+    const RootChoice rootChoice =
+        session.GetSourceRoot().empty() ? RootChoice::FromProvider : RootChoice::KeepSession;
+    AddBrowserItems(session, CheckedItems{{clipPath, name}}, ClipSettings{}, provider, Fnd::ToUTF8(root),
+                    rootChoice);
 }
 
 } // namespace IGD

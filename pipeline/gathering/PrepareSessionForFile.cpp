@@ -8,6 +8,7 @@
 #include "pipeline/apply/MetadataFieldSetBuilder.h"
 #include "pipeline/naming/OutputNames.h"
 #include "pipeline/plan/SingleFileSidecars.h"
+#include "settings/IngestSettingsController.h"
 
 namespace IGD {
 namespace {
@@ -48,7 +49,8 @@ void PrepareSessionForFile(const Fnd::WString& path, IIngestDialogData& session,
     const bool wantNames =
         forceNames || session.GetSelectedItems().front()->GetItemFormat() == kPlainDirectoryItemFormat;
     if (wantNames)
-        GenerateOutputNames(session, date);
+        GenerateOutputNames(session, date,
+                            IngestSettingsController::GetInstance()->GetUserDefAutoIncStartNumber());
     // The decisions look at the renamed targets, so they come after the names.
     CopyDecisionMap decisions;
     if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),

@@ -1,7 +1,5 @@
 #include "pipeline/naming/OutputNameBuilder.h"
 
-#include "settings/IngestSettingsController.h"
-
 namespace IGD {
 
 Fnd::WString FormatCounterValue(std::uint32_t base, std::uint32_t offset, Fnd::WStringView mask) {
@@ -15,7 +13,7 @@ Fnd::WString FormatCounterValue(std::uint32_t base, std::uint32_t offset, Fnd::W
 }
 
 OutputNameBuilder::OutputNameBuilder(const QL::PresetFieldList& fields, std::uint32_t startNumber)
-    : startNumber_(startNumber) {
+    : startNumber_(startNumber == 0 ? 1 : startNumber) {
     fields_.reserve(fields.size());
     for (const auto& field : fields)
         fields_.emplace_back(field->GetType(), field->GetValue());
@@ -69,14 +67,8 @@ Fnd::WString OutputNameBuilder::Build(Fnd::Date ingestDate, Fnd::Date fileDate, 
 }
 
 Fnd::WString BuildOutputName(const QL::PresetFieldList& fields, Fnd::Date ingestDate, Fnd::Date fileDate,
-                             const Fnd::WString& baseName, std::uint32_t& counter) {
-    return OutputNameBuilder(fields, UserDefinedCounterStart())
-        .Build(ingestDate, fileDate, baseName, counter);
-}
-
-std::uint32_t UserDefinedCounterStart() {
-    const std::uint32_t stored = IngestSettingsController::GetInstance()->GetUserDefAutoIncStartNumber();
-    return stored == 0 ? 1 : stored;
+                             const Fnd::WString& baseName, std::uint32_t startNumber, std::uint32_t& counter) {
+    return OutputNameBuilder(fields, startNumber).Build(ingestDate, fileDate, baseName, counter);
 }
 
 } // namespace IGD

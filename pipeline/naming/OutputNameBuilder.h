@@ -21,6 +21,7 @@ Fnd::WString FormatCounterValue(std::uint32_t base, std::uint32_t offset, Fnd::W
 // a creation date.
 class OutputNameBuilder {
 public:
+    // startNumber is where custom counter fields start; 0, which no user sets, counts as 1.
     OutputNameBuilder(const QL::PresetFieldList& fields, std::uint32_t startNumber);
 
     // The name of one item. counter grows by one when any counter field used it, once for the item
@@ -46,11 +47,8 @@ private:
     Fnd::LocalTimeFormatter formatter_;
 };
 
-// One name with the start number the settings hold; see OutputNameBuilder::Build.
+// One name, custom counter fields starting at startNumber; see OutputNameBuilder::Build.
 Fnd::WString BuildOutputName(const QL::PresetFieldList& fields, Fnd::Date ingestDate, Fnd::Date fileDate,
-                             const Fnd::WString& baseName, std::uint32_t& counter);
-
-// The start number of custom auto increment fields, as the settings hold it (never 0).
-std::uint32_t UserDefinedCounterStart();
+                             const Fnd::WString& baseName, std::uint32_t startNumber, std::uint32_t& counter);
 
 } // namespace IGD

@@ -24,11 +24,8 @@ Fnd::WString BaseNameOf(const SelectedItem& item) {
 
 } // namespace
 
-void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date) {
-    GenerateOutputNames(session, date, 1);
-}
-
-void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date, std::uint32_t firstCounter) {
+void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date, std::uint32_t startNumber,
+                         std::uint32_t firstCounter) {
     const PresetRef preset = session.GetRenamePreset();
     if (!preset)
         return;
@@ -36,7 +33,7 @@ void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date, std::uint32
     if (fields.empty())
         return;
 
-    OutputNameBuilder builder(fields, UserDefinedCounterStart());
+    OutputNameBuilder builder(fields, startNumber);
     const NormalizedRoot root(session.GetSourceRoot());
     const Fnd::Date now = Fnd::Date::Now();
     std::uint32_t counter = firstCounter;
@@ -57,8 +54,8 @@ void GenerateOutputNames(IIngestDialogData& session, Fnd::Date date, std::uint32
     }
 }
 
-void GenerateOutputNamesNow(IIngestDialogData& session) {
-    GenerateOutputNames(session, Fnd::Date::Now());
+void GenerateOutputNamesNow(IIngestDialogData& session, std::uint32_t startNumber) {
+    GenerateOutputNames(session, Fnd::Date::Now(), startNumber);
 }
 
 } // namespace IGD

@@ -3,6 +3,7 @@
 #include "AppFrame/DocumentManager.h"
 #include "Fnd/RunLoop.h"
 #include "HostApp/ApplicationType.h"
+#include "fluxcore/ApplicationName.h"
 #include "IGD/IngestApi.h"
 #include "fluxcore/UsageLogger.h"
 #include "pipeline/plan/CopyDecisions.h"
@@ -22,6 +23,7 @@ PlanTest::~PlanTest() {
 
 void PlanTest::ResetGlobalState() {
     HostApp::SetApplicationType(0);
+    fluxcore::config::SetApplicationName({});
     AppFrame::DocumentManager::SetInstance(nullptr);
     IGD::SetGenerateAutomaticFileNameCallback({});
     IGD::SetIngestCopyOutputFileNameCallback({});

@@ -39,7 +39,11 @@ int OpenTemporary(const std::string& path, std::string& temporary) {
     const std::size_t slash = path.rfind('/');
     const std::string folder = slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
     const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
-    temporary = folder + "." + name + ".XXXXXX";
+    // Any name the filesystem takes must be writable, so the temporary's own name (the target's
+    // behind a dot, then mkstemp's suffix) is cut to fit the same 255 bytes.
+    constexpr std::size_t kMaxNameBytes = 255;
+    constexpr std::size_t kAddedBytes = 1 + 7; // "." in front, ".XXXXXX" behind
+    temporary = folder + "." + name.substr(0, kMaxNameBytes - kAddedBytes) + ".XXXXXX";
     const int fd = ::mkstemp(temporary.data());
     if (fd < 0)
         Fail(path);

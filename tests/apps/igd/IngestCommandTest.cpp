@@ -327,7 +327,7 @@ TEST_F(IgdIngestCardTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
         std::string box;
     };
     const std::vector<Case> cases{
-        {{"--metadata-preset", "Production", "--set", "scene=12"}, "IGD: Required field take is empty.\n"},
+        {{"--metadata-preset", "Production", "--set", "scene=12"}, "igd: Required field take is empty.\n"},
         {{"--subfolder", " \t "}, "Invalid Folder Name:  \t \nThe folder name is not valid.\n"},
         {{"--to", Native("SHOOT")},
          "Transfer Error: The destination folder path " + Native("SHOOT") +

@@ -121,4 +121,21 @@ TEST_F(PrefsCommand, UnknownKeysWrongKindsAndLockedKeysWriteNothing) {
     EXPECT_NE(listing.output.find("locked"), std::string::npos) << listing.output;
 }
 
+// `igd name` renames with the template the settings store, and only while renaming is on.
+TEST_F(PrefsCommand, NameUsesTheStoredRenameTemplateWhileRenamingIsOn) {
+    tree_.MakeFile("shoot/A001.MOV", "frames");
+    const std::string file = ShellQuote(tree_.NativePath("shoot/A001.MOV"));
+    const std::string shown = RunIgd("presets show 'Camera roll'", home_).output;
+    const std::string label = "  file:     ";
+    const std::size_t at = shown.find(label);
+    ASSERT_NE(at, std::string::npos) << shown;
+    const std::string presetPath = shown.substr(at + label.size(), shown.find('\n', at) - at - label.size());
+    const std::string prefix = "prefs set IGD.IngestDestinationSettingImpl.";
+    ASSERT_EQ(RunIgd(prefix + "RenamePresetPath " + ShellQuote(presetPath), home_).exitCode, 0);
+
+    EXPECT_EQ(RunIgd("name " + file, home_).output, "A001.MOV\n");
+    ASSERT_EQ(RunIgd(prefix + "EnableRenameTemplate true", home_).exitCode, 0);
+    EXPECT_EQ(RunIgd("name " + file, home_).output, "A001_001.MOV\n");
+}
+
 } // namespace

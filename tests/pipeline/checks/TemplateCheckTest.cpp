@@ -8,6 +8,7 @@
 #include "tests/pipeline/PlanTestSupport.h"
 #include "QL/PresetFieldFactory.h"
 #include "QL/PresetObject.h"
+#include "fluxcore/ApplicationName.h"
 #include "pipeline/checks/TemplateChecks.h"
 #include "settings/IngestSettingsController.h"
 
@@ -45,6 +46,8 @@ protected:
     TemplateCheckTest() : settings_(*IGD::IngestSettingsController::GetInstance()) {
         settings_.ResetToDefaults();
         session_ = NewSession();
+        // Stop boxes carry the host's name.
+        fluxcore::config::SetApplicationName(u"Kiln Studio");
     }
     ~TemplateCheckTest() override { settings_.ResetToDefaults(); }
 
@@ -70,7 +73,7 @@ const std::string kEmptyRenameQuestion =
 const std::string kEmptyMetadataQuestion =
     "Empty Preset: You have chosen an empty Metadata preset. Do you want to continue? [Yes|No]";
 const std::string kNoEffect =
-    "IGD: Cannot proceed with current Rename preset.\n\nNo effective preset field is found. [OK]";
+    "Kiln Studio: Cannot proceed with current Rename preset.\n\nNo effective preset field is found. [OK]";
 
 struct TemplateCase {
     const char* what;
@@ -91,7 +94,7 @@ const std::vector<TemplateCase>& RenameCases() {
          {},
          {0},
          false,
-         {"IGD: Please save your rename preset before continuing. [OK]"}},
+         {"Kiln Studio: Please save your rename preset before continuing. [OK]"}},
         {"no preset, and the user goes on", false, false, {}, {0}, true, {kEmptyRenameQuestion}},
         {"no preset, and the user stops", false, false, {}, {1}, false, {kEmptyRenameQuestion}},
         {"a preset without fields asks the same", false, true, {}, {1}, false, {kEmptyRenameQuestion}},
@@ -111,7 +114,7 @@ const std::vector<TemplateCase>& RenameCases() {
          {Field(QL::kQLFieldFileName), Text(u"Scene:1")},
          {0},
          false,
-         {"IGD: Cannot proceed with the current Rename preset.\n\nA text field in Rename preset cannot "
+         {"Kiln Studio: Cannot proceed with the current Rename preset.\n\nA text field in Rename preset cannot "
           "contain any of the following characters:\n\\ / : * ? \" < > | [OK]"}},
     };
     return cases;
@@ -175,7 +178,7 @@ const std::vector<TemplateCase>& MetadataCases() {
          {Metadata(u"scene", u"1", true)},
          {0},
          false,
-         {"IGD: Please save your metadata preset before continuing. [OK]"}},
+         {"Kiln Studio: Please save your metadata preset before continuing. [OK]"}},
         {"no preset, and the user goes on", false, false, {}, {0}, true, {kEmptyMetadataQuestion}},
         {"a preset without fields, and the user stops",
          false,
@@ -190,7 +193,7 @@ const std::vector<TemplateCase>& MetadataCases() {
          {Metadata(u"take", u"", false), Metadata(u"scene", u"", true), Metadata(u"shot", u"", true)},
          {0},
          false,
-         {"IGD: Required field scene is empty. [OK]"}},
+         {"Kiln Studio: Required field scene is empty. [OK]"}},
         {"required fields with values and optional empty ones pass",
          false,
          true,

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 
 #include "Fnd/Listener.h"
 #include "Fnd/RunLoop.h"
@@ -271,6 +272,26 @@ TEST_F(DirectTest, AProviderPathCopiesEveryFileOfTheClip) {
     EXPECT_TRUE(copied("GH010042.MP4"));
     EXPECT_TRUE(copied("GH020042.MP4"));
     EXPECT_FALSE(copied("GH010043.MP4"));
+}
+
+// Later paths name files relative to the first one's folder, a folder below it included; every
+// item keeps the first path's root, so none is looked for in another item's folder.
+TEST_F(DirectTest, LaterProviderPathsAreFoundFromTheFirstPathsFolderAndShareItsRoot) {
+    tree.MakeFile("in/sub/B002.MOV");
+    QL::IngestMediaGroup group = CopyGroup();
+    group.paths = {tree.Path("in/clip.MOV"), u"sub/B002.MOV", tree.Path("in/other.MOV")};
+
+    IGD::DoIngestMedia(group, true, true, /*viaProvider=*/true, given_);
+
+    EXPECT_TRUE(ui->Boxes().empty());
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
+    std::set<std::string> moves;
+    for (std::size_t unit = 0; unit < CopyAt(0).units.size(); ++unit)
+        for (const std::string& move : Moves(UnitAt(CopyAt(0), unit)))
+            moves.insert(move);
+    EXPECT_EQ(moves, (std::set<std::string>{"in/clip.MOV > out/clip.MOV", "in/clip.xmp > out/clip.xmp",
+                                            "in/sub/B002.MOV > out/sub/B002.MOV",
+                                            "in/other.MOV > out/other.MOV"}));
 }
 
 TEST_F(DirectTest, PauseResumeAndStopPostTheirMessagesInOrder) {

@@ -27,18 +27,25 @@ protected:
     const Fnd::Date date = Fnd::Date::FromSeconds(1709649059);
 };
 
-TEST_F(IngestFileOutputNameTest, FileInASubFolderAnswersTheRelativePathWithTheNewName) {
+// A card clip lies below the folder that holds the card: the answer is its path from there. Card
+// clips keep their names unless the host insists. The call leaves the session prepared, and asking
+// again answers from it without gathering the clip a second time.
+TEST_F(IngestFileOutputNameTest, ACardClipAnswersItsPathBelowTheCardsFolderRenamedOnlyWhenForced) {
+    const Fnd::WString chapter1 = tree.MakeFile("shoot/CARD/DCIM/100GOPRO/GH010042.MP4", "frames");
+    tree.MakeFile("shoot/CARD/DCIM/100GOPRO/GH020042.MP4", "frames");
     auto session = NewSession();
-    session->SetSourceRoot(tree.Path("card"));
-    tree.MakeFile("card/CLIPS/A001.MOV", "frames");
-    AddClip(*session, "CLIPS/A001.MOV");
     AddDestination(*session, "dest", true, true);
     session->SetRenamePreset(CounterTemplate());
 
-    EXPECT_EQ(
-        Fnd::ToUTF8(IGD::GetIngestFileOutputName(tree.Path("card/CLIPS/A001.MOV"), session, date, false)),
-        "CLIPS/001_Day1.MOV");
-    EXPECT_EQ(session->GetCopyDecisions()->size(), 1u) << "the session is left prepared for the ingest";
+    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(chapter1, session, date, false)),
+              "CARD/DCIM/100GOPRO/GH010042.MP4");
+    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(chapter1, session, date, true)),
+              "CARD/DCIM/100GOPRO/001_Day1.MP4");
+    EXPECT_EQ(session->GetSelectedItems().size(), 1u);
+    EXPECT_EQ(Fnd::ToUTF8(Fnd::PathUtils::RemoveTrailingSlash(session->GetSourceRoot())),
+              tree.NativePath("shoot"));
+    ASSERT_EQ(session->GetCopyDecisions()->size(), 1u);
+    EXPECT_EQ(session->GetCopyDecisions()->begin()->second.size(), 2u) << "both chapters are decided";
 }
 
 TEST_F(IngestFileOutputNameTest, SingleFileBecomesAnItemOfItsFolder) {

@@ -41,7 +41,8 @@ protected:
         session.SetRenamePreset(Preset(QL::kQLPresetCategoryRename, std::move(types), u"000"));
     }
     bool Check(IGD::IIngestDialogData& session, std::uint32_t firstCounter = 1) {
-        return IGD::CheckIngestRequest(session, nullptr, Fnd::Date::Now(), firstCounter);
+        return IGD::CheckIngestRequest(session, nullptr, Fnd::Date::Now(), firstCounter,
+                                       settings_.GetUserDefAutoIncStartNumber());
     }
     std::vector<std::string> BoxTexts() const {
         std::vector<std::string> texts;
@@ -112,8 +113,13 @@ TEST_F(IngestRequestTest, CopiesGoThroughThePreflightChain) {
 }
 
 TEST_F(IngestRequestTest, AsksOnceAboutOldRoughCutsAndOnlyOKGoesOn) {
+    auto current = SessionWithClips({"cut.roughcut"});
+    current->SetImportOnly(true);
+    EXPECT_TRUE(Check(*current));
+    EXPECT_TRUE(ui->Boxes().empty()) << "a rough cut of the current format imports unasked";
+
     for (const int answer : {0, 1}) {
-        auto session = SessionWithClips({"cut1.rcut", "A001.MOV", "cut2.RCUT"});
+        auto session = SessionWithClips({"A001.MOV", "cut1.RCUT", "cut2.rcut"});
         session->SetImportOnly(true);
         const std::size_t before = ui->Boxes().size();
         ui->QueueBoxAnswer(answer);
@@ -142,7 +148,7 @@ TEST_F(IngestRequestTest, CompletionStoresTheTemplateValuesBesideThePanelsAnswer
     answer.keywords = {u"night"};
     for (const bool metadataOn : {true, false}) {
         auto session = SessionWithClips({"A001.MOV"});
-        session->SetImportOnly(true);
+        const IGD::IngestDestinationRef destination = AddDestination(*session, "main", true);
         session->SetMetadataEnabled(metadataOn);
         session->SetMetadataPreset(Preset(QL::kQLPresetCategoryMetadata, {QL::kQLFieldMetadata}, u"12"));
         ASSERT_TRUE(IGD::CompleteIngestRequest(*session, answer));
@@ -152,7 +158,8 @@ TEST_F(IngestRequestTest, CompletionStoresTheTemplateValuesBesideThePanelsAnswer
         if (metadataOn) {
             EXPECT_EQ(stored.metadataSets.front()->values.at(u"scene"), u"12");
         }
-        EXPECT_NE(session->GetCopyDecisions(), nullptr);
+        const IGD::CopyDecisionMap decided{{destination, {{u"A001.MOV", QL::kCopyActionNone}}}};
+        EXPECT_EQ(*session->GetCopyDecisions(), decided) << "a free target is copied unasked";
     }
 }
 

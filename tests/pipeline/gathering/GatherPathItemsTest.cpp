@@ -79,6 +79,27 @@ TEST(GatherPathItemsTest, ASpannedCardClipBecomesOneFolderBasedItem) {
     EXPECT_EQ(item->GetClipGuid(), fluxcore::utility::Guid());
 }
 
+// Whichever file of a card clip a host names, the item is the clip, named by its media file.
+TEST(GatherPathItemsTest, AnyFileOfACardClipGivesTheClipByItsMediaFile) {
+    TempTree tree;
+    tree.MakeFile("GOPRO/DCIM/100GOPRO/GH010042.MP4");
+    tree.MakeFile("GOPRO/DCIM/100GOPRO/GH020042.MP4");
+    tree.MakeFile("P2/CONTENTS/CLIP/000AB1.XML", P2Xml("G1", "G1", ""));
+    tree.MakeFile("P2/CONTENTS/VIDEO/000AB1.MXF");
+    const std::vector<std::pair<std::string, std::u16string>> cases{
+        {"GOPRO/DCIM/100GOPRO/GH020042.MP4", u"GOPRO/DCIM/100GOPRO/GH010042.MP4"},
+        {"P2/CONTENTS/CLIP/000AB1.XML", u"P2/CONTENTS/VIDEO/000AB1.MXF"},
+    };
+    for (const auto& [named, media] : cases) {
+        SCOPED_TRACE(named);
+        const IngestDialogDataRef session = NewSession();
+        GatherPathItems(*session, tree.Path(named));
+        const SelectedClipItem* item = OnlyClip(session);
+        ASSERT_NE(item, nullptr);
+        EXPECT_EQ(item->GetItemPath(), media);
+    }
+}
+
 TEST(GatherPathItemsTest, APlainFileTakesItsSidecarAndFullName) {
     TempTree tree;
     tree.MakeFile("media/A001.MOV");

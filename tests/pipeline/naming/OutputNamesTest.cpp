@@ -14,7 +14,6 @@
 #include "pipeline/naming/OutputNameBuilder.h"
 #include "pipeline/naming/OutputNames.h"
 #include "pipeline/naming/RenameSampleText.h"
-#include "settings/IngestSettingsController.h"
 
 namespace igd::test {
 namespace {
@@ -42,10 +41,8 @@ protected:
             savedZone_ = zone;
         setenv("TZ", "UTC", 1);
         tzset();
-        SetStartNumber(1);
     }
     ~OutputNamesTest() override {
-        SetStartNumber(1);
         if (savedZone_)
             setenv("TZ", savedZone_->c_str(), 1);
         else
@@ -53,9 +50,7 @@ protected:
         tzset();
     }
 
-    static void SetStartNumber(std::uint32_t number) {
-        IGD::IngestSettingsController::GetInstance()->SetUserDefAutoIncStartNumber(number);
-    }
+    void SetStartNumber(std::uint32_t number) { startNumber_ = number; }
 
     static Strings OutputNames(const IGD::IIngestDialogData& session) {
         Strings names;
@@ -68,12 +63,13 @@ protected:
                                           std::initializer_list<std::string_view> clips) {
         auto session = SessionWithClips(clips);
         session->SetRenamePreset(Template(fields));
-        IGD::GenerateOutputNames(*session, kIngestDate);
+        IGD::GenerateOutputNames(*session, kIngestDate, startNumber_);
         return session;
     }
 
 private:
     std::optional<std::string> savedZone_;
+    std::uint32_t startNumber_ = 1;
 };
 
 TEST(FormatCounterValue, PadsWithTheMasksLeadingCharactersAndNeverCuts) {
@@ -100,6 +96,8 @@ TEST_F(OutputNamesTest, CountersStepOnceForEachItemInOrder) {
          {Field(kQLFieldAutoIncrement, u"000"), Field(kQLFieldCustomText, u"_"), Field(QL::kQLFieldFileName)},
          {"001_a", "002_b", "003_c.clip"}},
         {"custom counter", 100, {Field(kQLFieldUserDefinedAutoIncrement, u"0000")}, {"0100", "0101", "0102"}},
+        {"an unset start number counts as 1", 0, {Field(kQLFieldUserDefinedAutoIncrement, u"0000")},
+         {"0001", "0002", "0003"}},
         {"both kinds, one named twice",
          100,
          {Field(kQLFieldAutoIncrement, u"00"), Field(kQLFieldCustomText, u"-"),
@@ -140,17 +138,17 @@ TEST_F(OutputNamesTest, BaseNameIsTheClipNameOnlyWhenItDiffersFromTheFileName) {
     static_cast<IGD::SelectedClipItem&>(*items[1]).SetClipName(u"Interview Take 2");
     tree.MakeFolder("src/CARD_01");
     AddFolder(*session, "CARD_01/", {});
-    IGD::GenerateOutputNames(*session, kIngestDate);
+    IGD::GenerateOutputNames(*session, kIngestDate, 1);
     EXPECT_EQ(OutputNames(*session), (Strings{"A001", "Interview Take 2", "CARD_01"}));
 }
 
 TEST_F(OutputNamesTest, SessionWithoutTemplateKeepsItsNames) {
     auto session = SessionWithClips({"a.mov"});
     session->GetSelectedItems().front()->SetOutputName(u"kept");
-    IGD::GenerateOutputNames(*session, kIngestDate);
+    IGD::GenerateOutputNames(*session, kIngestDate, 1);
     EXPECT_EQ(OutputNames(*session), (Strings{"kept"}));
     session->SetRenamePreset(Template({}));
-    IGD::GenerateOutputNames(*session, kIngestDate);
+    IGD::GenerateOutputNames(*session, kIngestDate, 1);
     EXPECT_EQ(OutputNames(*session), (Strings{"kept"}));
 }
 
@@ -163,7 +161,7 @@ TEST_F(OutputNamesTest, EachStitchingDestinationCountsOnItsOwn) {
     auto second = Transcode(*AddDestination(*session, "two", false), true);
     auto plain = Transcode(*AddDestination(*session, "three", false), false);
     second->concatenateName = u"Day 2";
-    IGD::GenerateOutputNames(*session, kIngestDate);
+    IGD::GenerateOutputNames(*session, kIngestDate, 1);
     EXPECT_EQ(first->concatenateName, u"Stitched  _01") << "trailing blanks are trimmed";
     EXPECT_EQ(second->concatenateName, u"Day 2  _01");
     EXPECT_EQ(plain->concatenateName, u"Stitched") << "a transcode that does not stitch keeps its name";

@@ -3,6 +3,7 @@
 #include "Fnd/NullInterfaceException.h"
 #include "Fnd/PathUtils.h"
 #include "PresetTestSupport.h"
+#include "QL/PresetNames.h"
 #include "QL/PresetObject.h"
 #include "support/CountedUnknown.h"
 
@@ -92,18 +93,25 @@ TEST_F(PresetSave, SavingUnderANewNameWithOverwriteMovesTheFileAndNeverReplacesA
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(UserFile("day.igdrename")), false));
 }
 
-TEST_F(PresetSave, NamesThatCannotNameAFileAreRefusedAndNothingIsWritten) {
+// The dialog's name check asks the same rule before a save, so a name it lets through always
+// saves, and one it refuses is refused here too, with nothing written.
+TEST_F(PresetSave, TheNameRuleIsTheServicesRule) {
     auto manager = Manager();
-    for (const char16_t* name : {u"a/b", u"a:b", u"back\\slash", u"", u".hidden", u"tab\there"}) {
+    const std::vector<std::pair<Fnd::WString, bool>> names{
+        {u"Day 1.v2", true},   {Fnd::WString(240, u'n'), true}, {u"a/b", false},
+        {u"a:b", false},       {u"back\\slash", false},         {u"a*b", false},
+        {u"a|b", false},       {u"", false},                     {u".hidden", false},
+        {u"tab\there", false}, {Fnd::WString(250, u'n'), false},
+    };
+    for (const auto& [name, usable] : names) {
+        SCOPED_TRACE(Fnd::ToUTF8(name));
+        EXPECT_EQ(QL::IsUsablePresetName(name, QL::kQLPresetCategoryRename), usable);
         auto preset = manager->CreatePreset();
         preset->SetFields({Field(kQLFieldCustomText, u"x")});
-        EXPECT_EQ(manager->SavePreset(preset, name, u"", false, name), kPresetInvalidName)
-            << Fnd::ToUTF8(name);
-        EXPECT_EQ(preset->GetPath(), u"");
+        const QL::QLPresetStatus status = manager->SavePreset(preset, name, u"", false, name);
+        EXPECT_EQ(status != kPresetInvalidName, usable);
+        EXPECT_EQ(preset->GetPath().empty(), !usable);
     }
-    const Fnd::WString tooLong(250, u'n');
-    EXPECT_EQ(manager->SavePreset(manager->CreatePreset(), tooLong, u"", false, tooLong), kPresetInvalidName);
-    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(tree.Path("home/presets/rename"), false));
 }
 
 TEST_F(PresetSave, ContentAFileCannotKeepIsRefused) {

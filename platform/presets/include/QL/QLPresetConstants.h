@@ -17,8 +17,7 @@ inline constexpr QLPresetStatus kPresetNoManager = static_cast<QLPresetStatus>(0
 // SavePreset without overwrite found a user preset file of that name (ignoring the case of A to
 // Z, so that "Day" and "day" never stand side by side in the popup).
 inline constexpr QLPresetStatus kPresetNameExists = static_cast<QLPresetStatus>(0xA06401C2u);
-// The name cannot name a file: empty, starting with ".", too long, or holding "/", ":", "\" or a
-// control character.
+// The name fails QL::IsUsablePresetName (QL/PresetNames.h).
 inline constexpr QLPresetStatus kPresetInvalidName = static_cast<QLPresetStatus>(0xA06401C3u);
 // A system preset, or a preset that lives outside this manager's user folder: never written.
 inline constexpr QLPresetStatus kPresetReadOnly = static_cast<QLPresetStatus>(0xA06401C4u);

@@ -16,7 +16,7 @@
 
 #include "Fnd/AtomicFile.h"
 #include "Fnd/IgdHome.h"
-#include "PresetNames.h"
+#include "QL/PresetNames.h"
 #include "QL/PresetFileReader.h"
 #include "QL/PresetFileTypes.h"
 #include "QL/PresetFileWriter.h"

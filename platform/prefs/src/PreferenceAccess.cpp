@@ -1,10 +1,10 @@
-#include "settings/PreferenceAccess.h"
+#include "Proj/PreferenceAccess.h"
 
 #include "Fnd/StationUtils.h"
 #include "Proj/Backend.h"
 #include "Proj/PreferenceMessages.h"
 
-namespace IGD {
+namespace Proj {
 
 Fnd::InterfaceRef<Proj::IPreferences> GetPreferences() {
     return Fnd::InterfaceRef<Proj::IPreferences>::Query(Proj::GetBackend());
@@ -33,4 +33,4 @@ void WritePreference(Proj::IPreferences& preferences, const Proj::PreferenceKey&
         preferences.SetValue(key, Proj::SerializeableValue<std::string>(Fnd::ToUTF8(value)), persistent);
 }
 
-} // namespace IGD
+} // namespace Proj

@@ -6,9 +6,11 @@
 
 namespace QL {
 
-// A name that can become the name of a user preset file: not empty, no "/", ":" or "\", no
-// control character, not starting with "." (hidden files surprise users), and short enough
-// for the filesystem once the extension is added.
+// A name that can become the name of a user preset file: a valid file name
+// (Fnd::PathUtils::IsValidFileName: none of \ / : * ? " < > |), no control character, not
+// starting with "." (hidden files surprise users), and short enough for the filesystem once the
+// extension is added. The one rule for every name: the dialog's name check asks it before a save,
+// and the service refuses what it refuses, so a name the user was allowed to type always saves.
 bool IsUsablePresetName(const Fnd::WString& name, _QLPresetCategory category);
 // Why a name is not usable, in words for the user; empty for a usable name.
 std::string PresetNameProblem(const Fnd::WString& name, _QLPresetCategory category);

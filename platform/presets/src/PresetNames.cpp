@@ -1,7 +1,8 @@
-#include "PresetNames.h"
+#include "QL/PresetNames.h"
 
 #include <algorithm>
 
+#include "Fnd/PathUtils.h"
 #include "QL/PresetFileTypes.h"
 
 namespace QL {
@@ -24,9 +25,13 @@ std::string PresetNameProblem(const Fnd::WString& name, _QLPresetCategory catego
     for (char16_t unit : name) {
         if (unit < 0x20 || unit == 0x7F)
             return "it holds a control character";
-        if (unit == u'/' || unit == u':' || unit == u'\\')
+        // The characters no file name may hold are the file name rule's, so that a preset name
+        // and any other file name the user types are judged alike.
+        if (Fnd::WString one(1, unit); Fnd::PathUtils::RemoveIllegalFileNameCharacters(one))
             return std::string("it holds \"") + static_cast<char>(unit) + "\"";
     }
+    if (!Fnd::PathUtils::IsValidFileName(name))
+        return "it cannot name a file";
     if (Fnd::ToUTF8(PresetFileName(name, category)).size() > kMaxFileNameBytes)
         return "it is too long for a file name";
     return {};

@@ -7,9 +7,8 @@
 #include "Fnd/InterfaceRef.h"
 #include "Fnd/WString.h"
 #include "Proj/IPreferences.h"
-#include "settings/SettingKeys.h"
 
-namespace IGD {
+namespace Proj {
 
 // The preferences of the installed back end; null when there is none, and using the null
 // reference raises Fnd::NullInterfaceException.
@@ -40,14 +39,4 @@ void WritePreference(Proj::IPreferences& preferences, const Proj::PreferenceKey&
 void WritePreference(Proj::IPreferences& preferences, const Proj::PreferenceKey& key,
                      const Fnd::WString& value, bool persistent = true);
 
-// The same with a key of the tables.
-template <class T, class V>
-void ReadPreference(Proj::IPreferences& preferences, const PreferenceKeyDef<T>& key, V& value) {
-    ReadPreference(preferences, Proj::PreferenceKey(key.name), value);
-}
-template <class T, class V>
-void WritePreference(Proj::IPreferences& preferences, const PreferenceKeyDef<T>& key, const V& value) {
-    WritePreference(preferences, Proj::PreferenceKey(key.name), value);
-}
-
-} // namespace IGD
+} // namespace Proj
