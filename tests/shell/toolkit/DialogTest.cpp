@@ -9,6 +9,7 @@
 #include "support/ScriptedInteractionDriver.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
+namespace igd::test {
 namespace {
 
 using fluxui::controls::UI_ControlMessage;
@@ -16,7 +17,6 @@ using fluxui::controls::UI_TextButton;
 using fluxui::ui::Key;
 using fluxui::ui::OS_Window;
 using fluxui::ui::UI_Dialog;
-using igd::test::Make;
 
 // A dialog with OK (default) and Cancel buttons, as the views build them.
 struct OkCancelDialog {
@@ -47,7 +47,7 @@ UI_Dialog& DialogOf(Fnd::IModalSession& session) {
 }
 
 TEST(ModalRun, RunsThroughTheDriverAndAnswersTheResponse) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     OkCancelDialog d;
     std::vector<int> closed;
     d.dialog->SetPostCloseCallback([&](int response) { closed.push_back(response); });
@@ -63,7 +63,7 @@ TEST(ModalRun, RunsThroughTheDriverAndAnswersTheResponse) {
 }
 
 TEST(ModalRun, EscapeAndTheCloseBoxPressCancelAndReturnPressesTheDefault) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     OkCancelDialog d;
     int cancels = 0;
     d.cancel->NotifyWhenChangedInteractively([&](const UI_ControlMessage&) { ++cancels; });
@@ -81,7 +81,7 @@ TEST(ModalRun, EscapeAndTheCloseBoxPressCancelAndReturnPressesTheDefault) {
 }
 
 TEST(ModalRun, AClosePostedFromQueuedWorkEndsTheRun) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     OkCancelDialog d;
     ui->QueueModalAction([&](Fnd::IModalSession& session) {
         Fnd::GetRunLoop().Post(
@@ -102,7 +102,7 @@ TEST(ModalRun, WithoutADriverEveryDialogIsCancelled) {
 }
 
 TEST(ModalRun, ADialogCannotRunInsideItsOwnRun) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     OkCancelDialog d;
     ui->QueueModalAction([&](Fnd::IModalSession&) {
         EXPECT_THROW(d.dialog->RunModal(), std::logic_error);
@@ -125,7 +125,7 @@ TEST(DialogPlacement, CentresOverItsParentAndKeepsItsMinimumSize) {
 }
 
 TEST(SimpleInputBox, AnswersWhatThePersonTypedOnlyOnOK) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     Fnd::WString name = u"Preset 1";
     ui->QueueModalAction([](Fnd::IModalSession& session) {
         auto& box = dynamic_cast<fluxui::dialogs::SimpleInputBox&>(DialogOf(session));
@@ -150,7 +150,7 @@ TEST(SimpleInputBox, AnswersWhatThePersonTypedOnlyOnOK) {
 }
 
 TEST(FolderChooser, AsksTheDriverWithItsTitleAndStartingFolder) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     fluxui::dialogs::OS_FolderChooserDialog chooser;
     chooser.SetWindowTitle(u"Choose Destination");
     chooser.SetDefaultDirectory(u"/media/card");
@@ -166,7 +166,7 @@ TEST(FolderChooser, AsksTheDriverWithItsTitleAndStartingFolder) {
 }
 
 TEST(Messagebox, AnswersTheIndexOfTheLabelledButton) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     namespace mb = fluxui::dialogs::messagebox;
     ui->QueueBoxAnswer(2);
     EXPECT_EQ(mb::Messagebox(nullptr, u"Rough cut", u"Create a rough cut?", nullptr,
@@ -184,3 +184,4 @@ TEST(Messagebox, AnswersTheIndexOfTheLabelledButton) {
 }
 
 } // namespace
+} // namespace igd::test
