@@ -10,7 +10,6 @@
 namespace igd::test {
 namespace {
 
-
 TEST(AskFolderChooser, AnswersTheChosenFolderNormalisedAndCancelKeepsThePath) {
     ScopedInteractionDriver ui;
     ui->QueueFolderAnswer(u"/media/card/./CLIPS/../CLIPS/");

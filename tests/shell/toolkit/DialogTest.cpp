@@ -3,7 +3,6 @@
 #include "Fnd/RunLoop.h"
 #include "fluxui/Messagebox.h"
 #include "fluxui/controls/UI_TextButton.h"
-#include "fluxui/dialogs/OS_FolderChooserDialog.h"
 #include "fluxui/dialogs/SimpleInputBox.h"
 #include "fluxui/ui/UI_Dialog.h"
 #include "support/ScriptedInteractionDriver.h"
@@ -147,22 +146,6 @@ TEST(SimpleInputBox, AnswersWhatThePersonTypedOnlyOnOK) {
     });
     EXPECT_FALSE(fluxui::dialogs::SimpleInputBox::Ask(u"Save Preset As", u"Name:", name));
     EXPECT_EQ(name, u"Dailies");
-}
-
-TEST(FolderChooser, AsksTheDriverWithItsTitleAndStartingFolder) {
-    ScopedInteractionDriver ui;
-    fluxui::dialogs::OS_FolderChooserDialog chooser;
-    chooser.SetWindowTitle(u"Choose Destination");
-    chooser.SetDefaultDirectory(u"/media/card");
-    ui->QueueFolderCancel();
-    EXPECT_FALSE(chooser.RunModal());
-    EXPECT_EQ(chooser.GetDirectory(), u"");
-    ui->QueueFolderAnswer(u"/srv/ingest");
-    EXPECT_TRUE(chooser.RunModal());
-    EXPECT_EQ(chooser.GetDirectory(), u"/srv/ingest");
-    ASSERT_EQ(ui->FolderQuestions().size(), 2u);
-    EXPECT_EQ(ui->FolderQuestions()[0].title, u"Choose Destination");
-    EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/media/card");
 }
 
 TEST(Messagebox, AnswersTheIndexOfTheLabelledButton) {
