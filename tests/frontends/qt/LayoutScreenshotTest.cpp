@@ -19,8 +19,7 @@ namespace {
 constexpr float kDialogWidth = 360.0f;
 
 igd::qt::PictureSource Pictures() {
-    IGD::IngestResources::Create(nullptr);
-    return igd::qt::PictureSource(IGD::IngestResources::GetResourceManager());
+    return igd::qt::PictureSource(IGD::IngestResourceManager());
 }
 
 // Controls shown in the tree whose widget leaves the root's rectangle.
