@@ -21,14 +21,10 @@
 #include "tests/filedialogs/ScriptedFileDialog.h"
 #include "tests/settings/RecordingPreferences.h"
 
+namespace igd::test {
 namespace {
 
 using namespace std::string_literals;
-using IGD::test::RecordingPreferences;
-using igd::test::ScopedFileDialogFactory;
-using igd::test::ScopedInteractionDriver;
-using igd::test::ScriptedFileDialog;
-using igd::test::TempTree;
 using Paths = std::vector<Fnd::WString>;
 
 const std::string kLastUsedKey(Proj::kLastUsedDirectoryKey);
@@ -247,3 +243,4 @@ TEST_F(AskOpenFileWindows, TheCallersWindowIsTheParentAndAHostOfKind8KeepsItsWin
 }
 
 } // namespace
+} // namespace igd::test

@@ -17,13 +17,10 @@
 #include "support/TempTree.h"
 #include "tests/filedialogs/ScriptedFileDialog.h"
 
+namespace igd::test {
 namespace {
 
 using namespace std::string_literals;
-using igd::test::MakeItemWithoutPath;
-using igd::test::ScopedInteractionDriver;
-using igd::test::ScriptedFileDialog;
-using igd::test::TempTree;
 
 constexpr int kYes = 0;
 constexpr int kNo = 1;
@@ -214,3 +211,4 @@ TEST(SaveDialogOptions, TheCustomBoxAnswersForTheWholeRun) {
 }
 
 } // namespace
+} // namespace igd::test

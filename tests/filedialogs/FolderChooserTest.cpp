@@ -7,9 +7,8 @@
 #include "IGD/FileDialogs.h"
 #include "support/ScriptedInteractionDriver.h"
 
+namespace igd::test {
 namespace {
-
-using igd::test::ScopedInteractionDriver;
 
 TEST(AskFolderChooser, AnswersTheChosenFolderNormalisedAndCancelKeepsThePath) {
     ScopedInteractionDriver ui;
@@ -44,3 +43,4 @@ TEST(BrowseForDestination, AsksWithItsCaptionAndCancelAnswersTheInitialPath) {
 }
 
 } // namespace
+} // namespace igd::test

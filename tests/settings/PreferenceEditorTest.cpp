@@ -3,7 +3,8 @@
 #include "IGD/PreferenceEditor.h"
 #include "tests/settings/RecordingPreferences.h"
 
-namespace IGD::test {
+namespace igd::test {
+using namespace IGD;
 namespace {
 
 TEST(FindPreferenceKey, KnowsTheLibrarysKeysInEveryFormTheyAreStored) {
@@ -101,4 +102,4 @@ TEST(PreferenceEditor, SetRefusesBadInputWithItsReasonAndWritesNothing) {
 }
 
 } // namespace
-} // namespace IGD::test
+} // namespace igd::test

@@ -4,7 +4,8 @@
 #include "settings/RecentPathList.h"
 #include "tests/settings/RecordingPreferences.h"
 
-namespace IGD::test {
+namespace igd::test {
+using namespace IGD;
 namespace {
 
 using Paths = std::vector<Fnd::WString>;
@@ -57,4 +58,4 @@ TEST(RecentPathList, ReadsAtMostFiveSkipsEmptyItemsAndNormalises) {
 }
 
 } // namespace
-} // namespace IGD::test
+} // namespace igd::test

@@ -13,7 +13,8 @@
 #include "Proj/PreferenceBatch.h"
 #include "support/CountedUnknown.h"
 
-namespace IGD::test {
+namespace igd::test {
+using namespace IGD;
 
 // The full key of a controller key given without its common prefix.
 inline std::string K(std::string_view shortKey) {
@@ -33,7 +34,7 @@ inline std::vector<std::string> Ks(std::string_view shortKeys) {
     return keys;
 }
 
-class RecordingPreferences final : public igd::test::CountedUnknown<Proj::IPreferences>,
+class RecordingPreferences final : public CountedUnknown<Proj::IPreferences>,
                                    public Proj::IPreferenceBatch {
 public:
     enum class Op { kRefresh, kGet, kSet, kIsReadOnly, kBeginBatch, kCommitBatch, kDropBatch };
@@ -94,4 +95,4 @@ public:
     void EndBatch(bool commit) override { calls.push_back({commit ? Op::kCommitBatch : Op::kDropBatch, {}}); }
 };
 
-} // namespace IGD::test
+} // namespace igd::test

@@ -13,7 +13,8 @@
 #include "settings/IngestSettingsController.h"
 #include "tests/settings/RecordingPreferences.h"
 
-namespace IGD::test {
+namespace igd::test {
+using namespace IGD;
 
 using Keys = std::vector<std::string>;
 
@@ -60,7 +61,7 @@ inline std::string BackupList(int index, std::string_view part) {
 }
 
 // A preset known by its name and path.
-class NamedPreset final : public igd::test::CountedUnknown<QL::IQLPreset> {
+class NamedPreset final : public CountedUnknown<QL::IQLPreset> {
 public:
     static PresetRef Make(Fnd::WString name, Fnd::WString path) {
         auto* preset = new NamedPreset();
@@ -81,4 +82,4 @@ private:
     Fnd::WString name_, path_;
 };
 
-} // namespace IGD::test
+} // namespace igd::test

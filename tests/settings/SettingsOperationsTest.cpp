@@ -4,7 +4,8 @@
 #include "IGD/IngestDialogApi.h"
 #include "tests/settings/SettingsFixture.h"
 
-namespace IGD::test {
+namespace igd::test {
+using namespace IGD;
 namespace {
 
 using SettingsOperations = SettingsFixture;
@@ -108,4 +109,4 @@ TEST(IngestSettingsControllerInstance, IsMadeOnceForAllThreadsAndOutlivesTermina
 }
 
 } // namespace
-} // namespace IGD::test
+} // namespace igd::test

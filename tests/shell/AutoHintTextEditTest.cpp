@@ -3,6 +3,7 @@
 #include "shell/AutoHintTextEdit.h"
 #include "fluxui/ui/UI_SubView.h"
 
+namespace igd::test {
 namespace {
 
 using IGD::AutoHintTextEdit;
@@ -87,3 +88,4 @@ TEST(AutoHintTextEdit, ClearingTheTextByTypingBringsTheHintBackOnLeaving) {
 }
 
 } // namespace
+} // namespace igd::test

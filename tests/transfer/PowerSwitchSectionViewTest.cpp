@@ -6,10 +6,10 @@
 #include "transfer/PowerSwitchSectionView.h"
 #include "transfer/SectionTree.h"
 
+namespace igd::test {
 namespace {
 
 using fluxui::controls::UI_PictureButton;
-using igd::test::Make;
 using wrangler::ui::PowerSwitchSectionView;
 
 // Which button shows: "off" (the power is on), "on" (the power is off), or "none".
@@ -30,7 +30,7 @@ protected:
         return section;
     }
 
-    igd::test::TestResources resources;
+    TestResources resources;
 };
 
 TEST_F(PowerSwitch, TheProgramSetsThePowerWithoutTellingTheCallbacks) {
@@ -119,3 +119,4 @@ TEST_F(PowerSwitch, BindingPutsTheButtonsInTheHeaderWithThePowerOn) {
 }
 
 } // namespace
+} // namespace igd::test

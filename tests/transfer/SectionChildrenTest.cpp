@@ -4,12 +4,10 @@
 #include "tests/transfer/SectionTestSupport.h"
 #include "transfer/SectionTree.h"
 
+namespace igd::test {
 namespace {
 
 using fluxcore::geom::RectF;
-using igd::test::Make;
-using igd::test::RecordingSection;
-using igd::test::TestResources;
 using wrangler::ui::SectionViewEx;
 using wrangler::ui::SectionViewExRef;
 
@@ -31,7 +29,7 @@ class SectionChildren : public ::testing::Test {
 protected:
     SectionChildren() {
         resources.AddLayout("igdTestRow", 180, 20,
-                            {{igd::test::LayoutControlKind::Checkbox, "Box", {5, 0, 50, 20}}});
+                            {{LayoutControlKind::Checkbox, "Box", {5, 0, 50, 20}}});
         parent = Make<RecordingSection>("P", journal, u"", "igdTestRow");
         for (const char16_t* title : {u"A", u"B", u"C"}) {
             SectionViewExRef child = Make<SectionViewEx>(title, "igdTestRow");
@@ -78,20 +76,6 @@ TEST_F(SectionChildren, RemovingRestacksUnlessAskedNotTo) {
     EXPECT_FALSE(parent->RemoveChildSection(Child(1)));
     EXPECT_TRUE(journal.empty());
     EXPECT_EQ(Order(*parent), "A");
-}
-
-TEST_F(SectionChildren, RemovingAllTakesOneLayoutPass) {
-    journal.clear();
-    parent->RemoveAllChildSections();
-    EXPECT_EQ(Order(*parent), "");
-    EXPECT_EQ(journal, (std::vector<std::string>{"P.Update"}));
-    EXPECT_EQ(parent->UI_GetLocalRectF().height, 20.0f);
-
-    journal.clear();
-    parent->RemoveAllChildSections();
-    EXPECT_EQ(journal, (std::vector<std::string>{"P.Update"}));
-    EXPECT_FALSE(parent->IsFirstChildSection(nullptr));
-    EXPECT_FALSE(parent->IsLastChildSection(nullptr));
 }
 
 TEST_F(SectionChildren, MovesSwapNeighboursAndRefuseAtTheEnds) {
@@ -153,18 +137,6 @@ TEST_F(SectionChildren, FindingByLayoutNameLooksOneLevelDownWhenAsked) {
     EXPECT_EQ(parent->FindChildSection("IGDTESTROW", true), nullptr);
 }
 
-TEST_F(SectionChildren, TheParentSectionIsFoundThroughPlainNodes) {
-    EXPECT_EQ(Child(0)->GetParentSection(), parent.get());
-    EXPECT_EQ(parent->GetParentSection(), nullptr);
-    auto holder = Make<fluxui::ui::UI_SubView>();
-    auto inner = Make<fluxui::ui::UI_SubView>();
-    SectionViewExRef nested = Make<SectionViewEx>(u"N", "");
-    holder->ChildPushBack(inner);
-    inner->ChildPushBack(nested);
-    Child(0)->GetContentView().ChildPushBack(holder);
-    EXPECT_EQ(nested->GetParentSection(), Child(0));
-}
-
 TEST_F(SectionChildren, EnablingReachesTheContentAndTheChildren) {
     EXPECT_TRUE(parent->IsContentEnabled());
     parent->SetContentEnabled(false);
@@ -190,3 +162,4 @@ TEST_F(SectionChildren, EnablingReachesTheContentAndTheChildren) {
 }
 
 } // namespace
+} // namespace igd::test

@@ -1,18 +1,14 @@
 // How a section measures itself and stacks its children.
 #include <gtest/gtest.h>
 
-#include "AppFrame/ColorManager.h"
 #include "tests/transfer/SectionTestSupport.h"
 #include "transfer/SectionTree.h"
 
+namespace igd::test {
 namespace {
 
 using fluxcore::geom::PointF;
 using fluxcore::geom::RectF;
-using fluxui::controls::SectionDrawPolicy;
-using igd::test::Make;
-using igd::test::RecordingSketcher;
-using igd::test::TestResources;
 using wrangler::ui::SectionViewEx;
 using wrangler::ui::SectionViewExRef;
 
@@ -23,7 +19,6 @@ protected:
     SectionMeasure() {
         resources.AddLayout("igdTestParent", 200, 30);
         resources.AddLayout("igdTestChild", 180, 20);
-        resources.AddLayout("igdTestNarrow", 100, 20);
         resources.AddLayout("igdTestTall", 160, 40);
     }
     SectionViewExRef Built(const Fnd::WString& title, const std::string& layout) {
@@ -54,21 +49,6 @@ TEST_F(SectionMeasure, AnUntitledSectionIsAPlainBlockThatCannotFold) {
     EXPECT_EQ(titled->GetContentSize(), (PointF{180, 25}));
     titled->ToggleByUser();
     EXPECT_FALSE(titled->GetOpened());
-}
-
-TEST_F(SectionMeasure, ABuiltSectionTakesTheSizeOfItsLayoutAndAnEmptyOneMeasuresZero) {
-    SectionViewExRef section = Built(u"Verify", "igdTestChild");
-    ASSERT_NE(section->GetLayoutContentView(), nullptr);
-    EXPECT_EQ(section->GetContentSize(), (PointF{180, 20}));
-    EXPECT_EQ(section->GetLayoutContentView()->UI_GetParentNode(), &section->GetContentView());
-    EXPECT_EQ(section->GetContentView().UI_GetLocalRectF().height, 20.0f);
-
-    SectionViewExRef empty = Built(u"", "");
-    empty->UpdateSectionLayout();
-    EXPECT_EQ(empty->GetContentSize(), (PointF{0, 0}));
-    EXPECT_EQ(Placed(empty), (RectF{0, 0, 0, 0}));
-    EXPECT_EQ(empty->GetSectionSize(), (PointF{0, 0}));
-    EXPECT_EQ(empty->GetLayoutContentView(), nullptr);
 }
 
 TEST_F(SectionMeasure, ChildrenStackBelowTheContentWithSpacingBetween) {
@@ -104,21 +84,6 @@ TEST_F(SectionMeasure, ChildrenStackBelowTheContentWithSpacingBetween) {
     EXPECT_EQ(Placed(parent).height, 30 + 4 + kHeader + 4 + 44);
 }
 
-TEST_F(SectionMeasure, AClosedChildMeasuresItsPresentWidth) {
-    SectionViewExRef parent = Make<SectionViewEx>(u"", "");
-    SectionViewExRef wide = Built(u"Wide", "igdTestChild");
-    SectionViewExRef narrow = Built(u"Narrow", "igdTestNarrow");
-    parent->InsertChildSection(wide);
-    parent->InsertChildSection(narrow);
-    wide->UI_SetLocalRectF({0, 0, 300, 44});
-
-    wide->SetOpened(false);
-    EXPECT_EQ(wide->GetSectionSize(), (PointF{300, kHeader}));
-    EXPECT_EQ(parent->GetContentSize(), (PointF{300, kHeader + 44}));
-    wide->SetOpened(true);
-    EXPECT_EQ(wide->GetSectionSize(), (PointF{182, 44}));
-}
-
 TEST_F(SectionMeasure, FoldingAChildResizesEveryAncestor) {
     SectionViewExRef root = Make<SectionViewEx>(u"", "");
     SectionViewExRef middle = Make<SectionViewEx>(u"Middle", "igdTestChild");
@@ -147,46 +112,5 @@ TEST_F(SectionMeasure, FoldingAChildResizesEveryAncestor) {
     EXPECT_EQ(Placed(root).height, openHeight);
 }
 
-TEST_F(SectionMeasure, OnlyBorderlessDrawPoliciesDropTheBorderRoom) {
-    SectionViewExRef section = Built(u"Verify", "igdTestChild");
-    struct Case {
-        SectionDrawPolicy policy;
-        PointF size;
-    };
-    const Case cases[] = {
-        {SectionDrawPolicy::HeaderAndBorder, {182, 20 + kHeader}},
-        {SectionDrawPolicy::HeaderOnly, {180, 20 + kHeader - 1}},
-        {SectionDrawPolicy::Nothing, {180, 20 + kHeader - 1}},
-        {static_cast<SectionDrawPolicy>(2), {182, 20 + kHeader}},
-        {static_cast<SectionDrawPolicy>(1 | 8), {180, 20 + kHeader - 1}},
-    };
-    for (const Case& c : cases) {
-        section->SetDrawPolicy(c.policy);
-        EXPECT_EQ(section->GetSectionSize(), c.size) << "policy " << static_cast<unsigned>(c.policy);
-    }
-    section->SetDrawPolicy(SectionDrawPolicy::HeaderOnly);
-    section->UpdateSectionLayout();
-    EXPECT_EQ(Placed(section).height, 20 + 5 + kHeader - 1);
-}
-
-TEST_F(SectionMeasure, TitledSectionsDrawTheirOutlineInTheSectionColour) {
-    const auto outlineColor = fluxui::ui::GetColor(4000054);
-    auto window = Make<fluxui::ui::UI_SubView>();
-    SectionViewExRef titled = Built(u"Verify", "igdTestChild");
-    SectionViewExRef untitled = Built(u"", "igdTestChild");
-    window->ChildPushBack(titled);
-    window->ChildPushBack(untitled);
-    titled->UI_SetLocalRectF({10, 20, 180, 44});
-    untitled->UI_SetLocalRectF({10, 70, 180, 20});
-
-    RecordingSketcher sketcher;
-    window->UI_Draw(sketcher);
-    EXPECT_EQ(sketcher.OutlinesIn(outlineColor), (std::vector<RectF>{{10, 20, 180, 44}}));
-
-    titled->SetScrollBarShown(true);
-    sketcher.outlines.clear();
-    window->UI_Draw(sketcher);
-    EXPECT_EQ(sketcher.OutlinesIn(outlineColor), (std::vector<RectF>{{10, 20, 181, 44}}));
-}
-
 } // namespace
+} // namespace igd::test

@@ -8,14 +8,11 @@
 #include "tests/transfer/SectionTestSupport.h"
 #include "transfer/SectionTree.h"
 
+namespace igd::test {
 namespace {
 
 using fluxui::controls::UI_Checkbox;
 using fluxui::controls::UI_StaticText;
-using igd::test::LayoutControlKind;
-using igd::test::Make;
-using igd::test::RecordingSection;
-using igd::test::TestResources;
 using wrangler::ui::SectionViewEx;
 using wrangler::ui::SectionViewExRef;
 using Journal = std::vector<std::string>;
@@ -246,3 +243,4 @@ TEST(SectionTree, ATreeInAScrollViewFoldsAndTheRangeFollows) {
 }
 
 } // namespace
+} // namespace igd::test

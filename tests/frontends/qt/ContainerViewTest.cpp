@@ -11,6 +11,7 @@
 #include "fluxui/controls/UI_SectionView.h"
 #include "fluxui/controls/UI_SplitterView.h"
 
+namespace igd::test {
 namespace {
 
 using namespace fluxui::controls;
@@ -19,7 +20,7 @@ using igd::qt::NodePresenter;
 
 class ContainerViewTest : public ::testing::Test {
 protected:
-    void SetUp() override { igd::test::EnsureQtApplication(); }
+    void SetUp() override { EnsureQtApplication(); }
 };
 
 TEST_F(ContainerViewTest, AClickOnTheHeaderFoldsTheSection) {
@@ -30,7 +31,7 @@ TEST_F(ContainerViewTest, AClickOnTheHeaderFoldsTheSection) {
     std::vector<bool> heard;
     section->AddOpenedStateChangedCallback([&heard](bool opened) { heard.push_back(opened); });
     NodePresenter presenter(section);
-    igd::test::ShowActive(*presenter.RootWidget());
+    ShowActive(*presenter.RootWidget());
     QWidget* widget = presenter.WidgetFor(*section);
     QWidget* content = presenter.WidgetFor(section->GetContentView());
     ASSERT_TRUE(content->isVisible());
@@ -58,7 +59,7 @@ TEST_F(ContainerViewTest, DraggingTheDividerSplitsAsTheModelAllows) {
     splitter->UI_SetLocalRectF({0, 0, 406, 100});
     splitter->SetSplitValidationFunction([](float wanted) { return std::max(wanted, 25.0f); });
     NodePresenter presenter(splitter);
-    igd::test::ShowActive(*presenter.RootWidget());
+    ShowActive(*presenter.RootWidget());
     QWidget* widget = presenter.WidgetFor(*splitter);
     ASSERT_EQ(presenter.WidgetFor(*left)->width(), 200);
 
@@ -87,7 +88,7 @@ TEST_F(ContainerViewTest, WheelAndBarScrollTheContent) {
     scroll->UI_SetLocalRectF({0, 0, 200, 100});
     scroll->SetContentRectF({0, 0, 186, 400});
     NodePresenter presenter(scroll);
-    igd::test::ShowActive(*presenter.RootWidget());
+    ShowActive(*presenter.RootWidget());
     auto* bar = dynamic_cast<QScrollBar*>(presenter.WidgetFor(scroll->GetScrollBarY()));
     ASSERT_NE(bar, nullptr);
     EXPECT_TRUE(bar->isVisible());
@@ -112,3 +113,4 @@ TEST_F(ContainerViewTest, WheelAndBarScrollTheContent) {
 }
 
 } // namespace
+} // namespace igd::test

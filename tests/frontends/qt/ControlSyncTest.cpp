@@ -25,18 +25,18 @@
 #include "fluxui/utility/ResourceManager.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
+namespace igd::test {
 namespace {
 
 using namespace fluxui::controls;
 using fluxui::ui::UI_NodeRef;
 using fluxui::ui::UI_SubView;
 using igd::qt::NodePresenter;
-using igd::test::Notifications;
 
 class ControlSyncTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        igd::test::EnsureQtApplication();
+        EnsureQtApplication();
         root_ = new UI_SubView;
         root_->UI_SetLocalRectF({0, 0, 300, 200});
     }
@@ -56,7 +56,7 @@ protected:
     }
     void Present(igd::qt::PictureSource pictures = {}) {
         presenter_ = std::make_unique<NodePresenter>(root_, nullptr, pictures);
-        igd::test::ShowActive(*presenter_->RootWidget());
+        ShowActive(*presenter_->RootWidget());
     }
 
     boost::intrusive_ptr<UI_SubView> root_;
@@ -269,3 +269,4 @@ TEST_F(ControlSyncTest, PictureButtonDrawsTheSuppliedPictureElseAGlyph) {
 }
 
 } // namespace
+} // namespace igd::test

@@ -13,13 +13,13 @@
 #include "fluxui/controls/UI_ScrollView.h"
 #include "fluxui/controls/UI_SectionView.h"
 
+namespace igd::test {
 namespace {
 
 constexpr float kDialogWidth = 360.0f;
 
 igd::qt::PictureSource Pictures() {
-    IGD::IngestResources::Create(nullptr);
-    return igd::qt::PictureSource(IGD::IngestResources::GetResourceManager());
+    return igd::qt::PictureSource(IGD::IngestResourceManager());
 }
 
 // Controls shown in the tree whose widget leaves the root's rectangle.
@@ -48,7 +48,7 @@ bool HasInk(const QImage& image) {
 }
 
 TEST(LayoutScreenshotTest, EveryLayoutRendersWithNothingClipped) {
-    igd::test::EnsureQtApplication();
+    EnsureQtApplication();
     const std::vector<std::string> names = IGD::LayoutNames();
     ASSERT_GE(names.size(), 32u);
     const QDir directory(QStringLiteral(IGD_SCREENSHOT_DIR));
@@ -75,7 +75,7 @@ TEST(LayoutScreenshotTest, EveryLayoutRendersWithNothingClipped) {
 }
 
 TEST(LayoutScreenshotTest, ASectionStackFoldsAndScrolls) {
-    igd::test::EnsureQtApplication();
+    EnsureQtApplication();
     const float inner = kDialogWidth - fluxui::controls::UI_ScrollView::kScrollBarSize;
     std::vector<IGD::LayoutPreview> layouts;
     for (const char* name : {"igdLocalTransferHeader", "igdPathSetting", "igdVerifySetting",
@@ -84,7 +84,7 @@ TEST(LayoutScreenshotTest, ASectionStackFoldsAndScrolls) {
     const fluxui::ui::UI_NodeRef root = IGD::BuildSectionStack(layouts, kDialogWidth, 200.0f);
     auto& scroll = dynamic_cast<fluxui::controls::UI_ScrollView&>(*root);
     igd::qt::NodePresenter presenter(root, nullptr, Pictures());
-    igd::test::ShowActive(*presenter.RootWidget());
+    ShowActive(*presenter.RootWidget());
     ASSERT_TRUE(scroll.GetScrollBarY().UI_IsShown()) << "five sections are taller than 200 units";
     const float tall = scroll.GetContentRectF().height;
 
@@ -109,3 +109,4 @@ TEST(LayoutScreenshotTest, ASectionStackFoldsAndScrolls) {
 }
 
 } // namespace
+} // namespace igd::test

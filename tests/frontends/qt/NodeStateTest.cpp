@@ -12,6 +12,7 @@
 #include "fluxui/controls/UI_Checkbox.h"
 #include "fluxui/controls/UI_TextEdit.h"
 
+namespace igd::test {
 namespace {
 
 using fluxui::controls::UI_Checkbox;
@@ -22,7 +23,7 @@ using igd::qt::NodePresenter;
 class NodeStateTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        igd::test::EnsureQtApplication();
+        EnsureQtApplication();
         root_ = new UI_SubView;
         root_->UI_SetLocalRectF({0, 0, 300, 120});
         group_ = new UI_SubView;
@@ -119,9 +120,10 @@ TEST_F(NodeStateTest, ModelFocusMovesTheWidgetFocus) {
     boost::intrusive_ptr<UI_TextEdit> edit(new UI_TextEdit);
     edit->UI_SetLocalRectF({5, 30, 200, 22});
     group_->ChildPushBack(edit);
-    igd::test::ShowActive(*presenter_->RootWidget());
+    ShowActive(*presenter_->RootWidget());
     ASSERT_TRUE(edit->UI_GainKeyboardFocus());
     EXPECT_TRUE(W(*edit)->hasFocus());
 }
 
 } // namespace
+} // namespace igd::test

@@ -20,12 +20,13 @@
 #include "fluxui/Messagebox.h"
 #include "fluxui/dialogs/SimpleInputBox.h"
 
+namespace igd::test {
 namespace {
 
 class QtDriverTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        igd::test::EnsureQtApplication();
+        EnsureQtApplication();
         Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>());
     }
     void TearDown() override { Fnd::SetInteractionDriver(nullptr); }
@@ -139,7 +140,7 @@ TEST_F(QtDriverTest, ClosingTheWindowGoesThroughTheToolkitsCancel) {
 }
 
 TEST(QtRunLoopTest, PostedWorkRunsOnQtsLoopUrgentFirst) {
-    igd::test::EnsureQtApplication();
+    EnsureQtApplication();
     Fnd::GetDefaultQueue().Post([] {}, false);
     std::vector<std::string> ran;
     Fnd::GetDefaultQueue().Post([&ran] { ran.push_back("before install"); }, false);
@@ -163,3 +164,4 @@ TEST(QtRunLoopTest, PostedWorkRunsOnQtsLoopUrgentFirst) {
 }
 
 } // namespace
+} // namespace igd::test

@@ -5,6 +5,7 @@
 #include "fluxui/utility/ImageDimensions.h"
 #include "fluxui/utility/ImageProvider.h"
 
+namespace igd::test {
 namespace {
 
 using fluxui::controls::UI_PictureSupplyMessage;
@@ -195,3 +196,4 @@ TEST(ImageDimensions, ReadsTheSvgViewBox) {
 }
 
 } // namespace
+} // namespace igd::test

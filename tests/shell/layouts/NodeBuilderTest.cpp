@@ -51,23 +51,13 @@ protected:
     ControlsById controls;
 };
 
-TEST_F(NodeBuilder, FindsALayoutWhateverTheCaseOfItsName) {
-    for (const std::string name : {"igdVerifySetting", "IGDVERIFYSETTING", "igdverifysetting"}) {
-        ControlsById found;
-        const UI_NodeRef root = UI_NodeBuilder::LoadViewFromXML(resources, nullptr, name, found);
-        ASSERT_TRUE(root) << name;
-        EXPECT_TRUE(found.count("VerifyPopup")) << name;
-    }
-    // An empty name builds nothing.
-    EXPECT_FALSE(Load(""));
-    EXPECT_TRUE(controls.empty());
-}
-
 TEST_F(NodeBuilder, AnAddedResourceTakesThePlaceOfTheStoredOne) {
     resources.AddResource("XML", "IGDVERIFYSETTING", Archive(SubView("Replaced", {})));
     ASSERT_TRUE(Load("igdVerifySetting"));
     EXPECT_TRUE(controls.count("Replaced"));
     EXPECT_FALSE(controls.count("VerifyPopup"));
+    // An empty name builds nothing.
+    EXPECT_FALSE(Load(""));
 }
 
 TEST_F(NodeBuilder, BuildsChildrenInOrderWithTheirProperties) {
@@ -122,71 +112,62 @@ TEST_F(NodeBuilder, FallsBackOnTheAdapterWithoutAFactoryOrWhenItDeclines) {
     EXPECT_EQ(edit->GetValue(), u"abc");
 }
 
-TEST_F(NodeBuilder, AMissingLayoutNamesItself) {
-    EXPECT_THROW(
-        {
-            try {
-                Load("igdNoSuchLayout");
-            } catch (const LayoutError& e) {
-                EXPECT_STREQ(e.what(), "igdNoSuchLayout: no layout of that name");
-                throw;
-            }
-        },
-        LayoutError);
-}
-
-TEST_F(NodeBuilder, MalformedXmlNamesTheLayoutAndTheLine) {
-    EXPECT_THAT(ErrorOf("<?xml version='1.0'?>\r\n<prop.map version='4'>\r\n<prop.list>\r\n</prop.map>"),
-                StartsWith("igdBroken: malformed XML at line 4"));
-    EXPECT_THAT(ErrorOf(""), StartsWith("igdBroken: ")); // an empty resource is no resource
-    EXPECT_THAT(ErrorOf(std::string("\x89PNG\r\n\x1a\n\0\0\0", 11)), StartsWith("igdBroken: malformed XML"));
-    EXPECT_THAT(ErrorOf("<?xml version='1.0'?><other/>"), HasSubstr("not <prop.map>"));
-    EXPECT_THAT(ErrorOf("<?xml version='1.0'?><prop.map version='3'><prop.list/></prop.map>"),
-                HasSubstr("version '3' is not 4"));
-}
-
-TEST_F(NodeBuilder, AnUnknownClassNamesTheLayoutAndTheNode) {
+// A broken layout names itself, the node and the property where it breaks.
+TEST_F(NodeBuilder, ABrokenLayoutSaysWhereItBreaks) {
     const std::string foo = Node("fluxui::controls::UI_Foo", {});
-    EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a"), foo}))),
-              "igdBroken: root/child-1: unknown class fluxui::controls::UI_Foo");
-}
-
-TEST_F(NodeBuilder, AValueOfTheWrongTypeNamesTheProperty) {
-    EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a", "")}, "<ustring>wide</ustring>"))),
-              "igdBroken: root: UI_Node.bounds: expected prop.list, found ustring");
-    EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a", Pair("visible", "<ustring>yes</ustring>"))}))),
-              "igdBroken: root/child-0: UI_Node.visible: expected bool, found ustring");
-    EXPECT_EQ(ErrorOf(Archive(SubView("", {Checkbox("A", "a", Pair("colour", "<true/>"))}))),
-              "igdBroken: root/child-0: section UI_Node has no property colour");
-    EXPECT_THAT(
-        ErrorOf(Archive(SubView(
-            "", {}, Rect(0, 0, 10, 10).replace(Rect(0, 0, 10, 10).find("<float>10"), 9, "<float>ten")))),
-        HasSubstr("'ten' is not a float"));
-}
-
-TEST_F(NodeBuilder, TheSectionsMustFollowTheClassChain) {
     const std::string swapped = Node("fluxui::ui::UI_SubView", {NodeSection("X"), Section("UI_SubView")});
-    EXPECT_EQ(ErrorOf(Archive(swapped)), "igdBroken: root: section-0 is UI_Node, expected UI_SubView");
     const std::string miscounted =
         List(Pair("adapter", "<ustring>fluxui::ui::UI_SubView</ustring>") +
              Pair("sections", List(Pair("count", Unsigned(3)) + Pair("section-0", Section("UI_SubView")) +
                                    Pair("section-1", NodeSection("X")))));
-    EXPECT_EQ(ErrorOf(Archive(miscounted)), "igdBroken: root: count 3 does not match the section- entries");
-}
-
-TEST_F(NodeBuilder, ConstraintsOutsideTheKnownSidesAreRefused) {
     const std::string flags =
         List(Pair(".aptype", "<int type='signed' size='32'>4</int>") + Pair("constraints", Unsigned(16)));
-    const std::string node =
+    const std::string constrained =
         Node("fluxui::ui::UI_SubView", {Section("UI_SubView", Pair("Constraints", flags)), NodeSection("X")});
-    EXPECT_EQ(ErrorOf(Archive(node)), "igdBroken: root: UI_SubView.Constraints: unknown flag bits 16");
-}
-
-TEST_F(NodeBuilder, DeepNestingFailsInsteadOfExhaustingTheStack) {
-    std::string node = SubView("Leaf", {});
+    std::string deep = SubView("Leaf", {});
     for (int i = 0; i < 200; ++i)
-        node = SubView("", {node});
-    EXPECT_THAT(ErrorOf(Archive(node)), HasSubstr("nested deeper than"));
+        deep = SubView("", {deep});
+    const std::string tenRect = Rect(0, 0, 10, 10).replace(Rect(0, 0, 10, 10).find("<float>10"), 9, "<float>ten");
+    const struct {
+        std::string text;
+        std::string error; // the message; after "^" its start, after "..." a part of it
+    } cases[] = {
+        {"<?xml version='1.0'?>\r\n<prop.map version='4'>\r\n<prop.list>\r\n</prop.map>",
+         "^igdBroken: malformed XML at line 4"},
+        {"", "^igdBroken: "}, // an empty resource is no resource
+        {std::string("\x89PNG\r\n\x1a\n\0\0\0", 11), "^igdBroken: malformed XML"},
+        {"<?xml version='1.0'?><other/>", "...not <prop.map>"},
+        {"<?xml version='1.0'?><prop.map version='3'><prop.list/></prop.map>", "...version '3' is not 4"},
+        {Archive(SubView("", {Checkbox("A", "a"), foo})),
+         "igdBroken: root/child-1: unknown class fluxui::controls::UI_Foo"},
+        {Archive(SubView("", {Checkbox("A", "a", "")}, "<ustring>wide</ustring>")),
+         "igdBroken: root: UI_Node.bounds: expected prop.list, found ustring"},
+        {Archive(SubView("", {Checkbox("A", "a", Pair("visible", "<ustring>yes</ustring>"))})),
+         "igdBroken: root/child-0: UI_Node.visible: expected bool, found ustring"},
+        {Archive(SubView("", {Checkbox("A", "a", Pair("colour", "<true/>"))})),
+         "igdBroken: root/child-0: section UI_Node has no property colour"},
+        {Archive(SubView("", {}, tenRect)), "...'ten' is not a float"},
+        {Archive(swapped), "igdBroken: root: section-0 is UI_Node, expected UI_SubView"},
+        {Archive(miscounted), "igdBroken: root: count 3 does not match the section- entries"},
+        {Archive(constrained), "igdBroken: root: UI_SubView.Constraints: unknown flag bits 16"},
+        {Archive(deep), "...nested deeper than"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.error);
+        if (c.error.rfind("^", 0) == 0) {
+            EXPECT_THAT(ErrorOf(c.text), StartsWith(c.error.substr(1)));
+        } else if (c.error.rfind("...", 0) == 0) {
+            EXPECT_THAT(ErrorOf(c.text), HasSubstr(c.error.substr(3)));
+        } else {
+            EXPECT_EQ(ErrorOf(c.text), c.error);
+        }
+    }
+    try {
+        Load("igdNoSuchLayout");
+        ADD_FAILURE() << "a missing layout was built";
+    } catch (const LayoutError& e) {
+        EXPECT_STREQ(e.what(), "igdNoSuchLayout: no layout of that name");
+    }
 }
 
 TEST_F(NodeBuilder, AFailedBuildLeavesTheCallersMapAsItWas) {

@@ -50,14 +50,5 @@ TEST(ResourceManagers, AddedResourcesAreFoundInAnyCaseAndCopied) {
     EXPECT_EQ(Text(manager.FindResource("XML", "MyLayout")), "<y/>");
 }
 
-TEST(ResourceManagers, TheModuleManagerServesTheStoreBehindWhatWasAdded) {
-    fluxui::utility::OS_ResourceManager manager(&IGD::FindStoredResource);
-    const auto stored = manager.FindResource("XML", "igdDivider");
-    EXPECT_EQ(stored.data(), IGD::FindStoredResource("XML", "IGDDIVIDER").data());
-    manager.AddResource("XML", "igdDivider", "<mine/>");
-    EXPECT_EQ(Text(manager.FindResource("XML", "IGDDIVIDER")), "<mine/>");
-    EXPECT_TRUE(manager.HasResource("XML", "igdVerifySetting"));
-}
-
 } // namespace
 } // namespace igd::test

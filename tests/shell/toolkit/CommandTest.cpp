@@ -3,6 +3,7 @@
 #include "AppFrame/Commander.h"
 #include "AppFrame/ShortcutManager.h"
 
+namespace igd::test {
 namespace {
 
 using AppFrame::Command;
@@ -165,3 +166,4 @@ TEST_F(CommandTest, DeclaringACommandTwiceOrABadShortcutIsAFault) {
 }
 
 } // namespace
+} // namespace igd::test

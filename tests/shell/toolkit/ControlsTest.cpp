@@ -10,11 +10,10 @@
 #include "fluxui/ui/UI_SubView.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
+namespace igd::test {
 namespace {
 
 using namespace fluxui::controls;
-using igd::test::Make;
-using igd::test::Notifications;
 
 TEST(ControlNotifications, ProgramChangesReachOnlyTheChangeNotification) {
     auto box = Make<UI_Checkbox>();
@@ -182,14 +181,5 @@ TEST(NumberEdit, ReadsAndWritesNumbersWithinItsRange) {
     EXPECT_THROW(edit->SetRange(5, 4), std::invalid_argument);
 }
 
-TEST(PictureButton, AsksItsSupplyFunctionForEachState) {
-    auto button = Make<UI_PictureButton>();
-    EXPECT_EQ(button->GetPicture(PictureState::Normal), "");
-    button->SetImageSupplyFunction(std::make_shared<ImageSupplyFunction>([](UI_PictureSupplyMessage& m) {
-        m.imageName = m.state == PictureState::Disabled ? "REMOVE_DISABLED" : "REMOVE";
-    }));
-    EXPECT_EQ(button->GetPicture(PictureState::Normal), "REMOVE");
-    EXPECT_EQ(button->GetPicture(PictureState::Disabled), "REMOVE_DISABLED");
-}
-
 } // namespace
+} // namespace igd::test

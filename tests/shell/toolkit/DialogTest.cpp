@@ -3,12 +3,12 @@
 #include "Fnd/RunLoop.h"
 #include "fluxui/Messagebox.h"
 #include "fluxui/controls/UI_TextButton.h"
-#include "fluxui/dialogs/OS_FolderChooserDialog.h"
 #include "fluxui/dialogs/SimpleInputBox.h"
 #include "fluxui/ui/UI_Dialog.h"
 #include "support/ScriptedInteractionDriver.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
+namespace igd::test {
 namespace {
 
 using fluxui::controls::UI_ControlMessage;
@@ -16,7 +16,6 @@ using fluxui::controls::UI_TextButton;
 using fluxui::ui::Key;
 using fluxui::ui::OS_Window;
 using fluxui::ui::UI_Dialog;
-using igd::test::Make;
 
 // A dialog with OK (default) and Cancel buttons, as the views build them.
 struct OkCancelDialog {
@@ -47,7 +46,7 @@ UI_Dialog& DialogOf(Fnd::IModalSession& session) {
 }
 
 TEST(ModalRun, RunsThroughTheDriverAndAnswersTheResponse) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     OkCancelDialog d;
     std::vector<int> closed;
     d.dialog->SetPostCloseCallback([&](int response) { closed.push_back(response); });
@@ -63,7 +62,7 @@ TEST(ModalRun, RunsThroughTheDriverAndAnswersTheResponse) {
 }
 
 TEST(ModalRun, EscapeAndTheCloseBoxPressCancelAndReturnPressesTheDefault) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     OkCancelDialog d;
     int cancels = 0;
     d.cancel->NotifyWhenChangedInteractively([&](const UI_ControlMessage&) { ++cancels; });
@@ -81,7 +80,7 @@ TEST(ModalRun, EscapeAndTheCloseBoxPressCancelAndReturnPressesTheDefault) {
 }
 
 TEST(ModalRun, AClosePostedFromQueuedWorkEndsTheRun) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     OkCancelDialog d;
     ui->QueueModalAction([&](Fnd::IModalSession& session) {
         Fnd::GetRunLoop().Post(
@@ -102,7 +101,7 @@ TEST(ModalRun, WithoutADriverEveryDialogIsCancelled) {
 }
 
 TEST(ModalRun, ADialogCannotRunInsideItsOwnRun) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     OkCancelDialog d;
     ui->QueueModalAction([&](Fnd::IModalSession&) {
         EXPECT_THROW(d.dialog->RunModal(), std::logic_error);
@@ -125,7 +124,7 @@ TEST(DialogPlacement, CentresOverItsParentAndKeepsItsMinimumSize) {
 }
 
 TEST(SimpleInputBox, AnswersWhatThePersonTypedOnlyOnOK) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     Fnd::WString name = u"Preset 1";
     ui->QueueModalAction([](Fnd::IModalSession& session) {
         auto& box = dynamic_cast<fluxui::dialogs::SimpleInputBox&>(DialogOf(session));
@@ -149,24 +148,8 @@ TEST(SimpleInputBox, AnswersWhatThePersonTypedOnlyOnOK) {
     EXPECT_EQ(name, u"Dailies");
 }
 
-TEST(FolderChooser, AsksTheDriverWithItsTitleAndStartingFolder) {
-    igd::test::ScopedInteractionDriver ui;
-    fluxui::dialogs::OS_FolderChooserDialog chooser;
-    chooser.SetWindowTitle(u"Choose Destination");
-    chooser.SetDefaultDirectory(u"/media/card");
-    ui->QueueFolderCancel();
-    EXPECT_FALSE(chooser.RunModal());
-    EXPECT_EQ(chooser.GetDirectory(), u"");
-    ui->QueueFolderAnswer(u"/srv/ingest");
-    EXPECT_TRUE(chooser.RunModal());
-    EXPECT_EQ(chooser.GetDirectory(), u"/srv/ingest");
-    ASSERT_EQ(ui->FolderQuestions().size(), 2u);
-    EXPECT_EQ(ui->FolderQuestions()[0].title, u"Choose Destination");
-    EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/media/card");
-}
-
 TEST(Messagebox, AnswersTheIndexOfTheLabelledButton) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     namespace mb = fluxui::dialogs::messagebox;
     ui->QueueBoxAnswer(2);
     EXPECT_EQ(mb::Messagebox(nullptr, u"Rough cut", u"Create a rough cut?", nullptr,
@@ -184,3 +167,4 @@ TEST(Messagebox, AnswersTheIndexOfTheLabelledButton) {
 }
 
 } // namespace
+} // namespace igd::test

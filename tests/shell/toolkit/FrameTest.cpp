@@ -2,37 +2,22 @@
 
 #include "AppFrame/ColorManager.h"
 #include "AppFrame/DC.h"
-#include "AppFrame/FLUXConversionUtilities.h"
 #include "AppFrame/ParentAndChildWindowDisabler.h"
 #include "AppFrame/PlayerControl.h"
-#include "AppFrame/Workspace.h"
 #include "fluxui/ui/UI_NodeManager.h"
 #include "fluxui/ui/UI_SubView.h"
 #include "fluxui/utils/DrawOutline.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
+namespace igd::test {
 namespace {
 
 using fluxcore::geom::PointF;
 using fluxcore::geom::RectF;
 using fluxui::sketcher::ColorRGBA;
-using igd::test::Make;
-namespace conv = AppFrame::FLUXConversionUtilities;
-
-TEST(FrameConversions, RectsChangeConventionAndRoundTheFarSides) {
-    const Fnd::ParamRect<int> rect = conv::FLUXRectF32ToRect({10.4f, 20.6f, 99.8f, 0.0f});
-    EXPECT_EQ(rect, (Fnd::ParamRect<int>{10, 21, 110, 21}));
-    // Two rects that touch in floats still touch in integers.
-    const RectF a{0.0f, 0.0f, 33.3f, 10.0f};
-    const RectF b{33.3f, 0.0f, 33.3f, 10.0f};
-    EXPECT_EQ(conv::FLUXRectF32ToRect(a).right, conv::FLUXRectF32ToRect(b).left);
-    EXPECT_EQ(conv::RectToFLUXRectF32({5, 6, 15, 26}), (RectF{5, 6, 10, 20}));
-    EXPECT_EQ(conv::FLUXPoint32ToPoint(conv::PointToFLUXPoint32({-3, 7})), (Fnd::ParamPoint<int>{-3, 7}));
-    EXPECT_EQ(conv::FLUXPoint32ToPoint({-2.5f, 2.49f}), (Fnd::ParamPoint<int>{-3, 2}));
-}
 
 TEST(FrameDrawing, ADCDrawsInTheViewsSpaceAtItsOrigin) {
-    igd::test::RecordingSketcher sketcher;
+    RecordingSketcher sketcher;
     AppFrame::DC dc(sketcher, 2.0f, {100, 50});
     const ColorRGBA divider = AppFrame::ColorManager::GetColor(AppFrame::kColor_PanelDivider);
     dc.DrawLine({-6, 1}, {200, 1}, divider, 1.0f, 0.5f);
@@ -45,7 +30,7 @@ TEST(FrameDrawing, ADCDrawsInTheViewsSpaceAtItsOrigin) {
 }
 
 TEST(FrameDrawing, ThickOutlinesStepInwardsAndStopAtTheMiddle) {
-    igd::test::RecordingSketcher sketcher;
+    RecordingSketcher sketcher;
     fluxui::utils::DrawOutline(sketcher, {0, 0, 10, 4}, {}, 5.0f);
     EXPECT_EQ(sketcher.OutlinesIn({}), (std::vector<RectF>{{0, 0, 10, 4}, {1, 1, 8, 2}}));
 }
@@ -91,19 +76,5 @@ TEST(InputCapture, EndsBeforeAModalBox) {
     EXPECT_EQ(node->GetRefCount(), 1u);
 }
 
-class Supplier : public fluxui::sketcher::SupplierInterface {};
-
-TEST(Workspace, IsThereOnlyWhileTheHostHasInstalledOne) {
-    EXPECT_EQ(AppFrame::Workspace::Instance(), nullptr);
-    Supplier supplier;
-    auto main = Make<fluxui::ui::OS_Window>(&supplier, u"IGD");
-    AppFrame::Workspace::Install(std::make_shared<fluxworkspace::workspace::Workspace>(main.get()));
-    ASSERT_NE(AppFrame::Workspace::Instance(), nullptr);
-    auto* workspace = AppFrame::Workspace::Instance()->GetPtr();
-    EXPECT_EQ(workspace->GetMainTopLevelWindow(), main.get());
-    EXPECT_EQ(workspace->GetDrawSupplier(), &supplier);
-    AppFrame::Workspace::Install(nullptr);
-    EXPECT_EQ(AppFrame::Workspace::Instance(), nullptr);
-}
-
 } // namespace
+} // namespace igd::test

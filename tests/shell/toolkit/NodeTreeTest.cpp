@@ -5,6 +5,7 @@
 #include "fluxui/ui/UI_SubView.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
+namespace igd::test {
 namespace {
 
 using fluxcore::geom::PointF;
@@ -13,7 +14,6 @@ using fluxui::ui::FocusReason;
 using fluxui::ui::NodeChange;
 using fluxui::ui::UI_Node;
 using fluxui::ui::UI_SubView;
-using igd::test::Make;
 
 class FocusableView : public UI_SubView {
 public:
@@ -206,8 +206,8 @@ TEST(NodeObserver, HearsTheWholeSubtreeUnlessANearerObserverListens) {
     auto child = Make<UI_SubView>();
     auto grandchild = Make<UI_SubView>();
     root->ChildPushBack(child);
-    igd::test::RecordingObserver rootObserver;
-    igd::test::RecordingObserver childObserver;
+    RecordingObserver rootObserver;
+    RecordingObserver childObserver;
     root->UI_SetObserver(&rootObserver);
 
     child->ChildPushBack(grandchild);
@@ -246,9 +246,10 @@ TEST(NodeDrawing, DrawsShownChildrenInGlobalCoordinates) {
     root->ChildPushBack(shown);
     root->ChildPushBack(hidden);
     hidden->UI_Hide(true);
-    igd::test::RecordingSketcher sketcher;
+    RecordingSketcher sketcher;
     root->UI_Draw(sketcher);
     EXPECT_EQ(sketcher.fills, (std::vector<RectF>{{10, 10, 50, 50}, {15, 15, 10, 10}}));
 }
 
 } // namespace
+} // namespace igd::test
