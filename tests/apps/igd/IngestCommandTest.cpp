@@ -215,23 +215,6 @@ TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAg
     EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
 }
 
-TEST_F(IgdIngestCommandTest, FilesBringTheirSidecarsAndBecomeOneItemEach) {
-    tree.MakeFile("card/A001.MOV", "frames");
-    tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-    tree.MakeFile("card/A002.MOV", "more frames");
-    const Ran ran =
-        RunIgd({"ingest", Native("card/A001.MOV"), Native("card/A001.xmp"), Native("card/A002.MOV"), "--to",
-                Native("main"), "--bin", "Day 1", "--verify", "bit"});
-    EXPECT_EQ(ran.exitCode, 0) << ran.out << ran.err;
-    EXPECT_EQ(ReadWholeFile(Native("main/A001.xmp")), "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-    EXPECT_EQ(ReadWholeFile(Native("main/A002.MOV")), "more frames");
-    const auto items = Proj::Project::Open(home.ProjectPath())->Items();
-    ASSERT_EQ(items.size(), 2u) << "the sidecar travels with its clip, not as an item";
-    EXPECT_EQ(items[0].bin, u"Day 1");
-    EXPECT_EQ(items[0].extraPaths, std::vector<Fnd::WString>{tree.Path("main/A001.xmp")});
-    EXPECT_NE(ran.out.find("Done"), std::string::npos) << ran.out;
-}
-
 // A P2 card as a camera leaves it, with two clips, the card's own index file, and media put on it
 // by hand: a clip with its sidecar, and a sound file.
 class IgdIngestCardTest : public IgdIngestCommandTest {
@@ -342,19 +325,6 @@ TEST_F(IgdIngestCardTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
         EXPECT_TRUE(std::filesystem::is_empty(Native("main")));
     }
     EXPECT_TRUE(Proj::Project::Open(home.ProjectPath())->Items().empty());
-}
-
-TEST_F(IgdIngestCardTest, PrimaryOnlyScopeLeavesTheBackupAsTheCameraNamedIt) {
-    const Ran ran =
-        Ingest({"--to", Native("main"), "--to", Native("backup"), "--subfolder", " Day 1 ", "--rename-preset",
-                "Camera roll", "--rename-scope", "primary", "--start-number", "100"});
-    ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
-    EXPECT_EQ(ReadWholeFile(Native("main/Day 1/CARD01/EXTRA/B001_102.MOV")), "b camera");
-    EXPECT_TRUE(std::filesystem::exists(Native("main/Day 1/CARD01/EXTRA/B001_102.xmp")));
-    EXPECT_EQ(ReadWholeFile(Native("backup/Day 1/CARD01/EXTRA/B001.MOV")), "b camera");
-    EXPECT_TRUE(std::filesystem::exists(Native("backup/Day 1/CARD01/EXTRA/B001.xmp")));
-    EXPECT_EQ(RunIgd({"prefs", "get", "IGD.IngestDestinationSettingImpl.UserDefAutoIncStartNumber"}).out,
-              "104\n");
 }
 
 TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndCopiesNothing) {

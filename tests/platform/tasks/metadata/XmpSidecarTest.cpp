@@ -15,6 +15,7 @@
 #include "QL/XmpSidecarWriter.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using QL::ReadXmpProperty;
@@ -58,7 +59,7 @@ protected:
         return ReadXmpProperty(Sidecar(), schema, key);
     }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
 };
 
 TEST_F(XmpSidecar, WritesEverySetKeywordsAndReadsThemBack) {
@@ -232,3 +233,4 @@ TEST(XmpNames, PrefixesComeFromThePresetName) {
 }
 
 } // namespace
+} // namespace igd::test

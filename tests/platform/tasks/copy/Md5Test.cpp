@@ -13,6 +13,7 @@
 #include "platform/tasks/copy/src/Md5Lanes.h"
 #include "platform/tasks/copy/src/Md5State.h"
 
+namespace igd::test {
 namespace {
 
 using namespace QL::Engine;
@@ -126,3 +127,4 @@ TEST(LaneHasherTest, AStreamAloneBesideIdleOpenStreamsStillFinishes) {
 }
 
 } // namespace
+} // namespace igd::test
