@@ -78,6 +78,33 @@ protected:
         return shown;
     }
 
+    // Each row through the check of its category, with that template switched on.
+    template <class Row> void RunRows(QL::_QLPresetCategory category, const std::vector<Row>& rows) {
+        const bool rename = category == QL::kQLPresetCategoryRename;
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.what);
+            const std::size_t first = ui->Boxes().size();
+            const PresetRef preset = row.hasPreset ? Preset(category, row.fields) : nullptr;
+            if (rename) {
+                settings_.SetEnableRenameTemplate(true);
+                settings_.SetRenameEditMode(row.editMode);
+                session_->SetRenamePreset(preset);
+            } else {
+                settings_.SetEnableMetadataTemplate(true);
+                settings_.SetMetadataEditMode(row.editMode);
+                session_->SetMetadataPreset(preset);
+            }
+            for (int answer : row.answers)
+                ui->QueueBoxAnswer(answer);
+
+            EXPECT_EQ(rename ? IGD::CheckRenameTemplate(*session_, nullptr)
+                             : IGD::CheckMetadataTemplate(*session_, nullptr),
+                      row.passes);
+            EXPECT_EQ(BoxesFrom(first), row.boxes);
+            EXPECT_EQ(ui->UnusedAnswers(), 0u);
+        }
+    }
+
     IGD::IngestSettingsController& settings_;
     IGD::IngestDialogDataRef session_;
 };
@@ -135,19 +162,7 @@ const std::vector<TemplateCase>& RenameCases() {
 }
 
 TEST_F(TemplateCheckTest, RenameTemplateRows) {
-    for (const TemplateCase& row : RenameCases()) {
-        SCOPED_TRACE(row.what);
-        const std::size_t first = ui->Boxes().size();
-        settings_.SetEnableRenameTemplate(true);
-        settings_.SetRenameEditMode(row.editMode);
-        session_->SetRenamePreset(row.hasPreset ? Preset(QL::kQLPresetCategoryRename, row.fields) : nullptr);
-        for (int answer : row.answers)
-            ui->QueueBoxAnswer(answer);
-
-        EXPECT_EQ(IGD::CheckRenameTemplate(*session_, nullptr), row.passes);
-        EXPECT_EQ(BoxesFrom(first), row.boxes);
-        EXPECT_EQ(ui->UnusedAnswers(), 0u);
-    }
+    RunRows(QL::kQLPresetCategoryRename, RenameCases());
 }
 
 TEST_F(TemplateCheckTest, TheEmptyPresetQuestionDefaultsToGoingOn) {
@@ -220,20 +235,7 @@ const std::vector<TemplateCase>& MetadataCases() {
 }
 
 TEST_F(TemplateCheckTest, MetadataTemplateRows) {
-    for (const TemplateCase& row : MetadataCases()) {
-        SCOPED_TRACE(row.what);
-        const std::size_t first = ui->Boxes().size();
-        settings_.SetEnableMetadataTemplate(true);
-        settings_.SetMetadataEditMode(row.editMode);
-        session_->SetMetadataPreset(row.hasPreset ? Preset(QL::kQLPresetCategoryMetadata, row.fields)
-                                                  : nullptr);
-        for (int answer : row.answers)
-            ui->QueueBoxAnswer(answer);
-
-        EXPECT_EQ(IGD::CheckMetadataTemplate(*session_, nullptr), row.passes);
-        EXPECT_EQ(BoxesFrom(first), row.boxes);
-        EXPECT_EQ(ui->UnusedAnswers(), 0u);
-    }
+    RunRows(QL::kQLPresetCategoryMetadata, MetadataCases());
 }
 
 PresetRef RenameWithFields() {

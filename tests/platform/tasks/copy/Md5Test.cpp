@@ -40,20 +40,6 @@ std::vector<unsigned char> RandomBytes(std::size_t size, unsigned seed) {
     return bytes;
 }
 
-TEST(Md5StateTest, KnownDigestsOfTheStandard) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"", "d41d8cd98f00b204e9800998ecf8427e"},
-        {"abc", "900150983cd24fb0d6963f7d28e17f72"},
-        {"12345678901234567890123456789012345678901234567890123456789012345678901234567890",
-         "57edf4a22be3c955ac49da2e2107b67a"},
-    };
-    for (const auto& [text, digest] : cases) {
-        Md5State state;
-        Md5Update(state, text.data(), text.size());
-        EXPECT_EQ(Md5FinishHex(state), digest) << '"' << text << '"';
-    }
-}
-
 TEST(Md5StateTest, EveryLengthAroundThePaddingAndAnySplitAgreeWithOpenSsl) {
     const std::vector<unsigned char> bytes = RandomBytes(300, 7);
     for (std::size_t size = 0; size <= 200; ++size) {
