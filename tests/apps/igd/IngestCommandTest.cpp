@@ -194,9 +194,9 @@ TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAg
     for (int i = 1; i <= kClips; ++i) {
         char name[32];
         std::snprintf(name, sizeof name, "DCIM/C%03d.MOV", i);
-        const std::string original = ReadWholeFile(Native("card/" + std::string(name)));
-        EXPECT_EQ(ReadWholeFile(Native("main/card/" + std::string(name))), original) << name;
-        EXPECT_EQ(ReadWholeFile(Native("backup/card/" + std::string(name))), original) << name;
+        const std::string original = ReadFileBytes(Native("card/" + std::string(name)));
+        EXPECT_EQ(ReadFileBytes(Native("main/card/" + std::string(name))), original) << name;
+        EXPECT_EQ(ReadFileBytes(Native("backup/card/" + std::string(name))), original) << name;
     }
     EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
     EXPECT_TRUE(TemporariesBelow(Native("backup")).empty());
@@ -253,20 +253,20 @@ TEST_F(IgdIngestCardTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMeta
         const std::string card = Native(destination + "/CARD01/");
         for (const std::string id : {"0001AB", "0002AB"}) {
             // The card's structure refers to its files by name: they land together, as they were.
-            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/VIDEO/" + id + ".MXF"), "video " + id);
-            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/AUDIO/" + id + "00.MXF"), "audio " + id);
-            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/ICON/" + id + ".BMP"), "icon " + id);
+            EXPECT_EQ(ReadFileBytes(card + "CONTENTS/VIDEO/" + id + ".MXF"), "video " + id);
+            EXPECT_EQ(ReadFileBytes(card + "CONTENTS/AUDIO/" + id + "00.MXF"), "audio " + id);
+            EXPECT_EQ(ReadFileBytes(card + "CONTENTS/ICON/" + id + ".BMP"), "icon " + id);
             EXPECT_TRUE(std::filesystem::exists(card + "CONTENTS/CLIP/" + id + ".XML"));
         }
         // The custom counter numbers the items in order: two card clips, then B001, then the sound.
-        EXPECT_EQ(ReadWholeFile(card + "EXTRA/B001_003.MOV"), "b camera");
-        EXPECT_EQ(ReadWholeFile(card + "EXTRA/sound_004.WAV"), "sound");
+        EXPECT_EQ(ReadFileBytes(card + "EXTRA/B001_003.MOV"), "b camera");
+        EXPECT_EQ(ReadFileBytes(card + "EXTRA/sound_004.WAV"), "sound");
         EXPECT_FALSE(std::filesystem::exists(card + "EXTRA/B001.MOV"));
         EXPECT_FALSE(std::filesystem::exists(card + "EXTRA/B001.xmp"));
         EXPECT_FALSE(std::filesystem::exists(card + "LASTCLIP.TXT")) << "index files are no media";
         for (const std::string sidecar :
              {"EXTRA/B001_003.xmp", "EXTRA/sound_004.xmp", "CONTENTS/VIDEO/0001AB.xmp"}) {
-            const std::string xmp = ReadWholeFile(card + sidecar);
+            const std::string xmp = ReadFileBytes(card + sidecar);
             EXPECT_NE(xmp.find("<Production:scene>12</Production:scene>"), std::string::npos)
                 << sidecar << xmp;
             EXPECT_NE(xmp.find("<Production:take>3</Production:take>"), std::string::npos) << sidecar;
@@ -296,9 +296,9 @@ TEST_F(IgdIngestCardTest, AFolderOfCardsIsOpenedLikeACardReader) {
     tree.MakeFile("SHOOT/Sound/notes.txt", "no media");
     const Ran ran = RunIgd({"ingest", Native("SHOOT"), "--to", Native("main")});
     ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
-    EXPECT_EQ(ReadWholeFile(Native("main/CARD01/CONTENTS/VIDEO/0001AB.MXF")), "video 0001AB");
-    EXPECT_EQ(ReadWholeFile(Native("main/CARD01/EXTRA/B001.MOV")), "b camera");
-    EXPECT_EQ(ReadWholeFile(Native("main/Sound/ROLL1.WAV")), "roll one");
+    EXPECT_EQ(ReadFileBytes(Native("main/CARD01/CONTENTS/VIDEO/0001AB.MXF")), "video 0001AB");
+    EXPECT_EQ(ReadFileBytes(Native("main/CARD01/EXTRA/B001.MOV")), "b camera");
+    EXPECT_EQ(ReadFileBytes(Native("main/Sound/ROLL1.WAV")), "roll one");
     EXPECT_FALSE(std::filesystem::exists(Native("main/Sound/notes.txt")));
     EXPECT_FALSE(std::filesystem::exists(Native("main/SHOOT")));
     EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), 5u) << "two card clips, three files";

@@ -20,11 +20,6 @@
 
 namespace igd::test {
 
-inline std::string ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
 inline Fnd::InterfaceRef<QL::IQLPresetField> Field(QL::_QLPresetFieldType type, std::u16string_view format,
                                                    std::u16string_view key = {}, bool required = false) {
     auto field = QL::CreatePresetField(type);

@@ -47,7 +47,7 @@ TEST_F(FileCopierActions, NothingExpectedMeetingAFileFailsAndTouchesNothing) {
     EXPECT_EQ(outcome.status, CopyStatus::Failed);
     EXPECT_EQ(outcome.reason, "target exists");
     EXPECT_EQ(outcome.finalPath, "");
-    EXPECT_EQ(ReadWhole(Destination("A001.MOV")), "the editor's file");
+    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "the editor's file");
     EXPECT_EQ(ModificationTime(Destination("A001.MOV")).tv_sec, 1000);
     EXPECT_EQ(NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
 }
@@ -62,7 +62,7 @@ TEST_F(FileCopierActions, AFileThatAppearsDuringTheCopyIsNeverReplaced) {
     const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone, hooks);
     EXPECT_EQ(outcome.status, CopyStatus::Failed);
     EXPECT_EQ(outcome.reason, "target exists");
-    EXPECT_EQ(ReadWhole(Destination("A001.MOV")), "arrived meanwhile");
+    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "arrived meanwhile");
     EXPECT_EQ(NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
 }
 
@@ -72,7 +72,7 @@ TEST_F(FileCopierActions, SkipWritesNothingAndDoesNotEvenReadTheSource) {
     EXPECT_EQ(kept.status, CopyStatus::Skipped);
     EXPECT_EQ(kept.finalPath, Destination("A001.MOV"));
     EXPECT_EQ(kept.verifiedBy, VerifiedBy::NotVerified);
-    EXPECT_EQ(ReadWhole(Destination("A001.MOV")), "kept");
+    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "kept");
 
     // Skip also stands when the file is only due from another copy of the batch.
     CopyControl control;
@@ -108,7 +108,7 @@ TEST_F(FileCopierActions, KeepBothWritesUnderTheFirstFreeName) {
         EXPECT_EQ(outcome.finalPath, Destination(c.expected));
         EXPECT_TRUE(SameContent(source_, Destination(c.expected)));
         for (const char* existing : c.existing)
-            EXPECT_EQ(ReadWhole(Destination(existing)), existing);
+            EXPECT_EQ(ReadFileBytes(Destination(existing)), existing);
         EXPECT_EQ(NamesIn(Destination()).size(), c.existing.size() + 1);
     }
 }
@@ -119,7 +119,7 @@ TEST_F(FileCopierActions, ReplaceSwapsInTheNewCopyOnlyOnceItIsProven) {
     damaging.afterWrite = [](const std::string& temporary) { FlipByte(temporary, 5); };
     const CopyOutcome failed = CopyTo(Destination("A001.MOV"), QL::kCopyActionReplace, damaging);
     EXPECT_EQ(failed.status, CopyStatus::Failed);
-    EXPECT_EQ(ReadWhole(Destination("A001.MOV")), "old take");
+    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "old take");
     EXPECT_EQ(NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
 
     const CopyOutcome replaced = CopyTo(Destination("A001.MOV"), QL::kCopyActionReplace);
@@ -141,7 +141,7 @@ TEST_F(FileCopierActions, ALeftoverTemporaryIsNeitherReusedNorAnObstacle) {
     const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone);
     EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
     EXPECT_TRUE(SameContent(source_, Destination("A001.MOV")));
-    EXPECT_EQ(ReadWhole(leftover), "half a clip");
+    EXPECT_EQ(ReadFileBytes(leftover), "half a clip");
 }
 
 TEST_F(FileCopierActions, ValuesThatAreNoActionModeOrPathAreFaultsOfTheCaller) {
@@ -213,7 +213,7 @@ TEST_F(FileCopierFolders, AnExistingFolderIsMergedIntoAndLeftAsItWas) {
         EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
         EXPECT_EQ(outcome.finalPath, tree_.NativePath("dest/CLIP"));
     }
-    EXPECT_EQ(ReadWhole(tree_.NativePath("dest/CLIP/notes.txt")), "mine");
+    EXPECT_EQ(ReadFileBytes(tree_.NativePath("dest/CLIP/notes.txt")), "mine");
     EXPECT_EQ(ModificationTime(tree_.NativePath("dest/CLIP")).tv_sec, 1000);
 }
 
@@ -231,7 +231,7 @@ TEST_F(FileCopierFolders, SkipKeepBothAndAFileInTheWay) {
     const CopyOutcome blocked = MakeFolder("dest/FILE", QL::kCopyActionReplace);
     EXPECT_EQ(blocked.status, CopyStatus::Failed);
     EXPECT_EQ(blocked.reason, "target exists");
-    EXPECT_EQ(ReadWhole(tree_.NativePath("dest/FILE")), "a file, not a folder");
+    EXPECT_EQ(ReadFileBytes(tree_.NativePath("dest/FILE")), "a file, not a folder");
 }
 
 TEST_F(FileCopierFolders, ASourceThatIsNoFolderFails) {

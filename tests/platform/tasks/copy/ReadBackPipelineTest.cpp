@@ -30,7 +30,7 @@ protected:
         // Many pieces per depth, and an end that is neither on a piece nor on a block.
         tree_.MakeFileOfSize("copy.bin", 37 * kPiece + 1234);
         path_ = tree_.NativePath("copy.bin");
-        whole_ = ReadWhole(path_);
+        whole_ = ReadFileBytes(path_);
         ASSERT_EQ(reader_.Open(path_), 0);
     }
 
