@@ -23,21 +23,13 @@
 #include "pipeline/naming/RenameSampleText.h"
 #include "pipeline/session/IngestDialogData.h"
 #include "settings/IngestSettingsController.h"
+#include "support/PresetFields.h"
 
 namespace igd::test {
 namespace {
 
 using IGD::PresetRef;
 using Fields = QL::PresetFieldList;
-
-Fnd::InterfaceRef<QL::IQLPresetField> Field(QL::_QLPresetFieldType type, std::u16string_view value = {},
-                                            std::u16string_view key = {}, bool required = false) {
-    auto field = QL::CreatePresetField(type);
-    field->SetKey(Fnd::WString(key));
-    field->SetValue(Fnd::WString(value));
-    field->SetRequired(required);
-    return field;
-}
 
 Fnd::InterfaceRef<QL::IQLPresetField> Text(std::u16string_view value) {
     return Field(QL::kQLFieldCustomText, value);
