@@ -21,6 +21,15 @@ using QL::IngestTask::CopyUnit;
 using QL::IngestTask::TranscodeSetting;
 using GuidMap = std::map<WString, fluxcore::utility::Guid>;
 
+// Marks the clip's in and out points and its frame rate; answers the clip.
+const IGD::SelectedClipItemRef& Timed(const IGD::SelectedClipItemRef& clip, fluxmediatypes::Time in,
+                                      fluxmediatypes::Time out, fluxmediatypes::FrameRate rate) {
+    clip->SetInPoint(in);
+    clip->SetOutPoint(out);
+    clip->SetFrameRate(rate);
+    return clip;
+}
+
 // The clips A001.MOV and A002.MOV, changed by the words of setup: "none" drops them, "folder"
 // adds one, "named" gives A002 an outputName, "metadata" gives the template values, "local" or
 // "server" installs a project, "importOnly" sets the session's flag.
@@ -136,14 +145,11 @@ TEST_P(UpdateMetadataTest, RenamesClipsUnderTheirSourcePathsAndOnlyKindEightKeep
 
 INSTANTIATE_TEST_SUITE_P(Kinds, UpdateMetadataTest, ::testing::Values(0, 5, 8));
 
-
 TEST_F(PlanTest, ARenamedSingleFileTakesItsSidecarAlongAFolderBasedClipKeepsItsFileNames) {
     auto session = SessionWithClips();
     tree.MakeFile("src/A001.MOV");
     auto clip = AddClip(*session, "A001.MOV", {"A001.XMP", "notes.txt"}, "Shot_01");
-    clip->SetInPoint(10);
-    clip->SetOutPoint(20);
-    clip->SetFrameRate(1001);
+    Timed(clip, 10, 20, 1001);
     tree.MakeFile("src/PRIVATE/CLIP/C0001.MXF");
     AddClip(*session, "PRIVATE/CLIP/C0001.MXF", {"PRIVATE/CLIP/C0001.xmp"}, "Shot_02", /*single=*/false);
     AddDestination(*session, "p", true, /*applyRename=*/true);
@@ -352,7 +358,6 @@ TEST_P(HostedPlanTest, OnlyPlainFolderItemsAreRenamedAndATranscodeSettingIsNever
 
 INSTANTIATE_TEST_SUITE_P(Kinds, HostedPlanTest, ::testing::Values(5, 8));
 
-
 class TranscodePlanTest : public PlanTest {
 protected:
     const TranscodeSetting& TaskAt(std::size_t index) const { return tasks->Tasks().at(index).Transcode(); }
@@ -379,9 +384,7 @@ TEST_F(TranscodePlanTest, EachItemIsOneTaskFromACopyOfTheDestinationsSetting) {
     auto session = SessionWithClips();
     auto first = AddClip(*session, "A001.MOV", {}, "Shot_01");
     first->SetClipName(u"Beach take");
-    first->SetInPoint(5);
-    first->SetOutPoint(50);
-    first->SetFrameRate(25);
+    Timed(first, 5, 50, 25);
     AddClip(*session, "day2/A002.MOV")->SetClipName(u"Second");
     AddFolder(*session, "Empty", {});
     AddFolder(*session, "Card", {"Card/x.mxf", "Card/y.mxf"});
@@ -421,9 +424,7 @@ TEST_F(TranscodePlanTest, AStitchHoldsAllClipsInOrderAndCarriesTheMetadataEveryw
     auto session = SessionWithClips();
     auto first = AddClip(*session, "day1/A001.MOV", {}, "Shot_01");
     first->SetClipName(u"A001.MOV");
-    first->SetInPoint(1);
-    first->SetOutPoint(2);
-    first->SetFrameRate(3);
+    Timed(first, 1, 2, 3);
     AddClip(*session, "A002.MOV")->SetClipName(u"A002.MOV");
     auto own = Transcode(*AddDestination(*session, "p", true, /*applyRename=*/true), /*concatenate=*/true);
     Transcode(*AddDestination(*session, "b", false, /*applyRename=*/false, /*applyMetadata=*/true));
