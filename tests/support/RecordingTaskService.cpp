@@ -96,33 +96,12 @@ std::size_t RecordingTaskService::Count(TaskKind kind) const {
         tasks_.begin(), tasks_.end(), [kind](const RecordedTask& task) { return task.kind == kind; }));
 }
 
-template <class Setting> std::vector<Setting> RecordingTaskService::SettingsOf(TaskKind kind) const {
-    std::vector<Setting> settings;
-    for (const RecordedTask& task : tasks_) {
-        if (task.kind == kind)
-            settings.push_back(std::get<Setting>(task.setting));
-    }
-    return settings;
-}
-
 std::vector<QL::IngestTask::CopySetting> RecordingTaskService::Copies() const {
-    return SettingsOf<QL::IngestTask::CopySetting>(TaskKind::Copy);
-}
-
-std::vector<QL::IngestTask::TranscodeSetting> RecordingTaskService::Transcodes() const {
-    return SettingsOf<QL::IngestTask::TranscodeSetting>(TaskKind::Transcode);
-}
-
-std::vector<QL::IngestTask::TranscodeSetting> RecordingTaskService::Concatenates() const {
-    return SettingsOf<QL::IngestTask::TranscodeSetting>(TaskKind::Concatenate);
-}
-
-std::vector<QL::IngestTask::ImportSetting> RecordingTaskService::Imports() const {
-    return SettingsOf<QL::IngestTask::ImportSetting>(TaskKind::Import);
-}
-
-std::vector<QL::IngestTask::UpdateMetadataSetting> RecordingTaskService::UpdateMetadatas() const {
-    return SettingsOf<QL::IngestTask::UpdateMetadataSetting>(TaskKind::UpdateMetadata);
+    std::vector<QL::IngestTask::CopySetting> copies;
+    for (const RecordedTask& task : tasks_)
+        if (task.kind == TaskKind::Copy)
+            copies.push_back(task.Copy());
+    return copies;
 }
 
 ScopedTaskService::ScopedTaskService() : service_(std::make_shared<RecordingTaskService>()) {

@@ -11,7 +11,6 @@
 #include <cstddef>
 #include <memory>
 #include <set>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -58,10 +57,9 @@ public:
     void SubmitUpdateMetadataTask(const QL::IngestTask::UpdateMetadataSetting& setting,
                                   const fluxcore::utility::Guid& batch,
                                   const QL::IngestCustomData& data) override;
-    // True for the paths given to SetPathsInCopyList / AddPathInCopyList, compared exactly.
+    // True for the paths given to AddPathInCopyList, compared exactly.
     bool IsPathInCopyList(const Fnd::WString& path) const override;
 
-    void SetPathsInCopyList(std::set<Fnd::WString> paths) { pathsInCopyList_ = std::move(paths); }
     void AddPathInCopyList(const Fnd::WString& path) { pathsInCopyList_.insert(path); }
 
     // Every submission, in the order of submission.
@@ -69,16 +67,10 @@ public:
     std::size_t Count(TaskKind kind) const;
     void Clear() { tasks_.clear(); }
 
-    // The settings of one kind, in the order of submission.
+    // The copy settings, in the order of submission.
     std::vector<QL::IngestTask::CopySetting> Copies() const;
-    std::vector<QL::IngestTask::TranscodeSetting> Transcodes() const;
-    std::vector<QL::IngestTask::TranscodeSetting> Concatenates() const;
-    std::vector<QL::IngestTask::ImportSetting> Imports() const;
-    std::vector<QL::IngestTask::UpdateMetadataSetting> UpdateMetadatas() const;
 
 private:
-    template <class Setting> std::vector<Setting> SettingsOf(TaskKind kind) const;
-
     std::vector<RecordedTask> tasks_;
     std::set<Fnd::WString> pathsInCopyList_;
 };

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
@@ -112,6 +113,15 @@ Fnd::WString TempTree::MakeSymlink(std::string_view relative, std::string_view t
     if (::symlink(std::string(target).c_str(), path.c_str()) != 0)
         Fail("cannot link", path, errno);
     return Path(relative);
+}
+
+std::string ReadFileBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        throw std::runtime_error("cannot read " + path);
+    std::ostringstream content;
+    content << in.rdbuf();
+    return content.str();
 }
 
 } // namespace igd::test

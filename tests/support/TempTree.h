@@ -46,4 +46,8 @@ private:
     std::string root_;
 };
 
+// Every byte of a file, for comparing what was written; a file that cannot be read throws
+// std::runtime_error naming it, so a missing file never reads as empty.
+std::string ReadFileBytes(const std::string& path);
+
 } // namespace igd::test

@@ -194,9 +194,9 @@ TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAg
     for (int i = 1; i <= kClips; ++i) {
         char name[32];
         std::snprintf(name, sizeof name, "DCIM/C%03d.MOV", i);
-        const std::string original = ReadWholeFile(Native("card/" + std::string(name)));
-        EXPECT_EQ(ReadWholeFile(Native("main/card/" + std::string(name))), original) << name;
-        EXPECT_EQ(ReadWholeFile(Native("backup/card/" + std::string(name))), original) << name;
+        const std::string original = ReadFileBytes(Native("card/" + std::string(name)));
+        EXPECT_EQ(ReadFileBytes(Native("main/card/" + std::string(name))), original) << name;
+        EXPECT_EQ(ReadFileBytes(Native("backup/card/" + std::string(name))), original) << name;
     }
     EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
     EXPECT_TRUE(TemporariesBelow(Native("backup")).empty());
@@ -213,23 +213,6 @@ TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAg
         EXPECT_EQ(file.state, FileState::Verified) << Fnd::ToUTF8(file.target);
     EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), static_cast<std::size_t>(kClips));
     EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
-}
-
-TEST_F(IgdIngestCommandTest, FilesBringTheirSidecarsAndBecomeOneItemEach) {
-    tree.MakeFile("card/A001.MOV", "frames");
-    tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-    tree.MakeFile("card/A002.MOV", "more frames");
-    const Ran ran =
-        RunIgd({"ingest", Native("card/A001.MOV"), Native("card/A001.xmp"), Native("card/A002.MOV"), "--to",
-                Native("main"), "--bin", "Day 1", "--verify", "bit"});
-    EXPECT_EQ(ran.exitCode, 0) << ran.out << ran.err;
-    EXPECT_EQ(ReadWholeFile(Native("main/A001.xmp")), "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-    EXPECT_EQ(ReadWholeFile(Native("main/A002.MOV")), "more frames");
-    const auto items = Proj::Project::Open(home.ProjectPath())->Items();
-    ASSERT_EQ(items.size(), 2u) << "the sidecar travels with its clip, not as an item";
-    EXPECT_EQ(items[0].bin, u"Day 1");
-    EXPECT_EQ(items[0].extraPaths, std::vector<Fnd::WString>{tree.Path("main/A001.xmp")});
-    EXPECT_NE(ran.out.find("Done"), std::string::npos) << ran.out;
 }
 
 // A P2 card as a camera leaves it, with two clips, the card's own index file, and media put on it
@@ -270,20 +253,20 @@ TEST_F(IgdIngestCardTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMeta
         const std::string card = Native(destination + "/CARD01/");
         for (const std::string id : {"0001AB", "0002AB"}) {
             // The card's structure refers to its files by name: they land together, as they were.
-            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/VIDEO/" + id + ".MXF"), "video " + id);
-            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/AUDIO/" + id + "00.MXF"), "audio " + id);
-            EXPECT_EQ(ReadWholeFile(card + "CONTENTS/ICON/" + id + ".BMP"), "icon " + id);
+            EXPECT_EQ(ReadFileBytes(card + "CONTENTS/VIDEO/" + id + ".MXF"), "video " + id);
+            EXPECT_EQ(ReadFileBytes(card + "CONTENTS/AUDIO/" + id + "00.MXF"), "audio " + id);
+            EXPECT_EQ(ReadFileBytes(card + "CONTENTS/ICON/" + id + ".BMP"), "icon " + id);
             EXPECT_TRUE(std::filesystem::exists(card + "CONTENTS/CLIP/" + id + ".XML"));
         }
         // The custom counter numbers the items in order: two card clips, then B001, then the sound.
-        EXPECT_EQ(ReadWholeFile(card + "EXTRA/B001_003.MOV"), "b camera");
-        EXPECT_EQ(ReadWholeFile(card + "EXTRA/sound_004.WAV"), "sound");
+        EXPECT_EQ(ReadFileBytes(card + "EXTRA/B001_003.MOV"), "b camera");
+        EXPECT_EQ(ReadFileBytes(card + "EXTRA/sound_004.WAV"), "sound");
         EXPECT_FALSE(std::filesystem::exists(card + "EXTRA/B001.MOV"));
         EXPECT_FALSE(std::filesystem::exists(card + "EXTRA/B001.xmp"));
         EXPECT_FALSE(std::filesystem::exists(card + "LASTCLIP.TXT")) << "index files are no media";
         for (const std::string sidecar :
              {"EXTRA/B001_003.xmp", "EXTRA/sound_004.xmp", "CONTENTS/VIDEO/0001AB.xmp"}) {
-            const std::string xmp = ReadWholeFile(card + sidecar);
+            const std::string xmp = ReadFileBytes(card + sidecar);
             EXPECT_NE(xmp.find("<Production:scene>12</Production:scene>"), std::string::npos)
                 << sidecar << xmp;
             EXPECT_NE(xmp.find("<Production:take>3</Production:take>"), std::string::npos) << sidecar;
@@ -313,9 +296,9 @@ TEST_F(IgdIngestCardTest, AFolderOfCardsIsOpenedLikeACardReader) {
     tree.MakeFile("SHOOT/Sound/notes.txt", "no media");
     const Ran ran = RunIgd({"ingest", Native("SHOOT"), "--to", Native("main")});
     ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
-    EXPECT_EQ(ReadWholeFile(Native("main/CARD01/CONTENTS/VIDEO/0001AB.MXF")), "video 0001AB");
-    EXPECT_EQ(ReadWholeFile(Native("main/CARD01/EXTRA/B001.MOV")), "b camera");
-    EXPECT_EQ(ReadWholeFile(Native("main/Sound/ROLL1.WAV")), "roll one");
+    EXPECT_EQ(ReadFileBytes(Native("main/CARD01/CONTENTS/VIDEO/0001AB.MXF")), "video 0001AB");
+    EXPECT_EQ(ReadFileBytes(Native("main/CARD01/EXTRA/B001.MOV")), "b camera");
+    EXPECT_EQ(ReadFileBytes(Native("main/Sound/ROLL1.WAV")), "roll one");
     EXPECT_FALSE(std::filesystem::exists(Native("main/Sound/notes.txt")));
     EXPECT_FALSE(std::filesystem::exists(Native("main/SHOOT")));
     EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), 5u) << "two card clips, three files";
@@ -342,19 +325,6 @@ TEST_F(IgdIngestCardTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
         EXPECT_TRUE(std::filesystem::is_empty(Native("main")));
     }
     EXPECT_TRUE(Proj::Project::Open(home.ProjectPath())->Items().empty());
-}
-
-TEST_F(IgdIngestCardTest, PrimaryOnlyScopeLeavesTheBackupAsTheCameraNamedIt) {
-    const Ran ran =
-        Ingest({"--to", Native("main"), "--to", Native("backup"), "--subfolder", " Day 1 ", "--rename-preset",
-                "Camera roll", "--rename-scope", "primary", "--start-number", "100"});
-    ASSERT_EQ(ran.exitCode, 0) << ran.out << ran.err;
-    EXPECT_EQ(ReadWholeFile(Native("main/Day 1/CARD01/EXTRA/B001_102.MOV")), "b camera");
-    EXPECT_TRUE(std::filesystem::exists(Native("main/Day 1/CARD01/EXTRA/B001_102.xmp")));
-    EXPECT_EQ(ReadWholeFile(Native("backup/Day 1/CARD01/EXTRA/B001.MOV")), "b camera");
-    EXPECT_TRUE(std::filesystem::exists(Native("backup/Day 1/CARD01/EXTRA/B001.xmp")));
-    EXPECT_EQ(RunIgd({"prefs", "get", "IGD.IngestDestinationSettingImpl.UserDefAutoIncStartNumber"}).out,
-              "104\n");
 }
 
 TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndCopiesNothing) {

@@ -1,3 +1,4 @@
+// The session a host or the dialog fills: its identities, what it owns, what Reset keeps.
 #include <gtest/gtest.h>
 
 #include "IGD/SelectedClipItem.h"
@@ -5,12 +6,14 @@
 #include "pipeline/session/IngestDialogData.h"
 #include "support/CountedUnknown.h"
 
-namespace IGD {
+namespace igd::test {
 namespace {
+
+using namespace IGD;
 
 // A preset that counts its references and tells when it dies, so the session's ownership of
 // presets can be observed.
-class CountedPreset final : public igd::test::CountedUnknown<QL::IQLPreset> {
+class CountedPreset final : public CountedUnknown<QL::IQLPreset> {
 public:
     explicit CountedPreset(bool* destroyed) : destroyed_(destroyed) {}
     ~CountedPreset() override { *destroyed_ = true; }
@@ -101,33 +104,6 @@ TEST(IngestDialogDataState, ResetEmptiesTheListsAndKeepsEverythingElse) {
     EXPECT_FALSE(presetDestroyed);
 }
 
-TEST(IngestDialogDataState, ListsAreHandedOutAsCopiesHoldingTheirOwnReferencesAndKeepEqualPaths) {
-    IngestDialogDataRef session = NewSession();
-    boost::intrusive_ptr<SelectedClipItem> item(new SelectedClipItem(u"a.mov"));
-    session->AddSelectedItem(item);
-    SelectedItemList snapshot = session->GetSelectedItems();
-    EXPECT_EQ(item->GetRefCount(), 3u);
-
-    // Items are not told apart by path.
-    session->AddSelectedItem(new SelectedClipItem(u"a.mov"));
-    EXPECT_EQ(session->GetSelectedItems().size(), 2u);
-    session->Reset();
-    ASSERT_EQ(snapshot.size(), 1u);
-    EXPECT_EQ(snapshot[0]->GetItemPath(), u"a.mov");
-}
-
-TEST(IngestDialogDataState, ReplacingAPresetReleasesTheOldOne) {
-    bool firstDestroyed = false;
-    bool secondDestroyed = false;
-    IngestDialogDataRef session = NewSession();
-    session->SetMetadataPreset(PresetRef(new CountedPreset(&firstDestroyed)));
-    session->SetMetadataPreset(PresetRef(new CountedPreset(&secondDestroyed)));
-    EXPECT_TRUE(firstDestroyed);
-    EXPECT_FALSE(secondDestroyed);
-    session->SetMetadataPreset(nullptr);
-    EXPECT_TRUE(secondDestroyed);
-}
-
 TEST(IngestDialogDataState, CopyDecisionsAreKeyedByDestinationIdentity) {
     IngestDialogDataRef session = NewSession();
     IngestDestinationRef destination(new IngestDestination());
@@ -192,16 +168,5 @@ TEST(FullPaths, JoinTheNormalisedBaseWithTheSubfolderOrTheItemsPaths) {
     EXPECT_EQ(full, (std::vector<Fnd::WString>{u"kept", u"/card/CLIPS/a.mov", u"/card/CLIPS/sub/b.mov"}));
 }
 
-TEST(SelectedClipItemPoints, BothPointsMustBeValidToCount) {
-    boost::intrusive_ptr<SelectedClipItem> clip(new SelectedClipItem(u"a.mov"));
-    EXPECT_FALSE(clip->HasInOutPoints());
-    clip->SetInPoint(100);
-    EXPECT_FALSE(clip->HasInOutPoints());
-    clip->SetOutPoint(200);
-    EXPECT_TRUE(clip->HasInOutPoints());
-    clip->ClearInOutPoints();
-    EXPECT_FALSE(clip->HasInOutPoints());
-}
-
 } // namespace
-} // namespace IGD
+} // namespace igd::test

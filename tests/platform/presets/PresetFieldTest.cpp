@@ -8,8 +8,10 @@
 #include "Fnd/PathUtils.h"
 #include "QL/PresetFieldFactory.h"
 
-namespace QL {
+namespace igd::test {
 namespace {
+
+using namespace QL;
 
 const _QLPresetFieldType kAllTypes[] = {
     kQLFieldAutoIncrement, kQLFieldCustomText,   kQLFieldCreationDate,
@@ -66,28 +68,6 @@ TEST(PresetField, CopyKeepsAllFiveThingsAndIsIndependent) {
     EXPECT_EQ(Whole(*source), before);
 }
 
-TEST(PresetField, CopyOfNullIsAProgrammingFault) {
-    EXPECT_THROW(CreatePresetField(Fnd::InterfaceRef<IQLPresetField>()), Fnd::NullInterfaceException);
-}
-
-TEST(PredefinedFieldValues, CounterMasksGrowStrictlyInWidth) {
-    for (auto type : {kQLFieldAutoIncrement, kQLFieldUserDefinedAutoIncrement}) {
-        const auto masks = GetPredefinedFieldValues(type);
-        ASSERT_GE(masks.size(), 2u);
-        for (std::size_t i = 1; i < masks.size(); ++i)
-            EXPECT_GT(masks[i].size(), masks[i - 1].size()) << "type " << type << " entry " << i;
-    }
-}
-
-TEST(PredefinedFieldValues, CreationAndIngestListsAreEqualPairsAndTextTypesHaveNone) {
-    EXPECT_EQ(GetPredefinedFieldValues(kQLFieldCreationDate), GetPredefinedFieldValues(kQLFieldIngestDate));
-    EXPECT_EQ(GetPredefinedFieldValues(kQLFieldCreationTime), GetPredefinedFieldValues(kQLFieldIngestTime));
-    EXPECT_FALSE(GetPredefinedFieldValues(kQLFieldCreationDate).empty());
-    EXPECT_FALSE(GetPredefinedFieldValues(kQLFieldCreationTime).empty());
-    for (auto type : {kQLFieldCustomText, kQLFieldFileName, kQLFieldMetadata})
-        EXPECT_TRUE(GetPredefinedFieldValues(type).empty()) << type;
-}
-
 // Patterns are rendered into file names, so their separators must be legal there too.
 TEST(PredefinedFieldValues, DatesAndTimesAreMadeOnlyOfTheirTokensAndFileNameSafeSeparators) {
     const std::regex date("^(%[Yymd]|[-_. ])*%[Yymd](%[Yymd]|[-_. ])*$");
@@ -101,4 +81,4 @@ TEST(PredefinedFieldValues, DatesAndTimesAreMadeOnlyOfTheirTokensAndFileNameSafe
 }
 
 } // namespace
-} // namespace QL
+} // namespace igd::test

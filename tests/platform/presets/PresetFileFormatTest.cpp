@@ -5,8 +5,10 @@
 #include "QL/PresetFileReader.h"
 #include "QL/PresetFileWriter.h"
 
-namespace QL {
+namespace igd::test {
 namespace {
+
+using namespace QL;
 
 PresetDocument TrickyRenameDocument() {
     PresetDocument document;
@@ -140,4 +142,4 @@ TEST(PresetFileFormat, UnknownElementsBesideFieldsAreIgnoredWithinAVersion) {
 }
 
 } // namespace
-} // namespace QL
+} // namespace igd::test

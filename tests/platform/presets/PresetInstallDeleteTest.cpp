@@ -17,13 +17,13 @@ protected:
 
 TEST_F(PresetInstall, CopiesTheFileIntoTheUserFolderAndAnswersTheUserPreset) {
     const Fnd::WString source = Outside("Roll (1).igdrename", RenameDocument(u"Roll"));
-    const std::string sourceBytes = ReadBytes(Fnd::ToUTF8(source));
+    const std::string sourceBytes = ReadFileBytes(Fnd::ToUTF8(source));
     auto installed = Manager()->InstallPreset(source);
     ASSERT_TRUE(installed);
     EXPECT_EQ(installed->GetName(true), u"Roll");
     EXPECT_TRUE(installed->IsUserPreset());
     EXPECT_EQ(installed->GetPath(), Fnd::FromUTF8(UserFile("Roll.igdrename")));
-    EXPECT_EQ(ReadBytes(Fnd::ToUTF8(source)), sourceBytes);
+    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(source)), sourceBytes);
 
     const auto listed = Manager()->GetUserPresets(false);
     ASSERT_EQ(listed.size(), 1u);
@@ -76,7 +76,7 @@ TEST_F(PresetInstall, BadFilesInstallNothingAndSayWhy) {
         EXPECT_EQ(warnings[0].path, Fnd::ToUTF8(path));
         EXPECT_NE(warnings[0].reason.find(bad.reason), std::string::npos)
             << bad.what << ": " << warnings[0].reason;
-        EXPECT_EQ(ReadBytes(Fnd::ToUTF8(path)), bad.bytes);
+        EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(path)), bad.bytes);
     }
     EXPECT_FALSE(Manager()->InstallPreset(u""));
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(tree.Path("home/presets/rename"), false));

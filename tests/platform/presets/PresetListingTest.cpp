@@ -78,7 +78,7 @@ TEST_F(PresetListing, MalformedFilesAreSkippedReportedOnceAndLeftAsTheyAre) {
         return QL::SerializePresetDocument(document);
     }());
     WriteUserFile("Good.igdrename", RenameDocument(u"Good"));
-    const std::string cutBytes = ReadBytes(truncated);
+    const std::string cutBytes = ReadFileBytes(truncated);
 
     EXPECT_EQ(Names(Manager()->GetUserPresets(false)), (std::vector<std::string>{"Good"}));
     EXPECT_EQ(Names(Manager()->GetUserPresets(false)), (std::vector<std::string>{"Good"}));
@@ -92,7 +92,7 @@ TEST_F(PresetListing, MalformedFilesAreSkippedReportedOnceAndLeftAsTheyAre) {
     EXPECT_NE(reasons[wrongFolder].find("metadata preset in the folder of rename presets"),
               std::string::npos);
 
-    EXPECT_EQ(ReadBytes(truncated), cutBytes);
+    EXPECT_EQ(ReadFileBytes(truncated), cutBytes);
     EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(empty), false));
 
     // Mended, the file is read and its preset listed.
@@ -113,7 +113,7 @@ TEST_F(PresetListing, AWarningHandlerMayListPresetsItself) {
 TEST_F(PresetListing, SystemPresetsAreReadOnly) {
     const std::string path =
         Fnd::ToUTF8(tree.MakeFile("system/rename/Shipped.igdrename", RenameDocument(u"Shipped")));
-    const std::string bytes = ReadBytes(path);
+    const std::string bytes = ReadFileBytes(path);
     auto manager = Manager();
     auto system = manager->GetSystemPresets();
     ASSERT_EQ(system.size(), 1u);
@@ -123,7 +123,7 @@ TEST_F(PresetListing, SystemPresetsAreReadOnly) {
     EXPECT_EQ(manager->SavePreset(system[0], u"Shipped", u"", true, u"Shipped"), kPresetReadOnly);
     EXPECT_EQ(manager->SavePreset(system[0], u"Mine", u"", false, u"Mine"), kPresetReadOnly);
     EXPECT_EQ(manager->DeletePreset(system[0]), kPresetReadOnly);
-    EXPECT_EQ(ReadBytes(path), bytes);
+    EXPECT_EQ(ReadFileBytes(path), bytes);
     // A copy the user edits and saves under a name of their own becomes a user preset.
     auto mine = manager->CreatePreset();
     mine->SetFields(system[0]->ClonePreset(false)->GetFields());

@@ -4,10 +4,10 @@
 #include "PresetTestSupport.h"
 #include "QL/PresetObject.h"
 
-namespace QL {
+namespace igd::test {
 namespace {
 
-using igd::test::Field;
+using namespace QL;
 
 Fnd::InterfaceRef<PresetObject> SavedLookingPreset() {
     auto preset = PresetObject::Create(
@@ -70,4 +70,4 @@ TEST(PresetIdentity, DiffersBetweenPresetsAndFollowsThePathForFilePresets) {
 }
 
 } // namespace
-} // namespace QL
+} // namespace igd::test

@@ -37,7 +37,7 @@ TEST_F(PresetSave, ANewManagerOfANewServiceReadsBackTheSameFields) {
 TEST_F(PresetSave, AnExistingNameAnswersNameExistsAndLeavesThatFileByteForByte) {
     auto manager = Manager();
     auto saved = SaveNew(*manager, u"Day", {Field(kQLFieldCustomText, u"one")});
-    const std::string before = ReadBytes(UserFile("Day.igdrename"));
+    const std::string before = ReadFileBytes(UserFile("Day.igdrename"));
 
     // Saving as new never replaces, not even the preset's own file.
     saved->SetFields({Field(kQLFieldCustomText, u"changed")});
@@ -49,7 +49,7 @@ TEST_F(PresetSave, AnExistingNameAnswersNameExistsAndLeavesThatFileByteForByte) 
         EXPECT_EQ(manager->SavePreset(other, name, u"", false, name), kPresetNameExists) << Fnd::ToUTF8(name);
         EXPECT_EQ(other->GetPath(), u"");
     }
-    EXPECT_EQ(ReadBytes(UserFile("Day.igdrename")), before);
+    EXPECT_EQ(ReadFileBytes(UserFile("Day.igdrename")), before);
     EXPECT_EQ(Names(manager->GetUserPresets(false)), (std::vector<std::string>{"Day"}));
 
     // The name held inside a file of another name is taken too, and a file of that name that
@@ -59,7 +59,7 @@ TEST_F(PresetSave, AnExistingNameAnswersNameExistsAndLeavesThatFileByteForByte) 
     for (const char16_t* name : {u"Roll", u"Take"})
         EXPECT_EQ(manager->SavePreset(manager->CreatePreset(), name, u"", false, name), kPresetNameExists)
             << Fnd::ToUTF8(name);
-    EXPECT_EQ(ReadBytes(unreadable), "<preset");
+    EXPECT_EQ(ReadFileBytes(unreadable), "<preset");
 }
 
 TEST_F(PresetSave, OverwriteRewritesThePresetsOwnFile) {
@@ -81,10 +81,10 @@ TEST_F(PresetSave, SavingUnderANewNameWithOverwriteMovesTheFileAndNeverReplacesA
     auto manager = Manager();
     auto day = SaveNew(*manager, u"day", {Field(kQLFieldCustomText, u"one")});
     SaveNew(*manager, u"Roll", {Field(kQLFieldCustomText, u"roll")});
-    const std::string rollBytes = ReadBytes(UserFile("Roll.igdrename"));
+    const std::string rollBytes = ReadFileBytes(UserFile("Roll.igdrename"));
 
     EXPECT_EQ(manager->SavePreset(day, u"roll", u"", true, u"roll"), kPresetNameExists);
-    EXPECT_EQ(ReadBytes(UserFile("Roll.igdrename")), rollBytes);
+    EXPECT_EQ(ReadFileBytes(UserFile("Roll.igdrename")), rollBytes);
 
     // A change of case only is still the same preset.
     EXPECT_EQ(manager->SavePreset(day, u"Day", u"", true, u"Day"), kPresetOK);
@@ -127,11 +127,11 @@ TEST_F(PresetSave, ContentAFileCannotKeepIsRefused) {
 TEST_F(PresetSave, TypedValuesStayInTheObjectsAndNeverReachTheFile) {
     auto manager = Manager(kQLPresetCategoryMetadata);
     auto preset = SaveNew(*manager, u"Production", {Field(kQLFieldMetadata, u"default", u"scene", true)});
-    const std::string bytes = ReadBytes(UserFile("Production.igdmetadata", "metadata"));
+    const std::string bytes = ReadFileBytes(UserFile("Production.igdmetadata", "metadata"));
 
     manager->GetUserPresets(false)[0]->GetFields()[0]->SetValue(u"typed 14B");
     EXPECT_EQ(manager->GetUserPresets(false)[0]->GetFields()[0]->GetValue(), u"typed 14B");
-    EXPECT_EQ(ReadBytes(UserFile("Production.igdmetadata", "metadata")), bytes);
+    EXPECT_EQ(ReadFileBytes(UserFile("Production.igdmetadata", "metadata")), bytes);
     EXPECT_EQ(bytes.find("typed"), std::string::npos);
 
     const auto fresh = NewService()->InstantiateManager(kQLPresetCategoryMetadata)->GetUserPresets(false);
@@ -166,7 +166,7 @@ TEST_F(PresetSave, AUserFolderThatCannotBeMadeAnswersWriteFailed) {
     auto preset = Manager()->CreatePreset();
     EXPECT_EQ(Manager()->SavePreset(preset, u"Day", u"", false, u"Day"), kPresetWriteFailed);
     EXPECT_EQ(preset->GetPath(), u"");
-    EXPECT_EQ(ReadBytes(tree.NativePath("home/presets/rename")), "a file where the folder should be");
+    EXPECT_EQ(ReadFileBytes(tree.NativePath("home/presets/rename")), "a file where the folder should be");
 }
 
 } // namespace

@@ -16,23 +16,10 @@
 #include "QL/PresetFieldFactory.h"
 #include "QL/PresetFileWriter.h"
 #include "QL/PresetLoadWarnings.h"
+#include "support/PresetFields.h"
 #include "support/TempTree.h"
 
 namespace igd::test {
-
-inline std::string ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-inline Fnd::InterfaceRef<QL::IQLPresetField> Field(QL::_QLPresetFieldType type, std::u16string_view format,
-                                                   std::u16string_view key = {}, bool required = false) {
-    auto field = QL::CreatePresetField(type);
-    field->SetKey(Fnd::WString(key));
-    field->SetFormat(Fnd::WString(format));
-    field->SetRequired(required);
-    return field;
-}
 
 class PresetServiceTest : public ::testing::Test {
 protected:

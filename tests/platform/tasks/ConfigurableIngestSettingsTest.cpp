@@ -8,6 +8,7 @@
 #include "QL/Utilities.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using QL::Utilities;
@@ -33,7 +34,7 @@ protected:
     void WriteSiteFile(const std::string& content) { tree_.MakeFile("site/ingest-settings.xml", content); }
     std::string SiteFilePath() const { return tree_.NativePath("site/ingest-settings.xml"); }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
     std::vector<std::string> warnings_;
 
 private:
@@ -148,3 +149,4 @@ TEST_F(SiteSettingsTest, AnEmptyHandlerDropsWarnings) {
 }
 
 } // namespace
+} // namespace igd::test

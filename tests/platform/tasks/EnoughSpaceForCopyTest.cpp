@@ -13,6 +13,7 @@
 #include "QL/IngestUtils.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using QL::IngestUtils;
@@ -41,7 +42,7 @@ std::uint64_t FreeBytes(const std::string& path) {
 
 // A file that claims size bytes but occupies no blocks, so that sizes near a disk's free space
 // cost nothing to make.
-Fnd::WString MakeSparseFile(igd::test::TempTree& tree, const std::string& relative, std::uint64_t size) {
+Fnd::WString MakeSparseFile(TempTree& tree, const std::string& relative, std::uint64_t size) {
     const Fnd::WString path = tree.MakeFile(relative);
     EXPECT_EQ(::truncate(tree.NativePath(relative).c_str(), static_cast<off_t>(size)), 0);
     return path;
@@ -50,7 +51,7 @@ Fnd::WString MakeSparseFile(igd::test::TempTree& tree, const std::string& relati
 // A small tmpfs of known size, unmounted at the end; only root may make one.
 class SmallTmpfs {
 public:
-    SmallTmpfs(igd::test::TempTree& tree, const std::string& relative, std::uint64_t size)
+    SmallTmpfs(TempTree& tree, const std::string& relative, std::uint64_t size)
         : path_(tree.NativePath(relative)) {
         tree.MakeFolder(relative);
         const std::string options = "size=" + std::to_string(size);
@@ -68,7 +69,7 @@ private:
 };
 
 TEST(EnoughSpaceForCopy, OnASmallTmpfsDestinationsOfOneFilesystemShareItsSpace) {
-    igd::test::TempTree tree;
+    TempTree tree;
     SmallTmpfs disk(tree, "disk", 1 * kMiB);
     if (!disk.Mounted())
         GTEST_SKIP() << "mounting a tmpfs was refused (not root, or no capability)";
@@ -93,7 +94,7 @@ TEST(EnoughSpaceForCopy, OnASmallTmpfsDestinationsOfOneFilesystemShareItsSpace) 
 }
 
 TEST(EnoughSpaceForCopy, TwoDestinationsOnOneFilesystemAreCountedTogether) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::uint64_t free = FreeBytes(tree.NativePath());
     // 60% of the free space: one copy fits, two do not, whatever other processes write meanwhile
     // within a few percent.
@@ -114,7 +115,7 @@ TEST(EnoughSpaceForCopy, TwoDestinationsOnOneFilesystemAreCountedTogether) {
 }
 
 TEST(EnoughSpaceForCopy, DestinationsOnDifferentFilesystemsAreCountedApart) {
-    igd::test::TempTree tree;
+    TempTree tree;
     struct stat work {
     }, shm{};
     if (::stat("/dev/shm", &shm) != 0 || ::stat(tree.NativePath().c_str(), &work) != 0 ||
@@ -126,7 +127,7 @@ TEST(EnoughSpaceForCopy, DestinationsOnDifferentFilesystemsAreCountedApart) {
 }
 
 TEST(EnoughSpaceForCopy, FolderSourcesCountTheirTreeOnceAndFollowNoLinks) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::uint64_t free = FreeBytes(tree.NativePath());
     const Fnd::WString destination = tree.MakeFolder("out");
     // Larger than the whole disk, reachable only through a link.
@@ -160,7 +161,7 @@ TEST(EnoughSpaceForCopy, FolderSourcesCountTheirTreeOnceAndFollowNoLinks) {
 }
 
 TEST(EnoughSpaceForCopy, AnEmptyDestinationFailsWithoutAPath) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const Fnd::WString clip = tree.MakeFile("A001.MOV", "frames");
     const SpaceAnswer answer = Ask({clip}, {tree.MakeFolder("out"), u""});
     EXPECT_FALSE(answer.enough);
@@ -169,3 +170,4 @@ TEST(EnoughSpaceForCopy, AnEmptyDestinationFailsWithoutAPath) {
 }
 
 } // namespace
+} // namespace igd::test

@@ -11,6 +11,7 @@
 #include "support/ScriptedInteractionDriver.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using QL::IngestUtils;
@@ -27,7 +28,7 @@ protected:
     Fnd::WString Resolve(const std::string& relative) const {
         return relative.empty() ? Fnd::WString() : tree.Path(relative);
     }
-    igd::test::TempTree tree;
+    TempTree tree;
 };
 
 TEST_F(IngestUtilsOnDisk, PathChecksNameTheFirstFailingPath) {
@@ -118,7 +119,7 @@ protected:
 
 TEST_F(WarnUserForExistPath, NobodyToAskOrCancelAnswersFalseAndLeavesTheOutValues) {
     EXPECT_FALSE(Warn(false, true, false));
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     ui->QueueExistingPathCancel();
     EXPECT_FALSE(Warn(false, true, false));
     EXPECT_EQ(action, -7);
@@ -126,7 +127,7 @@ TEST_F(WarnUserForExistPath, NobodyToAskOrCancelAnswersFalseAndLeavesTheOutValue
 }
 
 TEST_F(WarnUserForExistPath, AsksAboutTheTargetAndHonoursApplyToAllOnlyWhereOffered) {
-    igd::test::ScopedInteractionDriver ui;
+    ScopedInteractionDriver ui;
     ui->QueueExistingPathAnswer(QL::kCopyActionReplace, true);
     ui->QueueExistingPathAnswer(QL::kCopyActionKeepBoth, true);
     ASSERT_TRUE(Warn(true, true, true));
@@ -147,3 +148,4 @@ TEST_F(WarnUserForExistPath, AsksAboutTheTargetAndHonoursApplyToAllOnlyWhereOffe
 }
 
 } // namespace
+} // namespace igd::test

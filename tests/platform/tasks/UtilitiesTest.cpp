@@ -6,13 +6,14 @@
 #include "QL/Utilities.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using QL::Utilities;
 using Paths = std::vector<Fnd::WString>;
 
 TEST(ExtendFolderPaths, FoldersBeforeTheirContentInByteOrderWithoutEnteringLinks) {
-    igd::test::TempTree tree;
+    TempTree tree;
     for (const char* file : {"card/b/x.mov", "card/a.mov", "card/a", "card/.hidden", "card/z.mov",
                              "card/\xC3\xA9.mov"}) // é sorts after every ASCII name
         tree.MakeFile(file);
@@ -36,7 +37,7 @@ TEST(ExtendFolderPaths, FoldersBeforeTheirContentInByteOrderWithoutEnteringLinks
 }
 
 TEST(GetXMPPath, PrefersStemSidecarThenNameSidecarThenDefault) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const Fnd::WString media = tree.MakeFile("A001.MOV");
     EXPECT_EQ(Utilities::GetXMPPath(media), tree.Path("A001.xmp"));
     const Fnd::WString nameSidecar = tree.MakeFile("A001.MOV.xmp");
@@ -89,3 +90,4 @@ TEST(RenameSideCarFile, FollowsTheNewNameBesideTheMedia) {
 }
 
 } // namespace
+} // namespace igd::test

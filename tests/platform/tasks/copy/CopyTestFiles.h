@@ -8,7 +8,6 @@
 
 namespace igd::test {
 
-std::string ReadWhole(const std::string& path);
 void WriteWhole(const std::string& path, const std::string& content);
 // Streams both files: large copies cost no memory.
 bool SameContent(const std::string& a, const std::string& b);

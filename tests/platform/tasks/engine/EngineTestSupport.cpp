@@ -125,13 +125,6 @@ QL::IngestTask::CopySetting CopyOf(std::vector<QL::IngestTask::CopyUnitRef> unit
     return setting;
 }
 
-std::string ReadWholeFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    return content.str();
-}
-
 std::vector<std::string> TemporariesIn(const std::string& folder) {
     std::vector<std::string> names;
     if (DIR* dir = ::opendir(folder.c_str())) {

@@ -73,7 +73,6 @@ QL::IngestTask::CopyUnitRef FileUnit(const Fnd::WString& sourceFolder, const Fnd
 QL::IngestTask::CopySetting CopyOf(std::vector<QL::IngestTask::CopyUnitRef> units, std::uint32_t verifyMode,
                                    bool addToProject);
 
-std::string ReadWholeFile(const std::string& path);
 // Names in the folder that the copier uses for its temporaries.
 std::vector<std::string> TemporariesIn(const std::string& folder);
 

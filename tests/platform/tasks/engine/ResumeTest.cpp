@@ -97,7 +97,7 @@ TEST_F(ResumeTest, EachStateACrashLeavesIsFinishedAndNothingVerifiedIsCopiedAgai
     EXPECT_EQ(InodeOf(Main("A001.MOV")), a001);
     EXPECT_EQ(InodeOf(Main("A003.MOV")), a003);
     for (const char* name : {"A001.MOV", "A002.MOV", "A003.MOV", "A004.MOV", "A005.MOV"})
-        EXPECT_EQ(ReadWholeFile(Main(name)), ReadWholeFile(Card(name))) << name;
+        EXPECT_EQ(ReadFileBytes(Main(name)), ReadFileBytes(Card(name))) << name;
     EXPECT_TRUE(TemporariesIn(Fnd::ToUTF8(destination)).empty());
 
     const std::optional<JournalBatch> after = service.GetJournal().LoadBatch(batch);
@@ -121,7 +121,7 @@ TEST_F(ResumeTest, ATargetThatOnlyLooksLikeTheCopyIsNeitherAdoptedNorOverwritten
     ::utimensat(AT_FDCWD, Card("A001.MOV").c_str(), times, 0);
     tree.MakeFile("card/A001.MOV", std::string(300u << 10, 'x'));
     ::utimensat(AT_FDCWD, Card("A001.MOV").c_str(), times, 0);
-    const std::string theirs = ReadWholeFile(Main("A001.MOV"));
+    const std::string theirs = ReadFileBytes(Main("A001.MOV"));
     files[0].state = FileState::Copying;
     Record(files);
 
@@ -130,7 +130,7 @@ TEST_F(ResumeTest, ATargetThatOnlyLooksLikeTheCopyIsNeitherAdoptedNorOverwritten
     const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
     EXPECT_EQ(outcome.filesFailed, 1u);
     EXPECT_EQ(outcome.filesCopied, 4u);
-    EXPECT_EQ(ReadWholeFile(Main("A001.MOV")), theirs);
+    EXPECT_EQ(ReadFileBytes(Main("A001.MOV")), theirs);
     EXPECT_EQ(log.FileOutcome(Fnd::FromUTF8(Main("A001.MOV")))->reason, u"target exists");
 }
 

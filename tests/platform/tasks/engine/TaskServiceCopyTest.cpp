@@ -48,7 +48,7 @@ TEST_P(VerifyModeTest, CopiesVerifiesAndJournalsEachFileOnlyOnceStarted) {
     EXPECT_EQ(outcome.filesCopied, 2u);
     EXPECT_EQ(outcome.bytesRead, 12u + (3u << 20));
     for (const char* name : {"A001.MOV", "A002.MOV"})
-        EXPECT_EQ(ReadWholeFile(Native(primary, name)), ReadWholeFile(Native(source, name))) << name;
+        EXPECT_EQ(ReadFileBytes(Native(primary, name)), ReadFileBytes(Native(source, name))) << name;
 
     const FileOutcomeMessage* small = log.FileOutcome(Fnd::FromUTF8(Native(primary, "A001.MOV")));
     ASSERT_NE(small, nullptr);
@@ -117,8 +117,8 @@ TEST_F(TaskServiceCopyTest, TwoDestinationsReadEachSourceOnceAndReportInSubmissi
         const std::string path = Native(source, name);
         expectedSources.insert(expectedSources.end(), 2, Fnd::FromUTF8(path));
         EXPECT_EQ(backend->Reads(path), 1) << name;
-        EXPECT_EQ(ReadWholeFile(Native(primary, name)), ReadWholeFile(path));
-        EXPECT_EQ(ReadWholeFile(Native(backup, name)), ReadWholeFile(path));
+        EXPECT_EQ(ReadFileBytes(Native(primary, name)), ReadFileBytes(path));
+        EXPECT_EQ(ReadFileBytes(Native(backup, name)), ReadFileBytes(path));
     }
     std::vector<Fnd::WString> reportedSources;
     for (const FileOutcomeMessage& file : log.files)
@@ -205,10 +205,10 @@ TEST_F(TaskServiceCopyTest, AFolderAnsweredKeepBothOrReplaceIsMergedIntoNeverEmp
     StartBatch(batch);
 
     EXPECT_EQ(RunUntilOutcome(log, batch).status, OutcomeStatus::Succeeded);
-    EXPECT_EQ(ReadWholeFile(Native(primary, "card/notes.txt")), "the editor's notes");
-    EXPECT_EQ(ReadWholeFile(Native(primary, "card/CLIP/A001.MOV")), "the take already there");
-    EXPECT_EQ(ReadWholeFile(Native(primary, "card/CLIP/A001 (1).MOV")), "new take");
-    EXPECT_EQ(ReadWholeFile(Native(primary, "card/CLIP/A002.MOV")), "second");
+    EXPECT_EQ(ReadFileBytes(Native(primary, "card/notes.txt")), "the editor's notes");
+    EXPECT_EQ(ReadFileBytes(Native(primary, "card/CLIP/A001.MOV")), "the take already there");
+    EXPECT_EQ(ReadFileBytes(Native(primary, "card/CLIP/A001 (1).MOV")), "new take");
+    EXPECT_EQ(ReadFileBytes(Native(primary, "card/CLIP/A002.MOV")), "second");
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(primary + u"/card (1)", false));
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(primary + u"/card/CLIP (1)", false));
 }
@@ -278,7 +278,7 @@ TEST_F(TaskServiceCopyTest, ADestinationThatCannotBeMadeFailsItsFilesAndLeavesNo
     ASSERT_NE(failed, nullptr);
     EXPECT_NE(Fnd::ToUTF8(failed->reason).find("Not a directory"), std::string::npos)
         << Fnd::ToUTF8(failed->reason);
-    EXPECT_EQ(ReadWholeFile(Native(backup, "A001.MOV")), "frames");
+    EXPECT_EQ(ReadFileBytes(Native(backup, "A001.MOV")), "frames");
 }
 
 } // namespace

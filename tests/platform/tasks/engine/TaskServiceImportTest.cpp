@@ -106,10 +106,10 @@ TEST_F(TaskServiceImportTest, MetadataGoesToSidecarsAndProjectAndThePanelAnswers
     // The backup had no sidecar: one is made beside the copy, with the template's values only.
     const std::string backupSidecar = Fnd::ToUTF8(In(backup, u"A001.xmp"));
     EXPECT_EQ(QL::ReadXmpProperty(backupSidecar, kShootNamespace, u"scene"), u"12A");
-    EXPECT_EQ(ReadWholeFile(backupSidecar).find("exterior"), std::string::npos);
-    EXPECT_NE(ReadWholeFile(primarySidecar).find("exterior"), std::string::npos);
+    EXPECT_EQ(ReadFileBytes(backupSidecar).find("exterior"), std::string::npos);
+    EXPECT_NE(ReadFileBytes(primarySidecar).find("exterior"), std::string::npos);
     // The source card is never written to.
-    EXPECT_EQ(ReadWholeFile(Fnd::ToUTF8(In(source, u"A001.xmp"))), "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(In(source, u"A001.xmp"))), "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
 
     const std::vector<Proj::ProjectItem> items = ProjectItems();
     ASSERT_EQ(items.size(), 1u);
@@ -135,11 +135,11 @@ TEST_F(TaskServiceImportTest, SkippedTargetsAreImportedAsTheyStandAndKeptBothUnd
     EXPECT_EQ(outcome.filesSkipped, 1u);
     EXPECT_EQ(outcome.filesCopied, 1u);
 
-    EXPECT_EQ(ReadWholeFile(Fnd::ToUTF8(In(primary, u"A001.MOV"))), "frames already there");
+    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(In(primary, u"A001.MOV"))), "frames already there");
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(primary, u"A001.xmp"), false))
         << "a skipped file is not touched";
-    EXPECT_EQ(ReadWholeFile(Fnd::ToUTF8(In(primary, u"A002.MOV"))), "an older A002");
-    EXPECT_EQ(ReadWholeFile(Fnd::ToUTF8(In(primary, u"A002 (1).MOV"))), "second take");
+    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(In(primary, u"A002.MOV"))), "an older A002");
+    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(In(primary, u"A002 (1).MOV"))), "second take");
 
     const std::vector<Proj::ProjectItem> items = ProjectItems();
     ASSERT_EQ(items.size(), 2u);

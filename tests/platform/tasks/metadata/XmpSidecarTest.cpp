@@ -15,6 +15,7 @@
 #include "QL/XmpSidecarWriter.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using QL::ReadXmpProperty;
@@ -31,11 +32,6 @@ std::shared_ptr<QL::MetadataFieldSet> FieldSet(const Fnd::WString& schema, const
     set->presetName = preset;
     set->values = std::move(values);
     return set;
-}
-
-std::string ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 // exiftool's view of a file, or nothing when exiftool is not installed.
@@ -58,7 +54,7 @@ protected:
         return ReadXmpProperty(Sidecar(), schema, key);
     }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
 };
 
 TEST_F(XmpSidecar, WritesEverySetKeywordsAndReadsThemBack) {
@@ -81,7 +77,7 @@ TEST_F(XmpSidecar, WritesEverySetKeywordsAndReadsThemBack) {
         SCOPED_TRACE(Fnd::ToUTF8(e.key));
         EXPECT_EQ(Read(e.schema, e.key), e.value);
     }
-    const std::string packet = ReadBytes(Sidecar());
+    const std::string packet = ReadFileBytes(Sidecar());
     EXPECT_NE(packet.find("xmlns:ShootDay=\"" + Fnd::ToUTF8(kShoot) + "\""), std::string::npos) << packet;
     EXPECT_NE(packet.find("ShootDay:Camera_x0020_Roll"), std::string::npos) << packet;
     EXPECT_NE(packet.find("<rdf:li>interview</rdf:li>"), std::string::npos) << packet;
@@ -106,7 +102,7 @@ TEST_F(XmpSidecar, MergesIntoAnExistingSidecarKeepingWhatItHolds) {
     EXPECT_EQ(Read(kShoot, u"scene"), u"2");
     EXPECT_EQ(Read(kShoot, u"take"), u"3");
     EXPECT_EQ(Read(kShoot, u"camera"), u"B");
-    const std::string packet = ReadBytes(Sidecar());
+    const std::string packet = ReadFileBytes(Sidecar());
     EXPECT_EQ(packet.find("interview"), packet.rfind("interview")) << "a keyword is never written twice";
     EXPECT_NE(packet.find("<rdf:li>exterior</rdf:li>"), std::string::npos) << packet;
 }
@@ -119,12 +115,12 @@ TEST_F(XmpSidecar, EmptyValuesAreWrittenOnlyWhenAsked) {
     data.metadataSets = {FieldSet(kShoot, u"Shoot", {{u"scene", u""}, {u"note", u""}, {u"take", u""}})};
     WriteXmpSidecar(Sidecar(), data);
     EXPECT_EQ(Read(kShoot, u"scene"), u"1") << "an empty value leaves the stored one";
-    EXPECT_EQ(ReadBytes(Sidecar()).find(":take"), std::string::npos);
+    EXPECT_EQ(ReadFileBytes(Sidecar()).find(":take"), std::string::npos);
 
     data.minimumMetadata.storeEmptyInfo = true;
     WriteXmpSidecar(Sidecar(), data);
     EXPECT_EQ(Read(kShoot, u"scene"), u"");
-    const std::string packet = ReadBytes(Sidecar());
+    const std::string packet = ReadFileBytes(Sidecar());
     // Whatever prefix the namespace has in this process.
     EXPECT_TRUE(packet.find(":take/>") != std::string::npos || packet.find(":take></") != std::string::npos)
         << packet;
@@ -144,7 +140,7 @@ TEST_F(XmpSidecar, RefusesToReplaceAFileThatIsNotXmp) {
             std::string::npos)
             << error.what();
     }
-    EXPECT_EQ(ReadBytes(Sidecar()), notes);
+    EXPECT_EQ(ReadFileBytes(Sidecar()), notes);
     EXPECT_THROW(Read(kShoot, u"scene"), QL::XmpSidecarError);
 
     data.metadataSets = {FieldSet(u"", u"No namespace", {{u"scene", u"1"}})};
@@ -232,3 +228,4 @@ TEST(XmpNames, PrefixesComeFromThePresetName) {
 }
 
 } // namespace
+} // namespace igd::test

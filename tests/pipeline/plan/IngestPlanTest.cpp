@@ -1,30 +1,155 @@
-// The copy branch of the plan, record by record: entries, import items, renames and clip Guids.
+// What the plan makes of a decided request: which tasks in which order for each kind of session,
+// then the copy, transcode and stitch branches record by record.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <ostream>
 #include <set>
 
+#include "AppFrame/DocumentManager.h"
 #include "HostApp/ApplicationType.h"
 #include "IGD/IngestApi.h"
 #include "tests/pipeline/PlanTestSupport.h"
-#include "pipeline/plan/IngestPlan.h"
 #include "pipeline/naming/RenameTargets.h"
+#include "pipeline/plan/IngestPlan.h"
 
 namespace igd::test {
 namespace {
 
 using Fnd::WString;
 using QL::IngestTask::CopyUnit;
+using QL::IngestTask::TranscodeSetting;
 using GuidMap = std::map<WString, fluxcore::utility::Guid>;
+
+// Marks the clip's in and out points and its frame rate; answers the clip.
+const IGD::SelectedClipItemRef& Timed(const IGD::SelectedClipItemRef& clip, fluxmediatypes::Time in,
+                                      fluxmediatypes::Time out, fluxmediatypes::FrameRate rate) {
+    clip->SetInPoint(in);
+    clip->SetOutPoint(out);
+    clip->SetFrameRate(rate);
+    return clip;
+}
+
+// The clips A001.MOV and A002.MOV, changed by the words of setup: "none" drops them, "folder"
+// adds one, "named" gives A002 an outputName, "metadata" gives the template values, "local" or
+// "server" installs a project, "importOnly" sets the session's flag.
+struct RequestCase {
+    const char* name;
+    std::string setup;
+    const char* destinations; // one letter each, in order: c copies, t transcodes, s stitches
+    KindList expected;
+};
+
+void PrintTo(const RequestCase& c, std::ostream* os) {
+    *os << c.name;
+}
+
+class RequestTableTest : public PlanTest, public ::testing::WithParamInterface<RequestCase> {
+protected:
+    bool Has(std::string_view word) const { return GetParam().setup.find(word) != std::string::npos; }
+};
+
+TEST_P(RequestTableTest, SubmitsTheTasksOfItsKindUnderTheBatch) {
+    auto session = Has("none") ? SessionWithClips() : SessionWithClips({"A001.MOV", "A002.MOV"});
+    if (Has("folder")) {
+        tree.MakeFile("src/Card/x.mxf");
+        AddFolder(*session, "Card", {"Card/x.mxf"});
+    }
+    if (Has("named"))
+        session->GetSelectedItems()[1]->SetOutputName(u"Shot_02");
+    if (Has("metadata"))
+        session->SetCustomData(CustomDataWithMetadata());
+    if (Has("local") || Has("server"))
+        AppFrame::DocumentManager::SetInstance(
+            std::make_shared<AppFrame::FixedDocumentManager>(Has("server")));
+    session->SetImportOnly(Has("importOnly"));
+    for (std::size_t i = 0; GetParam().destinations[i] != '\0'; ++i) {
+        const char kind = GetParam().destinations[i];
+        auto destination = AddDestination(*session, std::string(1, kind) + std::to_string(i), i == 0);
+        if (kind != 'c')
+            Transcode(*destination, /*concatenate=*/kind == 's');
+    }
+
+    DecideAndRun(session);
+
+    EXPECT_EQ(Kinds(), GetParam().expected);
+    for (const RecordedTask& task : tasks->Tasks())
+        EXPECT_EQ(task.batch, batch_);
+}
+
+using K = TaskKind;
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Table, RequestTableTest, ::testing::Values(
+    RequestCase{"NothingToWriteImports",                         "",                "",     {K::Import}},
+    RequestCase{"MetadataOnAServerProjectImports",               "server metadata", "",     {K::Import}},
+    RequestCase{"NamesOnALocalProjectUpdateMetadata",            "local named",     "",     {K::UpdateMetadata}},
+    RequestCase{"MetadataWithoutDocumentManagerUpdatesMetadata", "metadata",        "",     {K::UpdateMetadata}},
+    RequestCase{"MetadataWithoutItemsSubmitsNothing",            "none metadata",   "",     {}},
+    RequestCase{"CopyPerDestinationTranscodePerItemStitchOnce",  "",                "tccs",
+                {K::Transcode, K::Transcode, K::Copy, K::Copy, K::Concatenate}},
+    RequestCase{"AnEmptySelectionStillCopies",                   "none",            "c",    {K::Copy}},
+    RequestCase{"TheImportOnlyFlagIsNotRead",                    "importOnly",      "c",    {K::Copy}},
+    RequestCase{"AStitchWithAFolderGivesThatDestinationNothing", "folder",          "sc",   {K::Copy}}),
+    [](const auto& info) { return std::string(info.param.name); });
+// clang-format on
+
+TEST_F(PlanTest, ANullSessionSubmitsNothing) {
+    IGD::RunIngestPlan(nullptr, batch_);
+    EXPECT_TRUE(tasks->Tasks().empty());
+}
+
+TEST_F(PlanTest, ImportOnlyImportsWhereTheMediaLieAndOnAServerProjectTakesTheMetadataAlong) {
+    tree.MakeFile("src/day1/A001.MOV");
+    tree.MakeFile("src/Card/CLIP/a.mxf");
+    auto session = SessionWithClips();
+    AddClip(*session, "day1/A001.MOV")->SetInPoint(100);
+    AddFolder(*session, "Card", {"Card/CLIP", "Card/CLIP/a.mxf"});
+    session->SetCustomData(CustomDataWithMetadata());
+    AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(true));
+
+    DecideAndRun(session);
+
+    ASSERT_EQ(Kinds(), KindList{TaskKind::Import});
+    const RecordedTask& task = tasks->Tasks()[0];
+    const QL::IngestItemMap& items = task.Import().importItems;
+    EXPECT_EQ(Named(items), (NameMap{{"src/day1/A001.MOV", "A001.MOV"}, {"src/Card/CLIP/a.mxf", "a.mxf"}}));
+    EXPECT_EQ(items.at(tree.Path("src/day1/A001.MOV"))->inPoint, 100);
+    ASSERT_EQ(task.customData.metadataSets.size(), 1u);
+    EXPECT_EQ(task.customData.metadataSets.front()->values.at(u"Scene"), u"12");
+}
+
+class UpdateMetadataTest : public PlanTest, public ::testing::WithParamInterface<int> {};
+
+TEST_P(UpdateMetadataTest, RenamesClipsUnderTheirSourcePathsAndOnlyKindEightKeepsThemOutOfTheProject) {
+    HostApp::SetApplicationType(GetParam());
+    tree.MakeFile("src/A001.MOV");
+    tree.MakeFile("src/Card/x.mxf");
+    auto session = SessionWithClips();
+    AddClip(*session, "A001.MOV", {}, "Shot_01");
+    AddFolder(*session, "Card", {"Card/x.mxf"})->SetOutputName(u"Card_Renamed");
+    session->SetCustomData(CustomDataWithMetadata());
+
+    DecideAndRun(session);
+
+    ASSERT_EQ(Kinds(), KindList{TaskKind::UpdateMetadata});
+    const QL::IngestTask::UpdateMetadataSetting& setting = tasks->Tasks()[0].UpdateMetadata();
+    // Clips only, and under the paths the media keep on disk.
+    EXPECT_EQ(Named(setting.renames), (NameMap{{"src/A001.MOV", "Shot_01"}}));
+    EXPECT_EQ(Named(setting.importItems),
+              (NameMap{{"src/A001.MOV", "Shot_01"}, {"src/Card/x.mxf", "x.mxf"}}));
+    EXPECT_TRUE(setting.clipGuids.empty());
+    EXPECT_EQ(setting.addToProject, GetParam() != 8);
+    EXPECT_EQ(tasks->Tasks()[0].customData.metadataSets.size(), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, UpdateMetadataTest, ::testing::Values(0, 5, 8));
 
 TEST_F(PlanTest, ARenamedSingleFileTakesItsSidecarAlongAFolderBasedClipKeepsItsFileNames) {
     auto session = SessionWithClips();
     tree.MakeFile("src/A001.MOV");
     auto clip = AddClip(*session, "A001.MOV", {"A001.XMP", "notes.txt"}, "Shot_01");
-    clip->SetInPoint(10);
-    clip->SetOutPoint(20);
-    clip->SetFrameRate(1001);
+    Timed(clip, 10, 20, 1001);
     tree.MakeFile("src/PRIVATE/CLIP/C0001.MXF");
     AddClip(*session, "PRIVATE/CLIP/C0001.MXF", {"PRIVATE/CLIP/C0001.xmp"}, "Shot_02", /*single=*/false);
     AddDestination(*session, "p", true, /*applyRename=*/true);
@@ -232,6 +357,94 @@ TEST_P(HostedPlanTest, OnlyPlainFolderItemsAreRenamedAndATranscodeSettingIsNever
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, HostedPlanTest, ::testing::Values(5, 8));
+
+class TranscodePlanTest : public PlanTest {
+protected:
+    const TranscodeSetting& TaskAt(std::size_t index) const { return tasks->Tasks().at(index).Transcode(); }
+
+    // The task as the folder its clips are read from, whether its outputs join the project, and
+    // each clip as "path as name", the name marked with * when it is the request's.
+    Strings Summary(std::size_t index) const {
+        const TranscodeSetting& setting = TaskAt(index);
+        Strings summary{"from " + Rel(setting.sourceRoot) +
+                        (setting.addToProject ? " into the project" : "")};
+        for (const QL::IngestTask::TranscodeClipEntry& clip : setting.clips)
+            summary.push_back(Rel(clip.path) + " as " + Fnd::ToUTF8(clip.name) +
+                              (clip.useOutputName ? "*" : ""));
+        return summary;
+    }
+};
+
+TEST_F(TranscodePlanTest, EachItemIsOneTaskFromACopyOfTheDestinationsSetting) {
+    tree.MakeFile("src/A001.MOV");
+    tree.MakeFile("src/day2/A002.MOV");
+    tree.MakeFolder("src/Empty");
+    tree.MakeFile("src/Card/x.mxf");
+    tree.MakeFile("src/Card/y.mxf");
+    auto session = SessionWithClips();
+    auto first = AddClip(*session, "A001.MOV", {}, "Shot_01");
+    first->SetClipName(u"Beach take");
+    Timed(first, 5, 50, 25);
+    AddClip(*session, "day2/A002.MOV")->SetClipName(u"Second");
+    AddFolder(*session, "Empty", {});
+    AddFolder(*session, "Card", {"Card/x.mxf", "Card/y.mxf"});
+    auto destination = AddDestination(*session, "p", true, /*applyRename=*/true);
+    destination->SetSubFolder(u"proxies");
+    auto own = Transcode(*destination);
+    session->SetCustomData(CustomDataWithMetadata());
+
+    DecideAndRun(session);
+
+    ASSERT_EQ(Kinds(), KindList(4, TaskKind::Transcode));
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(TaskAt(i).outputPath, tree.Path("p/proxies"));
+        EXPECT_EQ(TaskAt(i).presetName, u"H.264 Match Source");
+        // Without applyMetadata the template's values stay home.
+        EXPECT_TRUE(tasks->Tasks()[i].customData.metadataSets.empty());
+    }
+    EXPECT_EQ(Summary(0), (Strings{"from src into the project", "src/A001.MOV as Shot_01*"}));
+    EXPECT_EQ(Timing(TaskAt(0).clips.front()), (Ints{5, 50, 25}));
+    // Without an outputName the clip's name stands, still marked as a rename of the request.
+    EXPECT_EQ(Summary(1), (Strings{"from src/day2 into the project", "src/day2/A002.MOV as Second*"}));
+    // An empty folder names itself and adds nothing to the project; the last clip's folder stays.
+    EXPECT_EQ(Summary(2), (Strings{"from src/day2", "src/Empty as "}));
+    EXPECT_EQ(TaskAt(2).clips.front().inPoint, fluxmediatypes::kTime_Invalid);
+    EXPECT_EQ(Summary(3),
+              (Strings{"from src/day2 into the project", "src/Card/x.mxf as ", "src/Card/y.mxf as "}));
+    // The destination's own setting is the settings model's and stays untouched.
+    EXPECT_TRUE(own->clips.empty());
+    EXPECT_TRUE(own->outputPath.empty());
+}
+
+// A stitch carries the whole selection; a backup without applyRename transcodes under the clip's
+// own name and adds nothing to the project.
+TEST_F(TranscodePlanTest, AStitchHoldsAllClipsInOrderAndCarriesTheMetadataEverywhere) {
+    tree.MakeFile("src/day1/A001.MOV");
+    tree.MakeFile("src/A002.MOV");
+    auto session = SessionWithClips();
+    auto first = AddClip(*session, "day1/A001.MOV", {}, "Shot_01");
+    first->SetClipName(u"A001.MOV");
+    Timed(first, 1, 2, 3);
+    AddClip(*session, "A002.MOV")->SetClipName(u"A002.MOV");
+    auto own = Transcode(*AddDestination(*session, "p", true, /*applyRename=*/true), /*concatenate=*/true);
+    Transcode(*AddDestination(*session, "b", false, /*applyRename=*/false, /*applyMetadata=*/true));
+    session->SetCustomData(CustomDataWithMetadata());
+
+    DecideAndRun(session);
+
+    ASSERT_EQ(Kinds(), (KindList{TaskKind::Concatenate, TaskKind::Transcode, TaskKind::Transcode}));
+    EXPECT_EQ(Summary(0),
+              (Strings{"from src/day1 into the project", "src/day1/A001.MOV as *", "src/A002.MOV as *"}));
+    EXPECT_EQ(TaskAt(0).outputPath, tree.Path("p"));
+    EXPECT_EQ(TaskAt(0).concatenateName, u"Stitched");
+    EXPECT_EQ(Timing(TaskAt(0).clips.front()), (Ints{1, 2, 3}));
+    EXPECT_TRUE(own->clips.empty());
+    EXPECT_EQ(Summary(1), (Strings{"from src/day1", "src/day1/A001.MOV as A001.MOV"}));
+    // The stitch's destination does not apply the template, yet its values go along: unlike copy
+    // and transcode, a stitch is not filtered by applyMetadata.
+    EXPECT_EQ(tasks->Tasks()[0].customData.metadataSets.size(), 1u);
+    EXPECT_EQ(tasks->Tasks()[1].customData.metadataSets.size(), 1u);
+}
 
 } // namespace
 } // namespace igd::test

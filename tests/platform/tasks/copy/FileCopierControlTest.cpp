@@ -13,6 +13,7 @@
 #include "QL/Engine/FileCopier.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using namespace QL::Engine;
@@ -26,7 +27,7 @@ constexpr std::uint64_t kChunks = 20;
 // progress callback that holds the copy after its first chunk until the test lets it go.
 class HeldCopy {
 public:
-    HeldCopy(const igd::test::TempTree& tree, std::uint32_t verifyMode) {
+    HeldCopy(const TempTree& tree, std::uint32_t verifyMode) {
         copy_ = std::async(std::launch::async, [&tree, verifyMode, this] {
             return FileCopier(kSmallChunk)
                 .CopyFile(tree.NativePath("card/A001.MOV"),
@@ -63,11 +64,11 @@ protected:
     }
 
     void ExpectNothingLeft() {
-        EXPECT_TRUE(igd::test::NamesIn(tree_.NativePath("a")).empty());
-        EXPECT_TRUE(igd::test::NamesIn(tree_.NativePath("b")).empty());
+        EXPECT_TRUE(NamesIn(tree_.NativePath("a")).empty());
+        EXPECT_TRUE(NamesIn(tree_.NativePath("b")).empty());
     }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
     std::string source_;
     CopyControl control_;
 };
@@ -84,23 +85,6 @@ TEST_F(FileCopierControl, CancelFromAnotherThreadRemovesTemporaries) {
         }
         ExpectNothingLeft();
     }
-}
-
-TEST_F(FileCopierControl, PauseHoldsTheCopyBetweenChunksUntilResumed) {
-    HeldCopy held(tree_, kVerifyMD5);
-    held.control.Pause();
-    held.Release();
-    // Nothing can show that a copy will never move; a pause long against a 64 KiB chunk shows
-    // that this one does not.
-    std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    EXPECT_EQ(held.calls.load(), 1);
-    EXPECT_TRUE(held.Running());
-    EXPECT_TRUE(held.control.IsPaused());
-    held.control.Resume();
-    for (const CopyOutcome& outcome : held.Outcomes())
-        EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
-    EXPECT_EQ(held.calls.load(), static_cast<int>(kChunks + 1));
-    EXPECT_TRUE(igd::test::SameContent(source_, tree_.NativePath("b/A001.MOV")));
 }
 
 TEST_F(FileCopierControl, CancelWakesAPausedCopy) {
@@ -121,7 +105,7 @@ TEST_F(FileCopierControl, ACancelledBatchStartsNothing) {
                       kVerifyMD5, control_, {});
     EXPECT_EQ(outcomes[0].status, CopyStatus::Cancelled);
     EXPECT_EQ(outcomes[1].status, CopyStatus::Skipped);
-    EXPECT_FALSE(igd::test::Exists(tree_.NativePath("a")));
+    EXPECT_FALSE(Exists(tree_.NativePath("a")));
 }
 
 TEST_F(FileCopierControl, ProgressCountsSourceBytesPerChunkOnTheCallingThread) {
@@ -156,24 +140,5 @@ TEST_F(FileCopierControl, AFaultInTheProgressCallbackLeavesNothingBehind) {
     ExpectNothingLeft();
 }
 
-TEST(CopyControl, CheckpointPassesUntilCancelledAndWaitsWhilePaused) {
-    CopyControl control;
-    EXPECT_TRUE(control.Checkpoint());
-    control.Pause();
-    std::atomic<bool> passed{false};
-    std::thread copy([&] { passed = control.Checkpoint(); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_FALSE(passed.load());
-    control.Resume();
-    copy.join();
-    EXPECT_TRUE(passed.load());
-    EXPECT_FALSE(control.IsPaused());
-
-    control.Cancel();
-    EXPECT_TRUE(control.IsCancelled());
-    EXPECT_FALSE(control.Checkpoint());
-    control.Resume();
-    EXPECT_FALSE(control.Checkpoint());
-}
-
 } // namespace
+} // namespace igd::test

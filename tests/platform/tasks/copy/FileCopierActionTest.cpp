@@ -10,6 +10,7 @@
 #include "QL/Engine/FileCopier.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using namespace QL::Engine;
@@ -35,20 +36,20 @@ protected:
             .CopyFile(source_, {{target, action}}, kVerifyMD5, control, {})[0];
     }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
     std::string source_;
 };
 
 TEST_F(FileCopierActions, NothingExpectedMeetingAFileFailsAndTouchesNothing) {
     tree_.MakeFile("dest/A001.MOV", "the editor's file");
-    igd::test::SetModificationTime(Destination("A001.MOV"), 1000, 0);
+    SetModificationTime(Destination("A001.MOV"), 1000, 0);
     const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone);
     EXPECT_EQ(outcome.status, CopyStatus::Failed);
     EXPECT_EQ(outcome.reason, "target exists");
     EXPECT_EQ(outcome.finalPath, "");
-    EXPECT_EQ(igd::test::ReadWhole(Destination("A001.MOV")), "the editor's file");
-    EXPECT_EQ(igd::test::ModificationTime(Destination("A001.MOV")).tv_sec, 1000);
-    EXPECT_EQ(igd::test::NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
+    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "the editor's file");
+    EXPECT_EQ(ModificationTime(Destination("A001.MOV")).tv_sec, 1000);
+    EXPECT_EQ(NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
 }
 
 // The existing-file check happens twice: before copying and atomically at the rename, so a file
@@ -56,13 +57,13 @@ TEST_F(FileCopierActions, NothingExpectedMeetingAFileFailsAndTouchesNothing) {
 TEST_F(FileCopierActions, AFileThatAppearsDuringTheCopyIsNeverReplaced) {
     CopyHooks hooks;
     hooks.afterWrite = [&](const std::string&) {
-        igd::test::WriteWhole(Destination("A001.MOV"), "arrived meanwhile");
+        WriteWhole(Destination("A001.MOV"), "arrived meanwhile");
     };
     const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone, hooks);
     EXPECT_EQ(outcome.status, CopyStatus::Failed);
     EXPECT_EQ(outcome.reason, "target exists");
-    EXPECT_EQ(igd::test::ReadWhole(Destination("A001.MOV")), "arrived meanwhile");
-    EXPECT_EQ(igd::test::NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
+    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "arrived meanwhile");
+    EXPECT_EQ(NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
 }
 
 TEST_F(FileCopierActions, SkipWritesNothingAndDoesNotEvenReadTheSource) {
@@ -71,7 +72,7 @@ TEST_F(FileCopierActions, SkipWritesNothingAndDoesNotEvenReadTheSource) {
     EXPECT_EQ(kept.status, CopyStatus::Skipped);
     EXPECT_EQ(kept.finalPath, Destination("A001.MOV"));
     EXPECT_EQ(kept.verifiedBy, VerifiedBy::NotVerified);
-    EXPECT_EQ(igd::test::ReadWhole(Destination("A001.MOV")), "kept");
+    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "kept");
 
     // Skip also stands when the file is only due from another copy of the batch.
     CopyControl control;
@@ -80,7 +81,7 @@ TEST_F(FileCopierActions, SkipWritesNothingAndDoesNotEvenReadTheSource) {
             .CopyFile(tree_.NativePath("card/missing.MOV"), {{Destination("B001.MOV"), QL::kCopyActionSkip}},
                       kVerifyMD5, control, {});
     EXPECT_EQ(outcomes[0].status, CopyStatus::Skipped);
-    EXPECT_FALSE(igd::test::Exists(Destination("B001.MOV")));
+    EXPECT_FALSE(Exists(Destination("B001.MOV")));
 }
 
 // Keep both takes the name itself when free, else the first free numbered name, in the form a
@@ -105,32 +106,32 @@ TEST_F(FileCopierActions, KeepBothWritesUnderTheFirstFreeName) {
         const CopyOutcome outcome = CopyTo(Destination(c.target), QL::kCopyActionKeepBoth);
         EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
         EXPECT_EQ(outcome.finalPath, Destination(c.expected));
-        EXPECT_TRUE(igd::test::SameContent(source_, Destination(c.expected)));
+        EXPECT_TRUE(SameContent(source_, Destination(c.expected)));
         for (const char* existing : c.existing)
-            EXPECT_EQ(igd::test::ReadWhole(Destination(existing)), existing);
-        EXPECT_EQ(igd::test::NamesIn(Destination()).size(), c.existing.size() + 1);
+            EXPECT_EQ(ReadFileBytes(Destination(existing)), existing);
+        EXPECT_EQ(NamesIn(Destination()).size(), c.existing.size() + 1);
     }
 }
 
 TEST_F(FileCopierActions, ReplaceSwapsInTheNewCopyOnlyOnceItIsProven) {
     tree_.MakeFile("dest/A001.MOV", "old take");
     CopyHooks damaging;
-    damaging.afterWrite = [](const std::string& temporary) { igd::test::FlipByte(temporary, 5); };
+    damaging.afterWrite = [](const std::string& temporary) { FlipByte(temporary, 5); };
     const CopyOutcome failed = CopyTo(Destination("A001.MOV"), QL::kCopyActionReplace, damaging);
     EXPECT_EQ(failed.status, CopyStatus::Failed);
-    EXPECT_EQ(igd::test::ReadWhole(Destination("A001.MOV")), "old take");
-    EXPECT_EQ(igd::test::NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
+    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "old take");
+    EXPECT_EQ(NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
 
     const CopyOutcome replaced = CopyTo(Destination("A001.MOV"), QL::kCopyActionReplace);
     EXPECT_EQ(replaced.status, CopyStatus::Copied) << replaced.reason;
     EXPECT_EQ(replaced.finalPath, Destination("A001.MOV"));
-    EXPECT_TRUE(igd::test::SameContent(source_, Destination("A001.MOV")));
+    EXPECT_TRUE(SameContent(source_, Destination("A001.MOV")));
 }
 
 TEST_F(FileCopierActions, MissingFoldersOfATargetAreCreated) {
     const CopyOutcome outcome = CopyTo(Destination("Day 1/Card A/A001.MOV"), QL::kCopyActionNone);
     EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
-    EXPECT_TRUE(igd::test::SameContent(source_, Destination("Day 1/Card A/A001.MOV")));
+    EXPECT_TRUE(SameContent(source_, Destination("Day 1/Card A/A001.MOV")));
 }
 
 // A crash leaves a temporary behind; a new copy must neither trip over it nor take it for its own.
@@ -139,8 +140,8 @@ TEST_F(FileCopierActions, ALeftoverTemporaryIsNeitherReusedNorAnObstacle) {
     tree_.MakeFile("dest/" + leftover.substr(leftover.rfind('/') + 1), "half a clip");
     const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone);
     EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
-    EXPECT_TRUE(igd::test::SameContent(source_, Destination("A001.MOV")));
-    EXPECT_EQ(igd::test::ReadWhole(leftover), "half a clip");
+    EXPECT_TRUE(SameContent(source_, Destination("A001.MOV")));
+    EXPECT_EQ(ReadFileBytes(leftover), "half a clip");
 }
 
 TEST_F(FileCopierActions, ValuesThatAreNoActionModeOrPathAreFaultsOfTheCaller) {
@@ -155,7 +156,7 @@ TEST_F(FileCopierActions, ValuesThatAreNoActionModeOrPathAreFaultsOfTheCaller) {
     EXPECT_THROW(copier.CopyFile(source_, {{"", 0}}, kVerifyMD5, control, {}), std::invalid_argument);
     EXPECT_THROW(copier.CopyFile(source_, {{Destination() + "/", 0}}, kVerifyMD5, control, {}),
                  std::invalid_argument);
-    EXPECT_FALSE(igd::test::Exists(Destination()));
+    EXPECT_FALSE(Exists(Destination()));
 }
 
 TEST(TemporaryNames, HiddenBesideTheTargetAndRecognisable) {
@@ -185,7 +186,7 @@ class FileCopierFolders : public ::testing::Test {
 protected:
     FileCopierFolders() {
         tree_.MakeFolder("card/CLIP");
-        igd::test::SetModificationTime(tree_.NativePath("card/CLIP"), 1400000000, 5);
+        SetModificationTime(tree_.NativePath("card/CLIP"), 1400000000, 5);
         source_ = tree_.NativePath("card/CLIP");
     }
 
@@ -193,7 +194,7 @@ protected:
         return FileCopier().CopyFolder(source_, {{tree_.NativePath(relative), action}})[0];
     }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
     std::string source_;
 };
 
@@ -201,36 +202,36 @@ TEST_F(FileCopierFolders, NewFolderWithParentsAndTheSourceTime) {
     const CopyOutcome outcome = MakeFolder("dest/day/CLIP", QL::kCopyActionNone);
     EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
     EXPECT_EQ(outcome.finalPath, tree_.NativePath("dest/day/CLIP"));
-    EXPECT_EQ(igd::test::ModificationTime(tree_.NativePath("dest/day/CLIP")).tv_sec, 1400000000);
+    EXPECT_EQ(ModificationTime(tree_.NativePath("dest/day/CLIP")).tv_sec, 1400000000);
 }
 
 TEST_F(FileCopierFolders, AnExistingFolderIsMergedIntoAndLeftAsItWas) {
     tree_.MakeFile("dest/CLIP/notes.txt", "mine");
-    igd::test::SetModificationTime(tree_.NativePath("dest/CLIP"), 1000, 0);
+    SetModificationTime(tree_.NativePath("dest/CLIP"), 1000, 0);
     for (const std::int32_t action : {QL::kCopyActionNone, QL::kCopyActionReplace}) {
         const CopyOutcome outcome = MakeFolder("dest/CLIP", action);
         EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
         EXPECT_EQ(outcome.finalPath, tree_.NativePath("dest/CLIP"));
     }
-    EXPECT_EQ(igd::test::ReadWhole(tree_.NativePath("dest/CLIP/notes.txt")), "mine");
-    EXPECT_EQ(igd::test::ModificationTime(tree_.NativePath("dest/CLIP")).tv_sec, 1000);
+    EXPECT_EQ(ReadFileBytes(tree_.NativePath("dest/CLIP/notes.txt")), "mine");
+    EXPECT_EQ(ModificationTime(tree_.NativePath("dest/CLIP")).tv_sec, 1000);
 }
 
 TEST_F(FileCopierFolders, SkipKeepBothAndAFileInTheWay) {
     EXPECT_EQ(MakeFolder("dest/CLIP", QL::kCopyActionSkip).status, CopyStatus::Skipped);
-    EXPECT_FALSE(igd::test::Exists(tree_.NativePath("dest/CLIP")));
+    EXPECT_FALSE(Exists(tree_.NativePath("dest/CLIP")));
 
     tree_.MakeFolder("dest/CLIP");
     const CopyOutcome both = MakeFolder("dest/CLIP", QL::kCopyActionKeepBoth);
     EXPECT_EQ(both.status, CopyStatus::Copied) << both.reason;
     EXPECT_EQ(both.finalPath, tree_.NativePath("dest/CLIP (1)"));
-    EXPECT_EQ(igd::test::ModificationTime(both.finalPath).tv_sec, 1400000000);
+    EXPECT_EQ(ModificationTime(both.finalPath).tv_sec, 1400000000);
 
     tree_.MakeFile("dest/FILE", "a file, not a folder");
     const CopyOutcome blocked = MakeFolder("dest/FILE", QL::kCopyActionReplace);
     EXPECT_EQ(blocked.status, CopyStatus::Failed);
     EXPECT_EQ(blocked.reason, "target exists");
-    EXPECT_EQ(igd::test::ReadWhole(tree_.NativePath("dest/FILE")), "a file, not a folder");
+    EXPECT_EQ(ReadFileBytes(tree_.NativePath("dest/FILE")), "a file, not a folder");
 }
 
 TEST_F(FileCopierFolders, ASourceThatIsNoFolderFails) {
@@ -239,7 +240,8 @@ TEST_F(FileCopierFolders, ASourceThatIsNoFolderFails) {
                                                   {{tree_.NativePath("dest/A001.MOV"), QL::kCopyActionNone}});
     EXPECT_EQ(outcomes[0].status, CopyStatus::Failed);
     EXPECT_EQ(outcomes[0].reason, "source could not be read: Not a directory");
-    EXPECT_FALSE(igd::test::Exists(tree_.NativePath("dest")));
+    EXPECT_FALSE(Exists(tree_.NativePath("dest")));
 }
 
 } // namespace
+} // namespace igd::test

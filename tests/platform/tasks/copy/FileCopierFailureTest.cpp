@@ -15,6 +15,7 @@
 #include "ScratchMount.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using namespace QL::Engine;
@@ -36,7 +37,7 @@ TEST(FileCopierFailures, AWriteErrorFailsOnlyItsTarget) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.reason);
-        igd::test::TempTree tree;
+        TempTree tree;
         tree.MakeFileOfSize("card/A001.MOV", 6 * kSmallChunk + 99);
         const std::string source = tree.NativePath("card/A001.MOV");
         CopyHooks hooks;
@@ -53,15 +54,15 @@ TEST(FileCopierFailures, AWriteErrorFailsOnlyItsTarget) {
         EXPECT_EQ(outcomes[1].status, CopyStatus::Failed);
         EXPECT_EQ(outcomes[1].reason, c.reason);
         EXPECT_EQ(outcomes[2].status, CopyStatus::Copied) << outcomes[2].reason;
-        EXPECT_TRUE(igd::test::SameContent(source, targets[0].path));
-        EXPECT_TRUE(igd::test::SameContent(source, targets[2].path));
-        EXPECT_TRUE(igd::test::NamesIn(tree.NativePath("b")).empty());
+        EXPECT_TRUE(SameContent(source, targets[0].path));
+        EXPECT_TRUE(SameContent(source, targets[2].path));
+        EXPECT_TRUE(NamesIn(tree.NativePath("b")).empty());
     }
 }
 
 TEST(FileCopierFailures, ARealFullDisk) {
-    igd::test::TempTree tree;
-    igd::test::ScratchMount small(tree.NativePath("small"), "tmpfs", "size=1m");
+    TempTree tree;
+    ScratchMount small(tree.NativePath("small"), "tmpfs", "size=1m");
     if (!small.Mounted())
         GTEST_SKIP() << small.Why();
     tree.MakeFileOfSize("card/A001.MOV", 3u << 20);
@@ -75,17 +76,17 @@ TEST(FileCopierFailures, ARealFullDisk) {
         EXPECT_EQ(outcomes[0].status, CopyStatus::Failed);
         EXPECT_NE(outcomes[0].reason.find("No space left on device"), std::string::npos)
             << outcomes[0].reason;
-        EXPECT_TRUE(igd::test::NamesIn(small.Folder()).empty());
+        EXPECT_TRUE(NamesIn(small.Folder()).empty());
         EXPECT_EQ(outcomes[1].status, CopyStatus::Copied) << outcomes[1].reason;
-        EXPECT_TRUE(igd::test::SameContent(source, targets[1].path));
+        EXPECT_TRUE(SameContent(source, targets[1].path));
         std::filesystem::remove(targets[1].path);
     }
 }
 
 // As root, permissions do not stop a write; a read-only mount does.
 TEST(FileCopierFailures, AReadOnlyDestination) {
-    igd::test::TempTree tree;
-    igd::test::ScratchMount readOnly(tree.NativePath("ro"), "tmpfs", "size=1m", MS_RDONLY);
+    TempTree tree;
+    ScratchMount readOnly(tree.NativePath("ro"), "tmpfs", "size=1m", MS_RDONLY);
     if (!readOnly.Mounted())
         GTEST_SKIP() << readOnly.Why();
     tree.MakeFileOfSize("card/A001.MOV", 1000);
@@ -103,7 +104,7 @@ TEST(FileCopierFailures, AReadOnlyDestination) {
 }
 
 TEST(FileCopierFailures, ASourceThatCannotBeOpenedFailsEveryTargetAndCreatesNothing) {
-    igd::test::TempTree tree;
+    TempTree tree;
     tree.MakeFolder("card/CLIP");
     const struct {
         const char* source;
@@ -123,8 +124,8 @@ TEST(FileCopierFailures, ASourceThatCannotBeOpenedFailsEveryTargetAndCreatesNoth
             EXPECT_EQ(outcome.status, CopyStatus::Failed);
             EXPECT_EQ(outcome.reason, c.reason);
         }
-        EXPECT_FALSE(igd::test::Exists(tree.NativePath("a")));
-        EXPECT_FALSE(igd::test::Exists(tree.NativePath("b")));
+        EXPECT_FALSE(Exists(tree.NativePath("a")));
+        EXPECT_FALSE(Exists(tree.NativePath("b")));
     }
 }
 
@@ -133,7 +134,7 @@ TEST(FileCopierFailures, ASourceThatCannotBeOpenedFailsEveryTargetAndCreatesNoth
 TEST(FileCopierFailures, ASourceThatShrinksWhileReadFailsEveryTarget) {
     for (const std::uint32_t mode : {kVerifyMD5, kVerifyBitByBit, kVerifyNone}) {
         SCOPED_TRACE("mode " + std::to_string(mode));
-        igd::test::TempTree tree;
+        TempTree tree;
         tree.MakeFileOfSize("card/A001.MOV", 8 * kSmallChunk);
         const std::string source = tree.NativePath("card/A001.MOV");
         const auto shrink = [&](std::uint64_t done) {
@@ -149,9 +150,10 @@ TEST(FileCopierFailures, ASourceThatShrinksWhileReadFailsEveryTarget) {
             EXPECT_EQ(outcome.status, CopyStatus::Failed);
             EXPECT_EQ(outcome.reason, "source could not be read: it changed while it was being read");
         }
-        EXPECT_TRUE(igd::test::NamesIn(tree.NativePath("a")).empty());
-        EXPECT_TRUE(igd::test::NamesIn(tree.NativePath("b")).empty());
+        EXPECT_TRUE(NamesIn(tree.NativePath("a")).empty());
+        EXPECT_TRUE(NamesIn(tree.NativePath("b")).empty());
     }
 }
 
 } // namespace
+} // namespace igd::test

@@ -13,6 +13,7 @@
 #include "ScratchMount.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using namespace QL::Engine;
@@ -27,13 +28,13 @@ constexpr std::size_t kSmallChunk = 64 * 1024;
 // time, and says how it was checked. The read-back method is whatever the filesystem allows,
 // asked independently.
 void ExpectEveryModeOn(const std::string& folder) {
-    igd::test::TempTree tree;
+    TempTree tree;
     tree.MakeFileOfSize("card/A001.MOV", 5 * kSmallChunk + 123);
     const std::string source = tree.NativePath("card/A001.MOV");
-    igd::test::SetModificationTime(source, 1500000000, 123456789);
+    SetModificationTime(source, 1500000000, 123456789);
     const VerifiedBy readBack =
-        igd::test::TakesDirectIo(folder) ? VerifiedBy::DirectRead : VerifiedBy::DroppedCache;
-    const std::string md5 = igd::test::Md5Hex(source);
+        TakesDirectIo(folder) ? VerifiedBy::DirectRead : VerifiedBy::DroppedCache;
+    const std::string md5 = Md5Hex(source);
 
     struct Case {
         std::uint32_t mode;
@@ -58,15 +59,15 @@ void ExpectEveryModeOn(const std::string& folder) {
         EXPECT_EQ(outcomes[0].verifiedBy, c.verifiedBy);
         EXPECT_EQ(outcomes[0].checksum, c.checksum);
         EXPECT_EQ(outcomes[0].bytes, 5 * kSmallChunk + 123);
-        EXPECT_TRUE(igd::test::SameContent(source, target));
-        EXPECT_EQ(igd::test::ModificationTime(target).tv_sec, 1500000000);
-        EXPECT_EQ(igd::test::ModificationTime(target).tv_nsec, 123456789);
-        EXPECT_EQ(igd::test::NamesIn(dir), std::vector<std::string>{"A001.MOV"});
+        EXPECT_TRUE(SameContent(source, target));
+        EXPECT_EQ(ModificationTime(target).tv_sec, 1500000000);
+        EXPECT_EQ(ModificationTime(target).tv_nsec, 123456789);
+        EXPECT_EQ(NamesIn(dir), std::vector<std::string>{"A001.MOV"});
     }
 }
 
 TEST(FileCopierVerify, EveryModeOnTheWorkDisk) {
-    igd::test::TempTree destination;
+    TempTree destination;
     ExpectEveryModeOn(destination.NativePath());
 }
 
@@ -79,11 +80,11 @@ TEST(FileCopierVerify, EveryModeOnTmpfs) {
 }
 
 TEST(FileCopierVerify, EveryModeWhereDirectIoIsRefused) {
-    igd::test::TempTree tree;
-    igd::test::ScratchMount ramfs(tree.NativePath("ramfs"), "ramfs", "");
+    TempTree tree;
+    ScratchMount ramfs(tree.NativePath("ramfs"), "ramfs", "");
     if (!ramfs.Mounted())
         GTEST_SKIP() << ramfs.Why();
-    if (igd::test::TakesDirectIo(ramfs.Folder()))
+    if (TakesDirectIo(ramfs.Folder()))
         GTEST_SKIP() << "ramfs takes O_DIRECT on this kernel";
     ExpectEveryModeOn(ramfs.Folder());
 }
@@ -96,7 +97,7 @@ TEST(FileCopierVerify, OddSizesCopyExactly) {
     for (const std::uint32_t mode : {kVerifyMD5, kVerifyBitByBit}) {
         for (const std::uint64_t size : sizes) {
             SCOPED_TRACE("mode " + std::to_string(mode) + ", size " + std::to_string(size));
-            igd::test::TempTree tree;
+            TempTree tree;
             tree.MakeFileOfSize("card/clip.bin", size);
             const std::string source = tree.NativePath("card/clip.bin");
             const std::string target = tree.NativePath("out/clip.bin");
@@ -104,7 +105,7 @@ TEST(FileCopierVerify, OddSizesCopyExactly) {
             const auto outcomes = FileCopier(kSmallChunk).CopyFile(source, {{target, 0}}, mode, control, {});
             EXPECT_EQ(outcomes[0].status, CopyStatus::Copied) << outcomes[0].reason;
             EXPECT_EQ(outcomes[0].bytes, size);
-            EXPECT_TRUE(igd::test::SameContent(source, target));
+            EXPECT_TRUE(SameContent(source, target));
         }
     }
 }
@@ -118,7 +119,7 @@ TEST(FileCopierVerify, LongFilesToTwoTargets) {
         std::uint64_t size;
     } cases[] = {{8u << 20, (24u << 20) + 4097}, {kSmallChunk, 40 * kSmallChunk + 333}};
     for (const auto& c : cases) {
-        igd::test::TempTree tree;
+        TempTree tree;
         tree.MakeFileOfSize("card/A002.MOV", c.size);
         const std::string source = tree.NativePath("card/A002.MOV");
         for (const std::uint32_t mode : {kVerifyMD5, kVerifyBitByBit}) {
@@ -130,10 +131,10 @@ TEST(FileCopierVerify, LongFilesToTwoTargets) {
             for (const auto& outcome : outcomes) {
                 EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
                 EXPECT_EQ(outcome.bytes, c.size);
-                EXPECT_EQ(outcome.checksum, mode == kVerifyMD5 ? igd::test::Md5Hex(source) : "");
+                EXPECT_EQ(outcome.checksum, mode == kVerifyMD5 ? Md5Hex(source) : "");
             }
-            EXPECT_TRUE(igd::test::SameContent(source, a));
-            EXPECT_TRUE(igd::test::SameContent(source, b));
+            EXPECT_TRUE(SameContent(source, a));
+            EXPECT_TRUE(SameContent(source, b));
         }
     }
 }
@@ -160,7 +161,7 @@ TEST(FileCopierVerify, DamageOnTheMediumIsCaughtByWhatEachModeChecks) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.damage) + ", mode " + std::to_string(c.mode));
-        igd::test::TempTree tree;
+        TempTree tree;
         tree.MakeFileOfSize("card/A001.MOV", kSize);
         const std::string source = tree.NativePath("card/A001.MOV");
         const std::string damaged = tree.NativePath("damaged/A001.MOV");
@@ -171,7 +172,7 @@ TEST(FileCopierVerify, DamageOnTheMediumIsCaughtByWhatEachModeChecks) {
             if (temporary.find("/damaged/") == std::string::npos)
                 return;
             if (damage == "flip")
-                igd::test::FlipByte(temporary, kFlipped);
+                FlipByte(temporary, kFlipped);
             else if (damage == "truncate")
                 std::filesystem::resize_file(temporary, kSize - 1);
             else
@@ -181,7 +182,7 @@ TEST(FileCopierVerify, DamageOnTheMediumIsCaughtByWhatEachModeChecks) {
         const auto outcomes =
             FileCopier(kSmallChunk, hooks).CopyFile(source, {{damaged, 0}, {intact, 0}}, c.mode, control, {});
         EXPECT_EQ(outcomes[1].status, CopyStatus::Copied) << outcomes[1].reason;
-        EXPECT_TRUE(igd::test::SameContent(source, intact));
+        EXPECT_TRUE(SameContent(source, intact));
         if (c.reason.empty()) {
             EXPECT_EQ(outcomes[0].status, CopyStatus::Copied);
             continue;
@@ -190,8 +191,9 @@ TEST(FileCopierVerify, DamageOnTheMediumIsCaughtByWhatEachModeChecks) {
         EXPECT_EQ(outcomes[0].reason, c.reason);
         EXPECT_EQ(outcomes[0].finalPath, "");
         EXPECT_EQ(outcomes[0].checksum, "");
-        EXPECT_TRUE(igd::test::NamesIn(tree.NativePath("damaged")).empty());
+        EXPECT_TRUE(NamesIn(tree.NativePath("damaged")).empty());
     }
 }
 
 } // namespace
+} // namespace igd::test

@@ -9,6 +9,7 @@
 #include "platform/tasks/copy/src/ReadBackPipeline.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
 using namespace QL::Engine;
@@ -29,7 +30,7 @@ protected:
         // Many pieces per depth, and an end that is neither on a piece nor on a block.
         tree_.MakeFileOfSize("copy.bin", 37 * kPiece + 1234);
         path_ = tree_.NativePath("copy.bin");
-        whole_ = igd::test::ReadWhole(path_);
+        whole_ = ReadFileBytes(path_);
         ASSERT_EQ(reader_.Open(path_), 0);
     }
 
@@ -42,7 +43,7 @@ protected:
         };
     }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
     std::string path_;
     std::string whole_;
     MediumReader reader_;
@@ -92,3 +93,4 @@ TEST_F(ReadBackPipelineTest, AnEmptyRangeReadsNothing) {
 }
 
 } // namespace
+} // namespace igd::test

@@ -13,6 +13,7 @@
 #include "platform/tasks/copy/src/Md5Lanes.h"
 #include "platform/tasks/copy/src/Md5State.h"
 
+namespace igd::test {
 namespace {
 
 using namespace QL::Engine;
@@ -37,20 +38,6 @@ std::vector<unsigned char> RandomBytes(std::size_t size, unsigned seed) {
     for (unsigned char& byte : bytes)
         byte = static_cast<unsigned char>(random());
     return bytes;
-}
-
-TEST(Md5StateTest, KnownDigestsOfTheStandard) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"", "d41d8cd98f00b204e9800998ecf8427e"},
-        {"abc", "900150983cd24fb0d6963f7d28e17f72"},
-        {"12345678901234567890123456789012345678901234567890123456789012345678901234567890",
-         "57edf4a22be3c955ac49da2e2107b67a"},
-    };
-    for (const auto& [text, digest] : cases) {
-        Md5State state;
-        Md5Update(state, text.data(), text.size());
-        EXPECT_EQ(Md5FinishHex(state), digest) << '"' << text << '"';
-    }
 }
 
 TEST(Md5StateTest, EveryLengthAroundThePaddingAndAnySplitAgreeWithOpenSsl) {
@@ -126,3 +113,4 @@ TEST(LaneHasherTest, AStreamAloneBesideIdleOpenStreamsStillFinishes) {
 }
 
 } // namespace
+} // namespace igd::test
