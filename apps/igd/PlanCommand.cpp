@@ -47,8 +47,10 @@ int RunPlan(const PlanOptions& options) {
 
     QL::IngestMediaGroup group;
     group.paths.push_back(first);
+    // Every path is named as the shell gives it; the group takes the later ones as they are when
+    // absolute.
     for (std::size_t i = 1; i < options.sources.size(); ++i)
-        group.paths.push_back(Fnd::FromUTF8(options.sources[i]));
+        group.paths.push_back(AbsolutePath(options.sources[i]));
     if (!options.destination.empty()) {
         group.transferMode = u"Copy";
         group.destinationPath = AbsolutePath(options.destination);
@@ -79,7 +81,7 @@ void RegisterPlanCommand(CLI::App& app, CommandTable& table) {
         app.add_subcommand("plan", "show the tasks an ingest of the file would submit, without running them");
     command
         ->add_option("sources", plan->sources,
-                     "the file to ingest, then further paths relative to its folder")
+                     "the file to ingest, then further files or folders of the same request")
         ->required();
     command->add_option("--to", plan->destination, "copy to this folder (without it: import in place)");
     command

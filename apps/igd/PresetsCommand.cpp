@@ -20,6 +20,7 @@
 #include "QL/PresetFileReader.h"
 #include "QL/PresetFileTypes.h"
 #include "QL/PresetFileWriter.h"
+#include "QL/PresetNames.h"
 #include "QL/PresetLoadWarnings.h"
 #include "QL/PresetService.h"
 
@@ -69,9 +70,10 @@ void WarnOnStderr() {
 // Names become file names: the same characters the service refuses are refused here, before
 // anything is looked up, so the user reads why.
 bool CheckName(const std::string& name) {
-    if (name.empty() || name.find_first_of("/:\\") != std::string::npos) {
-        std::cerr << "igd: \"" << name
-                  << "\" is not a preset name: a name cannot be empty or contain / : or \\\n";
+    // The rule of every preset name; the longer extension of the two categories is the strict one.
+    const std::string problem = QL::PresetNameProblem(Fnd::FromUTF8(name), QL::kQLPresetCategoryMetadata);
+    if (!problem.empty()) {
+        std::cerr << "igd: \"" << name << "\" is not a preset name: " << problem << "\n";
         return false;
     }
     return true;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "Fnd/InteractionDriver.h"
+#include "fluxcore/ApplicationName.h"
 #include "fluxcore/ZString.h"
 
 namespace fluxui::dialogs::messagebox {
@@ -26,7 +27,7 @@ void Messagebox(const Fnd::WString& title, const Fnd::WString& text) {
 
 void ShowStop(const Fnd::WString& text) {
     Fnd::MessageBoxRequest request;
-    request.title = fluxcore::Localize("$$$/fluxcore/ApplicationName=IGD");
+    request.title = fluxcore::config::GetApplicationName();
     request.text = text;
     request.buttons = {OKLabel()};
     request.icon = Fnd::BoxIcon::Stop;
