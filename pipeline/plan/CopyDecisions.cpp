@@ -11,7 +11,6 @@
 #include "host/HostKind.h"
 #include "pipeline/session/ItemFormats.h"
 #include "pipeline/gathering/NormalizedRoot.h"
-#include "pipeline/gathering/PathParts.h"
 
 namespace IGD {
 namespace {
@@ -93,9 +92,9 @@ void KeepBothUnasked(SelectedItem& item, IngestDestination& destination, const F
     if (item.GetItemFormat() == kPlainDirectoryItemFormat && automaticName) {
         const std::vector<Fnd::WString> none;
         const Fnd::WString chosen =
-            automaticName(target, ExtensionOf(target), none, DirectoryOf(target), {}, none);
+            automaticName(target, Fnd::PathUtils::GetExtensionPart(target), none, Fnd::PathUtils::DirectoryOf(target), {}, none);
         if (chosen != target) {
-            item.SetOutputName(StemOf(chosen));
+            item.SetOutputName(Fnd::PathUtils::StemOf(chosen));
             destination.SetApplyRename(true);
         }
     }
