@@ -7,6 +7,7 @@
 
 #include "Browse/CardScanScope.h"
 #include "Browse/ProviderRegistry.h"
+#include "ExitCodes.h"
 #include "Fnd/PathUtils.h"
 #include "OutputFormat.h"
 
@@ -65,7 +66,7 @@ int RunCards(const CardsOptions& options) {
         const Fnd::WString path = Fnd::PathUtils::ToNormalizedPath(Fnd::FromUTF8(given));
         if (!Fnd::PathUtils::ExistsOnDisk(path, true)) {
             std::cerr << "igd cards: " << given << " is not a folder\n";
-            return 2;
+            return kExitBadInput;
         }
         roots.push_back(path);
     }
@@ -80,7 +81,7 @@ int RunCards(const CardsOptions& options) {
         for (const std::vector<Browse::CardClip>& clips : clipsOfRoot)
             all.insert(all.end(), clips.begin(), clips.end());
         PrintJson(all);
-        return 0;
+        return kExitSuccess;
     }
     for (std::size_t i = 0; i < roots.size(); ++i) {
         if (roots.size() > 1)
@@ -93,7 +94,7 @@ int RunCards(const CardsOptions& options) {
         else
             std::cout << "No camera card structure in " << Fnd::ToUTF8(roots[i]) << "\n";
     }
-    return 0;
+    return kExitSuccess;
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 
 #include "CommandChoices.h"
 #include "CommandLinePaths.h"
+#include "ExitCodes.h"
 #include "Fnd/InteractionDriver.h"
 #include "IGD/IngestSequence.h"
 #include "IngestCheck.h"
@@ -98,15 +99,15 @@ int RunIngest(const IngestOptions& options) {
         Proj::Project::Open(run.projectPath);
     } catch (const Proj::ProjectError& error) {
         std::cerr << "igd: " << error.what() << "\n";
-        return 2;
+        return kExitBadInput;
     }
     if (std::string error = ChooseTemplates(options, choices); !error.empty()) {
         std::cerr << "igd: " << error << "\n";
-        return 2;
+        return kExitBadInput;
     }
     if (const std::string error = CheckIngestInput(sources, choices.destinations); !error.empty()) {
         std::cerr << "igd: " << error << "\n";
-        return 2;
+        return kExitBadInput;
     }
     choices.startNumber = options.startNumber;
 
@@ -119,13 +120,12 @@ int RunIngest(const IngestOptions& options) {
     // With nothing gathered the handler still runs once, to say so as the dialog would.
     if (sessions.empty())
         sessions.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
-    for (const IGD::IngestDialogDataRef& session : sessions)
-        ApplyIGD::IngestChoices(*session, choices);
-    if (!PrepareIngestSessions(sessions))
-        return 1;
+    IGD::ApplyIngestChoices(sessions, choices);
+    if (!IGD::CheckIngestSessions(sessions, Fnd::Date::Now()) || !IGD::CompleteIngestSessions(sessions))
+        return kExitFailure;
     return RunTaskService(run, [&](QL::Engine::TaskService&) {
         IGD::StartIngestSessions(sessions, fluxcore::utility::Guid::CreateUnique());
-        return 0;
+        return kExitSuccess;
     });
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "CommandLinePaths.h"
+#include "ExitCodes.h"
 #include "IGD/IngestApi.h"
 #include "PresetLookup.h"
 #include "IGD/IngestSequence.h"
@@ -26,7 +27,7 @@ int RunName(const NameOptions& options) {
         IGD::PresetRef preset = FindPreset(QL::kQLPresetCategoryRename, Fnd::FromUTF8(options.renamePreset));
         if (!preset) {
             std::cerr << "igd: no rename preset is named \"" << options.renamePreset << "\"\n";
-            return 2;
+            return kExitBadInput;
         }
         session->SetRenameEnabled(true);
         session->SetRenamePreset(preset);
@@ -37,7 +38,7 @@ int RunName(const NameOptions& options) {
 
     const Fnd::WString path = AbsolutePath(options.file);
     std::cout << Fnd::ToUTF8(IGD::GetIngestFileOutputName(path, session, Fnd::Date::Now(), false)) << "\n";
-    return 0;
+    return kExitSuccess;
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 
 #include "CommandChoices.h"
 #include "CommandLinePaths.h"
+#include "ExitCodes.h"
 #include "Fnd/InteractionDriver.h"
 #include "Fnd/PathUtils.h"
 #include "Fnd/RunLoop.h"
@@ -35,7 +36,7 @@ int RunPlan(const PlanOptions& options) {
     const Fnd::WString first = AbsolutePath(options.sources.front());
     if (!Fnd::PathUtils::ExistsOnDisk(first, false) || Fnd::PathUtils::IsDirectory(first)) {
         std::cerr << "igd: not a file: " << Fnd::ToUTF8(first) << "\n";
-        return 2;
+        return kExitBadInput;
     }
 
     auto printer = std::make_shared<SubmissionPrinter>(std::cout);
@@ -65,9 +66,9 @@ int RunPlan(const PlanOptions& options) {
     QL::IngestTask::SetTaskService(nullptr);
     if (printer->TaskCount() == 0) {
         std::cerr << "igd: nothing was submitted\n";
-        return 1;
+        return kExitFailure;
     }
-    return 0;
+    return kExitSuccess;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "ExitCodes.h"
 #include "Proj/PreferenceStore.h"
 #include "IGD/PreferenceEditor.h"
 
@@ -40,7 +41,7 @@ std::string ShownValue(const IGD::PreferenceListing& entry) {
 int RunList() {
     const auto store = OpenStore();
     if (!store)
-        return 1;
+        return kExitFailure;
     const std::vector<IGD::PreferenceListing> entries = IGD::ListPreferences(*store);
     std::size_t keyWidth = 0;
     for (const auto& entry : entries)
@@ -53,34 +54,34 @@ int RunList() {
             std::cout << "  locked";
         std::cout << "\n";
     }
-    return 0;
+    return kExitSuccess;
 }
 
 int RunGet(const PrefsOptions& options) {
     const auto store = OpenStore();
     if (!store)
-        return 1;
+        return kExitFailure;
     const IGD::PreferenceEditResult result = IGD::GetPreferenceText(*store, options.key);
     (result.ok ? std::cout : std::cerr) << (result.ok ? "" : "igd: ") << result.text << "\n";
-    return result.ok ? 0 : 1;
+    return result.ok ? kExitSuccess : kExitFailure;
 }
 
 int RunSet(const PrefsOptions& options) {
     const auto store = OpenStore();
     if (!store)
-        return 1;
+        return kExitFailure;
     try {
         const IGD::PreferenceEditResult result =
             IGD::SetPreferenceFromText(*store, options.key, options.value, store->LockedKeysFile());
         if (!result.ok) {
             std::cerr << "igd: " << result.text << "\n";
-            return 1;
+            return kExitFailure;
         }
     } catch (const Proj::PreferenceStoreError& error) {
         std::cerr << "igd: " << error.what() << "\n";
-        return 1;
+        return kExitFailure;
     }
-    return 0;
+    return kExitSuccess;
 }
 
 } // namespace

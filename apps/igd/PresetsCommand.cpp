@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "CommandLinePaths.h"
+#include "ExitCodes.h"
 #include "Fnd/AtomicFile.h"
 #include "Fnd/PathUtils.h"
 #include "QL/FilePresetService.h"
@@ -151,7 +152,7 @@ int RunList(const PresetsOptions& options) {
             std::cout << "  " << Fnd::ToUTF8(preset->GetName(true)) << "  " << Fnd::ToUTF8(preset->GetPath())
                       << "\n";
     }
-    return 0;
+    return kExitSuccess;
 }
 
 int RunShow(const PresetsOptions& options) {
@@ -185,7 +186,7 @@ int RunShow(const PresetsOptions& options) {
         text.erase(text.find_last_not_of(' ') + 1);
         std::cout << text << "\n";
     }
-    return 0;
+    return kExitSuccess;
 }
 
 int RunImport(const PresetsOptions& options) {
@@ -224,7 +225,7 @@ int RunImport(const PresetsOptions& options) {
     if (installed->GetName(true) != read.document->name)
         std::cout << "  (a different preset is already named \"" << Fnd::ToUTF8(read.document->name)
                   << "\")\n";
-    return 0;
+    return kExitSuccess;
 }
 
 int RunExport(const PresetsOptions& options) {
@@ -258,7 +259,7 @@ int RunExport(const PresetsOptions& options) {
     }
     std::cout << "exported " << CategoryWord(found->category) << " preset \"" << options.name << "\" to "
               << path << "\n";
-    return 0;
+    return kExitSuccess;
 }
 
 int RunDelete(const PresetsOptions& options) {
@@ -280,7 +281,7 @@ int RunDelete(const PresetsOptions& options) {
     }
     std::cout << "deleted " << CategoryWord(found->category) << " preset \"" << options.name << "\"  " << path
               << "\n";
-    return 0;
+    return kExitSuccess;
 }
 
 void AddCategoryOption(CLI::App* command, PresetsOptions& options) {

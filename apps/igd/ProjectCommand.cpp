@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "CommandLinePaths.h"
+#include "ExitCodes.h"
 #include "Proj/Project.h"
 
 namespace igd {
@@ -52,7 +53,7 @@ int RunInit(const ProjectOptions& options) {
                       << "); nothing was changed\n";
         } else
             std::cout << "created the empty project " << path << "\n";
-        return 0;
+        return kExitSuccess;
     } catch (const Proj::ProjectError& error) {
         std::cerr << "igd: " << error.what() << "; it was left as it is\n";
         return kBadInput;
@@ -190,7 +191,7 @@ int RunList(const ProjectOptions& options) {
             out << "]}";
         }
         out << "]}\n";
-        return 0;
+        return kExitSuccess;
     }
     out << "project " << path << ": " << items.size() << (items.size() == 1 ? " item" : " items") << "\n";
     for (std::size_t b = 0; b < bins.size(); ++b) {
@@ -200,7 +201,7 @@ int RunList(const ProjectOptions& options) {
         for (const Proj::ProjectItem* item : byBin[b])
             PrintItemText(out, *item);
     }
-    return 0;
+    return kExitSuccess;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "ExitCodes.h"
 #include "QL/Engine/Journal.h"
 #include "ServiceRunner.h"
 
@@ -24,7 +25,7 @@ int RunResume(const ResumeOptions& options) {
         named = fluxcore::utility::Guid::FromString(options.batch);
         if (!named) {
             std::cerr << "igd: not a batch identity: " << options.batch << "\n";
-            return 2;
+            return kExitBadInput;
         }
     }
     ServiceRunOptions run;
@@ -50,21 +51,21 @@ int RunResume(const ResumeOptions& options) {
                 break;
             case TaskService::ResumeResult::Unknown:
                 std::cerr << "igd: no batch " << batch.ToString() << " in the journal\n";
-                return 2;
+                return kExitBadInput;
             case TaskService::ResumeResult::NotResumable:
                 std::cerr << "igd: batch " << batch.ToString() << " is not unfinished\n";
-                return 2;
+                return kExitBadInput;
             }
         }
         if (queued == 0 && !named) {
             nothingToDo = true;
             return -1;
         }
-        return queued == 0 ? 1 : 0;
+        return queued == 0 ? kExitFailure : kExitSuccess;
     });
     if (nothingToDo) {
         std::cout << "Nothing to resume.\n";
-        return 0;
+        return kExitSuccess;
     }
     return exitCode;
 }

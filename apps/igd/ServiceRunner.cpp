@@ -9,6 +9,7 @@
 #include <memory>
 #include <thread>
 
+#include "ExitCodes.h"
 #include "Fnd/RunLoop.h"
 #include "IGD/IngestApi.h"
 #include "ProgressPrinter.h"
@@ -74,7 +75,7 @@ int RunTaskService(const ServiceRunOptions& options,
         service = std::make_shared<QL::Engine::TaskService>(serviceOptions);
     } catch (const QL::Engine::JournalError& error) {
         std::cerr << "igd: " << error.what() << "\n";
-        return 2;
+        return kExitBadInput;
     }
     const InstalledService installed(service);
     const OutputStyle style = options.json                 ? OutputStyle::Json
@@ -88,10 +89,10 @@ int RunTaskService(const ServiceRunOptions& options,
     RunUntilIdle(*service);
     if (printer.BatchesEnded() == 0) {
         std::cerr << "igd: nothing was ingested\n";
-        return 1;
+        return kExitFailure;
     }
     printer.PrintSummary();
-    return printer.AnyTrouble() ? 1 : 0;
+    return printer.AnyTrouble() ? kExitFailure : kExitSuccess;
 }
 
 } // namespace igd

@@ -7,7 +7,7 @@
 #include "QL/IngestMessages.h"
 #include "QL/TranscodeSetting.h"
 #include "pipeline/entry/IngestRequest.h"
-#include "pipeline/naming/RenameCounter.h"
+#include "pipeline/entry/AdvanceRenameCounter.h"
 #include "pipeline/plan/IngestPlan.h"
 #include "settings/IngestSettingsController.h"
 #include "settings/PreferenceAccess.h"

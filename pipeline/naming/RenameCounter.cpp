@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "settings/IngestSettingsController.h"
-
 namespace IGD {
 namespace {
 
@@ -32,16 +30,6 @@ std::uint32_t RenameCounterStep(const IIngestDialogData& session) {
     if (stitching && (destinations.size() == 1 || session.GetRenameApplyScope() == kApplyToPrimaryOnly))
         return 1;
     return static_cast<std::uint32_t>(session.GetSelectedItems().size());
-}
-
-void AdvanceRenameCounter(const IIngestDialogData& session) {
-    if (!session.IsRenameEnabled())
-        return;
-    const std::uint32_t step = RenameCounterStep(session);
-    if (step == 0)
-        return;
-    IngestSettingsController& settings = *IngestSettingsController::GetInstance();
-    settings.SetUserDefAutoIncStartNumber(settings.GetUserDefAutoIncStartNumber() + step);
 }
 
 } // namespace IGD

@@ -11,7 +11,4 @@ namespace IGD {
 // has no custom counter; 1 when a stitched file is all it makes; else one per selected item.
 std::uint32_t RenameCounterStep(const IIngestDialogData& session);
 
-// Moves the stored start number on by that step, when renaming is on.
-void AdvanceRenameCounter(const IIngestDialogData& session);
-
 } // namespace IGD

@@ -9,6 +9,7 @@
 #include "QL/PresetFieldFactory.h"
 #include "QL/PresetObject.h"
 #include "pipeline/entry/IngestRequest.h"
+#include "pipeline/entry/AdvanceRenameCounter.h"
 #include "pipeline/naming/RenameCounter.h"
 #include "settings/IngestSettingsController.h"
 
