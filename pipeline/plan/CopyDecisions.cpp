@@ -91,8 +91,8 @@ void KeepBothUnasked(SelectedItem& item, IngestDestination& destination, const F
     const GenerateAutomaticFileNameFunction& automaticName = GetGenerateAutomaticFileNameCallback();
     if (item.GetItemFormat() == kPlainDirectoryItemFormat && automaticName) {
         const std::vector<Fnd::WString> none;
-        const Fnd::WString chosen =
-            automaticName(target, Fnd::PathUtils::GetExtensionPart(target), none, Fnd::PathUtils::DirectoryOf(target), {}, none);
+        const Fnd::WString chosen = automaticName(target, Fnd::PathUtils::GetExtensionPart(target), none,
+                                                  Fnd::PathUtils::DirectoryOf(target), {}, none);
         if (chosen != target) {
             item.SetOutputName(Fnd::PathUtils::StemOf(chosen));
             destination.SetApplyRename(true);

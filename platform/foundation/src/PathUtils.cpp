@@ -50,8 +50,7 @@ WString CombinePaths(WStringView first, WStringView second) {
 
 namespace {
 
-template <class Char>
-std::basic_string<Char> FolderOfPath(std::basic_string_view<Char> path) {
+template <class Char> std::basic_string<Char> FolderOfPath(std::basic_string_view<Char> path) {
     const auto last = path.rfind(Char('/'));
     if (last == path.npos)
         return {Char('.')};
@@ -61,8 +60,7 @@ std::basic_string<Char> FolderOfPath(std::basic_string_view<Char> path) {
                             : std::basic_string<Char>(path.substr(0, end + 1));
 }
 
-template <class Char>
-std::basic_string<Char> FileNameOfPath(std::basic_string_view<Char> path) {
+template <class Char> std::basic_string<Char> FileNameOfPath(std::basic_string_view<Char> path) {
     const auto last = path.rfind(Char('/'));
     return std::basic_string<Char>(last == path.npos ? path : path.substr(last + 1));
 }

@@ -20,7 +20,8 @@ std::int64_t ReadNumber(Connection& connection, const char* sql) {
 }
 
 int VersionInMetaTable(Connection& connection, const Schema& schema) {
-    if (ReadNumber(connection, "SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name = 'meta'") == 0)
+    if (ReadNumber(connection, "SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name = 'meta'") ==
+        0)
         return kOtherKind;
     Statement read(connection, "SELECT (SELECT value FROM meta WHERE key = 'schema'), "
                                "(SELECT value FROM meta WHERE key = 'version')");
@@ -76,7 +77,8 @@ void WriteVersion(Connection& connection, const Schema& schema) {
                            ";PRAGMA user_version=" + std::to_string(schema.version));
         return;
     }
-    Statement write(connection, "INSERT OR REPLACE INTO meta (key, value) VALUES ('schema', ?), ('version', ?)");
+    Statement write(connection,
+                    "INSERT OR REPLACE INTO meta (key, value) VALUES ('schema', ?), ('version', ?)");
     write.Bind(1, schema.name).Bind(2, std::to_string(schema.version)).Run();
 }
 

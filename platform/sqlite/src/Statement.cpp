@@ -6,7 +6,8 @@
 
 namespace Sqlite {
 
-Statement::Statement(Connection& connection, std::string_view sql, bool persistent) : connection_(connection) {
+Statement::Statement(Connection& connection, std::string_view sql, bool persistent)
+    : connection_(connection) {
     if (sqlite3_prepare_v3(connection.Handle(), sql.data(), static_cast<int>(sql.size()),
                            persistent ? SQLITE_PREPARE_PERSISTENT : 0, &statement_, nullptr) != SQLITE_OK)
         connection.Fail("cannot query");

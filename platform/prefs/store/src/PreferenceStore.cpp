@@ -24,8 +24,9 @@ constexpr int kSchemaVersion = 1;
 
 // Version 1 is the first layout, so there is nothing older to upgrade.
 void CreateSchema(Sqlite::Connection& connection) {
-    connection.Execute("CREATE TABLE preferences (key TEXT PRIMARY KEY NOT NULL, kind INTEGER NOT NULL, value) "
-                       "WITHOUT ROWID");
+    connection.Execute(
+        "CREATE TABLE preferences (key TEXT PRIMARY KEY NOT NULL, kind INTEGER NOT NULL, value) "
+        "WITHOUT ROWID");
 }
 
 void UpgradeFrom(Sqlite::Connection&, int version) {
@@ -38,7 +39,8 @@ const Sqlite::Schema kPreferenceSchema{.storage = Sqlite::Schema::Storage::Heade
                                        .create = CreateSchema,
                                        .upgrade = UpgradeFrom};
 
-[[noreturn]] void RaisePreferenceError(const std::string& path, std::string_view what, std::string_view reason) {
+[[noreturn]] void RaisePreferenceError(const std::string& path, std::string_view what,
+                                       std::string_view reason) {
     throw PreferenceStoreError("preferences " + path + ": " + std::string(what) + ": " + std::string(reason));
 }
 
@@ -166,13 +168,14 @@ void PreferenceStore::OpenDatabase(bool create) {
     // A write-ahead log commits with one flush and lets other processes read while one writes;
     // FULL makes every commit durable before SetValue returns.
     try {
-        db_ = std::make_unique<Sqlite::Connection>(path_,
-                                                   Sqlite::Connection::Options{.create = create,
-                                                                               .busyTimeoutMilliseconds = 5000,
-                                                                               .writeAheadLog = true,
-                                                                               .synchronous = "FULL",
-                                                                               .raise = RaisePreferenceError},
-                                                   kPreferenceSchema);
+        db_ =
+            std::make_unique<Sqlite::Connection>(path_,
+                                                 Sqlite::Connection::Options{.create = create,
+                                                                             .busyTimeoutMilliseconds = 5000,
+                                                                             .writeAheadLog = true,
+                                                                             .synchronous = "FULL",
+                                                                             .raise = RaisePreferenceError},
+                                                 kPreferenceSchema);
     } catch (const Sqlite::SchemaError& refusal) {
         RefusePreferences(refusal, path_);
     }
@@ -224,8 +227,9 @@ bool PreferenceStore::GetValue(const PreferenceKey& key, SerializeableValueBase&
 void PreferenceStore::WriteValue(const std::string& key, const PreferenceData& data) {
     if (db_ == nullptr)
         OpenDatabase(true);
-    Sqlite::Statement statement(*db_, "INSERT INTO preferences (key, kind, value) VALUES (?1, ?2, ?3) "
-                                      "ON CONFLICT (key) DO UPDATE SET kind = excluded.kind, value = excluded.value");
+    Sqlite::Statement statement(
+        *db_, "INSERT INTO preferences (key, kind, value) VALUES (?1, ?2, ?3) "
+              "ON CONFLICT (key) DO UPDATE SET kind = excluded.kind, value = excluded.value");
     statement.Bind(1, std::string_view(key)).Bind(2, static_cast<std::int64_t>(KindOf(data)));
     BindData(statement, 3, data);
     statement.Run();

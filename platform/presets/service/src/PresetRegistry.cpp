@@ -177,7 +177,8 @@ std::string PresetRegistry::UserPathFor(const Fnd::WString& name) const {
 std::string PresetRegistry::FindNameHolder(const Fnd::WString& name, const std::string& except) const {
     const Fnd::WString fileName = PresetFileName(name, category_);
     const auto holds = [&](const std::string& path) {
-        return path != except && Fnd::EqualsIgnoringASCIICase(Fnd::FromUTF8(Fnd::PathUtils::FileNameOf(path)), fileName);
+        return path != except &&
+               Fnd::EqualsIgnoringASCIICase(Fnd::FromUTF8(Fnd::PathUtils::FileNameOf(path)), fileName);
     };
     for (const auto& [path, entry] : user_.presets)
         if (holds(path) || (path != except && Fnd::EqualsIgnoringASCIICase(entry.document.name, name)))

@@ -57,10 +57,8 @@ void UpgradeFrom(Sqlite::Connection&, int version) {
 
 } // namespace
 
-const Sqlite::Schema kProjectSchema{.name = "igd.project",
-                                    .version = kProjectSchemaVersion,
-                                    .create = Create,
-                                    .upgrade = UpgradeFrom};
+const Sqlite::Schema kProjectSchema{
+    .name = "igd.project", .version = kProjectSchemaVersion, .create = Create, .upgrade = UpgradeFrom};
 
 void RaiseProjectError(const std::string& path, std::string_view what, std::string_view reason) {
     throw ProjectError(std::string(what) + " the project: " + path + ": " + std::string(reason));

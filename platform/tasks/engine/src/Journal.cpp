@@ -80,11 +80,12 @@ void UpgradeFrom(Sqlite::Connection&, int version) {
     throw std::logic_error("no upgrade of the task journal from version " + std::to_string(version));
 }
 
-const Sqlite::Schema kJournalSchema{.name = "igd.journal", .version = 1, .create = CreateSchema, .upgrade = UpgradeFrom};
+const Sqlite::Schema kJournalSchema{
+    .name = "igd.journal", .version = 1, .create = CreateSchema, .upgrade = UpgradeFrom};
 
 [[noreturn]] void RaiseJournalError(const std::string& path, std::string_view what, std::string_view reason) {
-    throw JournalError("the task journal " + path + " cannot be used (" + std::string(what) + "): " +
-                       std::string(reason));
+    throw JournalError("the task journal " + path + " cannot be used (" + std::string(what) +
+                       "): " + std::string(reason));
 }
 
 // The path, once its folder exists.
@@ -115,10 +116,12 @@ std::string Journal::DefaultPath() {
 // loses no commit in WAL mode with NORMAL; what a power cut may lose, resume rebuilds from the
 // disk (see the resume of files under their final names).
 Journal::Journal(const std::string& path) try
-    : path_(path),
-      db_(WithFolder(path),
-          {.busyTimeoutMilliseconds = 10000, .writeAheadLog = true, .synchronous = "NORMAL", .raise = RaiseJournalError},
-          kJournalSchema) {
+    : path_(path), db_(WithFolder(path),
+                       {.busyTimeoutMilliseconds = 10000,
+                        .writeAheadLog = true,
+                        .synchronous = "NORMAL",
+                        .raise = RaiseJournalError},
+                       kJournalSchema) {
 } catch (const Sqlite::SchemaError& refusal) {
     if (refusal.reason == Sqlite::SchemaError::Reason::Newer)
         throw JournalError("the task journal " + path + " was written by a newer version of igd (" +
@@ -155,8 +158,8 @@ std::int64_t Journal::AddTask(const fluxcore::utility::Guid& batch, const TaskRe
 
     files = PlannedFiles(record, taskId);
     Sqlite::Statement insertFile(db_,
-                               "INSERT INTO files(task_id, unit, entry, source, target, action, state) "
-                               "VALUES (?, ?, ?, ?, ?, ?, ?)");
+                                 "INSERT INTO files(task_id, unit, entry, source, target, action, state) "
+                                 "VALUES (?, ?, ?, ?, ?, ?, ?)");
     for (FileRecord& file : files) {
         insertFile.Bind(1, taskId)
             .Bind(2, file.unit)
@@ -177,9 +180,8 @@ void Journal::MarkBatchRunning(const fluxcore::utility::Guid& batch, const Fnd::
     std::lock_guard lock(mutex_);
     Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
     BatchId(batch, true);
-    Sqlite::Statement update(db_,
-                           "UPDATE batches SET state = ?, target_bin = ?, project = ?, started_at = ? "
-                           "WHERE guid = ?");
+    Sqlite::Statement update(db_, "UPDATE batches SET state = ?, target_bin = ?, project = ?, started_at = ? "
+                                  "WHERE guid = ?");
     update.Bind(1, BatchStateName(BatchState::Running))
         .Bind(2, Fnd::ToUTF8(targetBin))
         .Bind(3, projectPath)
@@ -192,9 +194,8 @@ void Journal::MarkBatchRunning(const fluxcore::utility::Guid& batch, const Fnd::
 void Journal::SetBatchState(const fluxcore::utility::Guid& batch, BatchState state) {
     std::lock_guard lock(mutex_);
     const bool over = state == BatchState::Finished || state == BatchState::Cancelled;
-    Sqlite::Statement update(db_,
-                           over ? "UPDATE batches SET state = ?, finished_at = ? WHERE guid = ?"
-                                : "UPDATE batches SET state = ? WHERE guid = ?");
+    Sqlite::Statement update(db_, over ? "UPDATE batches SET state = ?, finished_at = ? WHERE guid = ?"
+                                       : "UPDATE batches SET state = ? WHERE guid = ?");
     update.Bind(1, BatchStateName(state));
     if (over)
         update.Bind(2, Now()).Bind(3, batch.ToString());
@@ -208,9 +209,8 @@ void Journal::UpdateFiles(const std::vector<const FileRecord*>& files) {
         return;
     std::lock_guard lock(mutex_);
     Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
-    Sqlite::Statement update(db_,
-                           "UPDATE files SET state = ?, temporary = ?, final_path = ?, checksum = ?, "
-                           "reason = ?, size = ? WHERE id = ?");
+    Sqlite::Statement update(db_, "UPDATE files SET state = ?, temporary = ?, final_path = ?, checksum = ?, "
+                                  "reason = ?, size = ? WHERE id = ?");
     for (const FileRecord* file : files)
         update.Bind(1, FileStateName(file->state))
             .Bind(2, file->temporary)
@@ -252,9 +252,9 @@ std::optional<JournalBatch> Journal::LoadBatch(const fluxcore::utility::Guid& ba
             JournalTask{tasks.Int(0), DecodeTaskRecord(tasks.Text(1)), !tasks.Text(2).empty()});
 
     Sqlite::Statement files(db_,
-                          "SELECT f.id, f.task_id, f.unit, f.entry, f.source, f.target, f.action, f.state, "
-                          "f.temporary, f.final_path, f.checksum, f.reason, f.size FROM files f "
-                          "JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = ? ORDER BY f.id");
+                            "SELECT f.id, f.task_id, f.unit, f.entry, f.source, f.target, f.action, f.state, "
+                            "f.temporary, f.final_path, f.checksum, f.reason, f.size FROM files f "
+                            "JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = ? ORDER BY f.id");
     files.Bind(1, batchId);
     while (files.Step()) {
         FileRecord file;
@@ -279,12 +279,11 @@ std::optional<JournalBatch> Journal::LoadBatch(const fluxcore::utility::Guid& ba
 std::vector<BatchSummary> Journal::Batches(BatchState state) const {
     std::lock_guard lock(mutex_);
     Sqlite::Statement select(
-        db_,
-        "SELECT b.guid, b.submitted_at, "
-        "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = b.id), "
-        "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id "
-        " WHERE t.batch_id = b.id AND f.state = 'verified') "
-        "FROM batches b WHERE b.state = ? ORDER BY b.id");
+        db_, "SELECT b.guid, b.submitted_at, "
+             "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = b.id), "
+             "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id "
+             " WHERE t.batch_id = b.id AND f.state = 'verified') "
+             "FROM batches b WHERE b.state = ? ORDER BY b.id");
     select.Bind(1, BatchStateName(state));
     std::vector<BatchSummary> batches;
     while (select.Step()) {

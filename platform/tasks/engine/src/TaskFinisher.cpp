@@ -101,7 +101,8 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
             if (const Fnd::WString* rename = Find(unit->renames, target))
                 projectItem.name = *rename;
             else if (finalPath != target && item->name == Fnd::PathUtils::FileNameOf(target))
-                projectItem.name = Fnd::PathUtils::FileNameOf(finalPath); // kept both: the item is the new file
+                projectItem.name =
+                    Fnd::PathUtils::FileNameOf(finalPath); // kept both: the item is the new file
             if (const fluxcore::utility::Guid* guid = Find(unit->clipGuids, target))
                 projectItem.clipGuid = *guid;
 
