@@ -213,14 +213,7 @@ void ProgressPrinter::OnTask(const TaskOutcomeMessage& task) {
 
 void ProgressPrinter::OnBatch(const BatchOutcomeMessage& batch) {
     ++batches_;
-    copied_ += batch.filesCopied;
-    skipped_ += batch.filesSkipped;
-    alreadyCopied_ += batch.filesAlreadyCopied;
-    failed_ += batch.filesFailed;
-    cancelled_ += batch.filesCancelled;
-    tasksFailed_ += batch.tasksFailed;
-    imported_ += batch.itemsImported;
-    bytesRead_ += batch.bytesRead;
+    totals_ += batch;
     seconds_ += batch.seconds;
     if (!batch.journalProblem.empty())
         problems_.push_back("journal: " + U(batch.journalProblem));
@@ -242,11 +235,13 @@ void ProgressPrinter::OnBatch(const BatchOutcomeMessage& batch) {
 void ProgressPrinter::PrintSummary() {
     ClearBar();
     if (style_ == OutputStyle::Json) {
-        out_ << "{\"event\":\"summary\",\"filesCopied\":" << copied_ << ",\"filesSkipped\":" << skipped_
-             << ",\"filesAlreadyCopied\":" << alreadyCopied_ << ",\"filesFailed\":" << failed_
-             << ",\"tasksFailed\":" << tasksFailed_ << ",\"itemsImported\":" << imported_
-             << ",\"bytesRead\":" << bytesRead_ << ",\"seconds\":" << Number(seconds_)
-             << ",\"ok\":" << (AnyTrouble() ? "false" : "true") << "}\n"
+        out_ << "{\"event\":\"summary\",\"filesCopied\":" << totals_.filesCopied
+             << ",\"filesSkipped\":" << totals_.filesSkipped
+             << ",\"filesAlreadyCopied\":" << totals_.filesAlreadyCopied
+             << ",\"filesFailed\":" << totals_.filesFailed << ",\"tasksFailed\":" << totals_.tasksFailed
+             << ",\"itemsImported\":" << totals_.itemsImported << ",\"bytesRead\":" << totals_.bytesRead
+             << ",\"seconds\":" << Number(seconds_) << ",\"ok\":" << (AnyTrouble() ? "false" : "true")
+             << "}\n"
              << std::flush;
         return;
     }
@@ -255,15 +250,16 @@ void ProgressPrinter::PrintSummary() {
                 : AnyTrouble()        ? "Finished with problems"
                                       : "Done")
             << " in " << (seconds_ < 60 ? Seconds(seconds_) : HumanDuration(seconds_)) << ": "
-            << HumanBytes(bytesRead_) << " read";
+            << HumanBytes(totals_.bytesRead) << " read";
     if (seconds_ > 0.05)
-        summary << " (" << HumanBytes(static_cast<std::uint64_t>(static_cast<double>(bytesRead_) / seconds_))
+        summary << " ("
+                << HumanBytes(static_cast<std::uint64_t>(static_cast<double>(totals_.bytesRead) / seconds_))
                 << "/s)";
-    summary << ", " << copied_ << " copied";
-    if (alreadyCopied_ > 0)
-        summary << ", " << alreadyCopied_ << " already copied";
-    summary << ", " << skipped_ << " skipped, " << failed_ << " failed, " << imported_
-            << " imported into the project.";
+    summary << ", " << totals_.filesCopied << " copied";
+    if (totals_.filesAlreadyCopied > 0)
+        summary << ", " << totals_.filesAlreadyCopied << " already copied";
+    summary << ", " << totals_.filesSkipped << " skipped, " << totals_.filesFailed << " failed, "
+            << totals_.itemsImported << " imported into the project.";
     out_ << summary.str() << "\n";
     for (const auto& [destination, ways] : verification_)
         for (const VerifiedBy way : ways)
@@ -274,7 +270,7 @@ void ProgressPrinter::PrintSummary() {
 }
 
 bool ProgressPrinter::AnyTrouble() const {
-    return failed_ > 0 || cancelled_ > 0 || batchesCancelled_ > 0 || tasksFailed_ > 0;
+    return totals_.AnyFailure() || batchesCancelled_ > 0;
 }
 
 void ProgressPrinter::PrintLine(const std::string& line) {

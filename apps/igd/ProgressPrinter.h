@@ -49,15 +49,8 @@ private:
     std::string lastBar_;
 
     std::uint64_t batches_ = 0;
-    std::uint64_t copied_ = 0;
-    std::uint64_t skipped_ = 0;
-    std::uint64_t alreadyCopied_ = 0;
-    std::uint64_t failed_ = 0;
-    std::uint64_t cancelled_ = 0;
+    QL::Engine::BatchCounters totals_;
     std::uint64_t batchesCancelled_ = 0;
-    std::uint64_t tasksFailed_ = 0;
-    std::uint64_t imported_ = 0;
-    std::uint64_t bytesRead_ = 0;
     double seconds_ = 0;
     std::vector<std::string> problems_;
     std::vector<std::string> destinations_;

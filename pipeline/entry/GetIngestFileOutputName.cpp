@@ -1,6 +1,5 @@
 #include "Fnd/PathUtils.h"
 #include "IGD/IngestApi.h"
-#include "pipeline/gathering/PathParts.h"
 #include "pipeline/gathering/PrepareSessionForFile.h"
 
 namespace IGD {
@@ -13,7 +12,7 @@ Fnd::WString GetIngestFileOutputName(const Fnd::WString& path, IngestDialogDataR
     PrepareSessionForFile(path, *session, date, gather, forceNames);
     const SelectedItemList items = session->GetSelectedItems();
     if (items.empty())
-        return FileNameOf(path);
+        return Fnd::PathUtils::FileNameOf(path);
     const SelectedItem& first = *items.front();
     const Fnd::WString& itemPath = first.GetItemPath();
     if (!first.HasOutputName())

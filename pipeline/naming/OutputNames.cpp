@@ -5,7 +5,6 @@
 #include "pipeline/naming/FileCreationTime.h"
 #include "pipeline/gathering/NormalizedRoot.h"
 #include "pipeline/naming/OutputNameBuilder.h"
-#include "pipeline/gathering/PathParts.h"
 
 namespace IGD {
 namespace {
@@ -16,10 +15,10 @@ Fnd::WString BaseNameOf(const SelectedItem& item) {
     const Fnd::WString& itemPath = item.GetItemPath();
     if (const auto* clip = dynamic_cast<const SelectedClipItem*>(&item)) {
         const Fnd::WString& clipName = clip->GetClipName();
-        if (!clipName.empty() && clipName != FileNameOf(itemPath))
+        if (!clipName.empty() && clipName != Fnd::PathUtils::FileNameOf(itemPath))
             return clipName;
     }
-    return StemOf(Fnd::PathUtils::RemoveTrailingSlash(itemPath));
+    return Fnd::PathUtils::StemOf(Fnd::PathUtils::RemoveTrailingSlash(itemPath));
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "pipeline/gathering/NormalizedRoot.h"
-#include "pipeline/gathering/PathParts.h"
+#include "Fnd/PathUtils.h"
 
 namespace IGD {
 
@@ -18,7 +18,7 @@ bool AnyItemHasOutputName(const SelectedItemList& items) {
 
 Fnd::WString FindSidecarPath(const std::vector<Fnd::WString>& paths) {
     for (const Fnd::WString& path : paths) {
-        if (Fnd::EqualsIgnoringASCIICase(ExtensionOf(path), u".xmp"))
+        if (Fnd::EqualsIgnoringASCIICase(Fnd::PathUtils::GetExtensionPart(path), u".xmp"))
             return path;
     }
     return {};

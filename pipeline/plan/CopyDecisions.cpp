@@ -11,7 +11,6 @@
 #include "host/HostKind.h"
 #include "pipeline/session/ItemFormats.h"
 #include "pipeline/gathering/NormalizedRoot.h"
-#include "pipeline/gathering/PathParts.h"
 
 namespace IGD {
 namespace {
@@ -92,10 +91,10 @@ void KeepBothUnasked(SelectedItem& item, IngestDestination& destination, const F
     const GenerateAutomaticFileNameFunction& automaticName = GetGenerateAutomaticFileNameCallback();
     if (item.GetItemFormat() == kPlainDirectoryItemFormat && automaticName) {
         const std::vector<Fnd::WString> none;
-        const Fnd::WString chosen =
-            automaticName(target, ExtensionOf(target), none, DirectoryOf(target), {}, none);
+        const Fnd::WString chosen = automaticName(target, Fnd::PathUtils::GetExtensionPart(target), none,
+                                                  Fnd::PathUtils::DirectoryOf(target), {}, none);
         if (chosen != target) {
-            item.SetOutputName(StemOf(chosen));
+            item.SetOutputName(Fnd::PathUtils::StemOf(chosen));
             destination.SetApplyRename(true);
         }
     }

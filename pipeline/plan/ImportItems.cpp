@@ -7,7 +7,6 @@
 #include "Fnd/PathUtils.h"
 #include "IGD/SelectedClipItem.h"
 #include "IGD/SelectedFolderItem.h"
-#include "pipeline/gathering/PathParts.h"
 #include "pipeline/checks/SourceCheck.h"
 
 namespace IGD {
@@ -21,7 +20,7 @@ void BuildFolderImportItems(const NormalizedRoot& sourceRoot, const SelectedFold
             continue;
         auto imported = std::make_shared<QL::IngestItem>();
         imported->path = targetRoot.Join(extra);
-        imported->name = FileNameOf(imported->path);
+        imported->name = Fnd::PathUtils::FileNameOf(imported->path);
         imported->format = folder.GetItemFormat();
         const Fnd::WString& key = imported->path;
         importItems.insert_or_assign(key, std::move(imported));
@@ -37,7 +36,7 @@ void BuildClipImportItem(const NormalizedRoot& sourceRoot, const SelectedClipIte
     auto imported = std::make_shared<QL::IngestItem>();
     imported->path = useRename ? targetRoot.TargetPath(clip) : targetRoot.ItemPath(clip);
     // The project shows the new name even where the file keeps its old one.
-    imported->name = clip.HasOutputName() ? clip.GetOutputName() : FileNameOf(imported->path);
+    imported->name = clip.HasOutputName() ? clip.GetOutputName() : Fnd::PathUtils::FileNameOf(imported->path);
     imported->format = clip.GetItemFormat();
     imported->inPoint = clip.GetInPoint();
     imported->outPoint = clip.GetOutPoint();

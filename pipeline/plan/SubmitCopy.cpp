@@ -15,7 +15,7 @@
 #include "pipeline/plan/ImportItems.h"
 #include "pipeline/session/ItemFormats.h"
 #include "pipeline/gathering/NormalizedRoot.h"
-#include "pipeline/gathering/PathParts.h"
+#include "Fnd/PathUtils.h"
 #include "pipeline/naming/RenameTargets.h"
 #include "pipeline/plan/TargetMaps.h"
 
@@ -81,7 +81,7 @@ QL::IngestTask::CopyUnitRef BuildCopyUnit(const CopyUnitContext& context, const 
     Fnd::WString oldStem;
     if (renameSidecar && !extras.empty()) {
         sidecar = FindSidecarPath(extras);
-        oldStem = StemOf(item.GetItemPath());
+        oldStem = Fnd::PathUtils::StemOf(item.GetItemPath());
     }
     const Fnd::WString& mainTarget = first.target; // list elements stay where they are
     for (const Fnd::WString& extra : extras) {

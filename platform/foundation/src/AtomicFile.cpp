@@ -1,25 +1,20 @@
 #include "Fnd/AtomicFile.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <stdio.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <system_error>
+
+#include "Fnd/PathUtils.h"
 
 namespace Fnd {
 namespace {
 
 [[noreturn]] void Fail(const std::string& path) {
     throw std::system_error(errno, std::generic_category(), path);
-}
-
-std::string FolderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 void WriteAll(int fd, std::string_view content, const std::string& path) {
@@ -85,7 +80,7 @@ bool WriteFileAtomically(const std::string& path, std::string_view content, bool
             Fail(path);
         }
     }
-    const int folder = ::open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY);
+    const int folder = ::open(PathUtils::FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY);
     if (folder >= 0) {
         ::fsync(folder);
         ::close(folder);

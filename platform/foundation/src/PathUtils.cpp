@@ -48,6 +48,54 @@ WString CombinePaths(WStringView first, WStringView second) {
     return out;
 }
 
+namespace {
+
+template <class Char> std::basic_string<Char> FolderOfPath(std::basic_string_view<Char> path) {
+    const auto last = path.rfind(Char('/'));
+    if (last == path.npos)
+        return {Char('.')};
+    // "/a//b" lives in "/a", not in "/a/".
+    const auto end = path.find_last_not_of(Char('/'), last);
+    return end == path.npos ? std::basic_string<Char>(1, Char('/'))
+                            : std::basic_string<Char>(path.substr(0, end + 1));
+}
+
+template <class Char> std::basic_string<Char> FileNameOfPath(std::basic_string_view<Char> path) {
+    const auto last = path.rfind(Char('/'));
+    return std::basic_string<Char>(last == path.npos ? path : path.substr(last + 1));
+}
+
+} // namespace
+
+std::string FolderOf(std::string_view path) {
+    return FolderOfPath(path);
+}
+
+WString FolderOf(WStringView path) {
+    return FolderOfPath(path);
+}
+
+std::string FileNameOf(std::string_view path) {
+    return FileNameOfPath(path);
+}
+
+WString FileNameOf(WStringView path) {
+    return FileNameOfPath(path);
+}
+
+WString DirectoryOf(WStringView path) {
+    WString folder = FolderOf(path);
+    if (folder.back() != kSeparator)
+        folder.push_back(kSeparator);
+    return folder;
+}
+
+WString StemOf(WStringView path) {
+    WString stem;
+    SplitPath(path, nullptr, nullptr, &stem, nullptr);
+    return stem;
+}
+
 void SplitPath(WStringView path, WString* drive, WString* directory, WString* stem, WString* extension) {
     const auto lastSeparator = path.rfind(kSeparator);
     const auto nameStart = lastSeparator == WStringView::npos ? 0 : lastSeparator + 1;

@@ -1,7 +1,6 @@
 #include "P2ClipXml.h"
 
 #include <memory>
-#include <mutex>
 
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
@@ -10,6 +9,7 @@
 #include <xercesc/util/XMLString.hpp>
 
 #include "CardFolder.h"
+#include "Fnd/XmlParser.h"
 
 namespace Browse {
 namespace {
@@ -80,8 +80,7 @@ void Walk(const DOMNode* node, bool insideConnection, P2ClipXml& out) {
 } // namespace
 
 std::optional<P2ClipXml> ReadP2ClipXml(const std::filesystem::path& file) {
-    static std::once_flag once;
-    std::call_once(once, [] { XMLPlatformUtils::Initialize(); });
+    Fnd::EnsureXmlParser();
 
     XercesDOMParser parser;
     parser.setValidationScheme(XercesDOMParser::Val_Never);

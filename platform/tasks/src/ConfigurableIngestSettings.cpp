@@ -29,6 +29,7 @@
 #include <xercesc/util/XMLException.hpp>
 
 #include "Fnd/IgdHome.h"
+#include "Fnd/XmlParser.h"
 #include "QL/Utilities.h"
 #include "fluxcore/ZString.h"
 
@@ -70,11 +71,6 @@ struct Refusal {
 
 [[noreturn]] void Refuse(std::string_view keyAndDefault, std::initializer_list<Fnd::WString> arguments = {}) {
     throw Refusal{fluxcore::Localize(keyAndDefault, arguments)};
-}
-
-void InitializeXercesOnce() {
-    static std::once_flag once;
-    std::call_once(once, [] { xercesc::XMLPlatformUtils::Initialize(); });
 }
 
 class ThrowingErrorHandler : public xercesc::ErrorHandler {
@@ -194,7 +190,7 @@ IngestUtils::IngestSettings Interpret(const xercesc::DOMElement& root) {
 }
 
 IngestUtils::IngestSettings Parse(const std::string& content) {
-    InitializeXercesOnce();
+    Fnd::EnsureXmlParser();
     xercesc::XercesDOMParser parser;
     // A settings file has no business fetching anything: no DTD, no external entities.
     parser.setLoadExternalDTD(false);

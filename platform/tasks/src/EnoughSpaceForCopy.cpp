@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "Fnd/PathUtils.h"
 #include "Mid/Utilities.h"
 #include "QL/IngestUtils.h"
 
@@ -33,13 +34,6 @@ std::uint64_t RoundUp(std::uint64_t size, std::uint64_t blockSize) {
     return (size + blockSize - 1) / blockSize * blockSize;
 }
 
-std::string ParentOf(const std::string& path) {
-    const std::size_t slash = path.find_last_of('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
 // A destination folder is often created by the copy itself: its nearest existing ancestor is
 // where its bytes will land.
 bool MeasureVolume(const Fnd::WString& destination, DestinationVolume& volume) {
@@ -48,7 +42,7 @@ bool MeasureVolume(const Fnd::WString& destination, DestinationVolume& volume) {
     while (::stat(path.c_str(), &info) != 0) {
         if ((errno != ENOENT && errno != ENOTDIR) || path == "/" || path == ".")
             return false;
-        path = ParentOf(path);
+        path = Fnd::PathUtils::FolderOf(path);
     }
     struct statvfs space {};
     if (::statvfs(path.c_str(), &space) != 0)

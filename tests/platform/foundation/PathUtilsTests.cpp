@@ -205,3 +205,24 @@ TEST(DirectoryChecks, WriteableOnlyForAnExistingDirectory) {
     EXPECT_FALSE(Fnd::Directory::IsDirectoryWriteable(folder + u"/missing"));
     EXPECT_FALSE(Fnd::Directory::IsDirectoryWriteable(u""));
 }
+
+TEST(PathParts, FolderAndNameHaveOneAnswerForEveryShapeOfPath) {
+    struct Case {
+        std::string path, folder, name;
+        WString directory, stem;
+    };
+    for (const Case& c :
+         {Case{"/a/b.MOV", "/a", "b.MOV", u"/a/", u"b"}, Case{"/b", "/", "b", u"/", u"b"},
+          Case{"b.tar.gz", ".", "b.tar.gz", u"./", u"b.tar"}, Case{"/a/", "/a", "", u"/a/", u""},
+          Case{"/a//b", "/a", "b", u"/a/", u"b"}, Case{"a/.hidden", "a", ".hidden", u"a/", u".hidden"},
+          Case{"/", "/", "", u"/", u""}, Case{"", ".", "", u"./", u""}}) {
+        SCOPED_TRACE(c.path);
+        EXPECT_EQ(PathUtils::FolderOf(c.path), c.folder);
+        EXPECT_EQ(PathUtils::FileNameOf(c.path), c.name);
+        const WString wide = Fnd::FromUTF8(c.path);
+        EXPECT_EQ(PathUtils::FolderOf(wide), Fnd::FromUTF8(c.folder));
+        EXPECT_EQ(PathUtils::FileNameOf(wide), Fnd::FromUTF8(c.name));
+        EXPECT_EQ(PathUtils::DirectoryOf(wide), c.directory);
+        EXPECT_EQ(PathUtils::StemOf(wide), c.stem);
+    }
+}

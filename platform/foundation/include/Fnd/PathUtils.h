@@ -1,8 +1,26 @@
 #pragma once
 // POSIX paths. A "drive" part is always empty here: the same drive means the same filesystem.
+#include <string>
+#include <string_view>
+
 #include "Fnd/WString.h"
 
 namespace Fnd::PathUtils {
+
+// The parts of a path by its last separator, narrow (UTF-8, as the system takes it) and wide.
+// A path without a separator names an entry of the current folder, so its folder is "." and
+// every folder answered here can be opened, statted or created as it is; the folder of an entry
+// of the root is the root. The name after a trailing separator is empty.
+//   "/a/b.MOV" -> folder "/a", name "b.MOV";  "/b" -> "/", "b";  "b" -> ".", "b";  "/a/" -> "/a", ""
+std::string FolderOf(std::string_view path);
+WString FolderOf(WStringView path);
+std::string FileNameOf(std::string_view path);
+WString FileNameOf(WStringView path);
+// The folder with one trailing separator, ready for a name to be appended: "/a/b" -> "/a/",
+// "/b" -> "/", "b" -> "./".
+WString DirectoryOf(WStringView path);
+// The file name without its extension, as SplitPath finds them.
+WString StemOf(WStringView path);
 
 // Joins with exactly one separator between the parts; an empty part gives the other.
 WString CombinePaths(WStringView first, WStringView second);

@@ -10,21 +10,55 @@
 #include <system_error>
 
 #include "Fnd/IgdHome.h"
+#include "Fnd/PathUtils.h"
 #include "Proj/Backend.h"
+#include "Sqlite/Schema.h"
+#include "Sqlite/Statement.h"
 
 namespace Proj {
 namespace {
 
 // "IGDP": tells our files from any other SQLite database.
 constexpr std::int32_t kApplicationID = 0x49474450;
-constexpr std::int32_t kSchemaVersion = 1;
+constexpr int kSchemaVersion = 1;
+
+// Version 1 is the first layout, so there is nothing older to upgrade.
+void CreateSchema(Sqlite::Connection& connection) {
+    connection.Execute(
+        "CREATE TABLE preferences (key TEXT PRIMARY KEY NOT NULL, kind INTEGER NOT NULL, value) "
+        "WITHOUT ROWID");
+}
+
+void UpgradeFrom(Sqlite::Connection&, int version) {
+    throw std::logic_error("no upgrade of the preferences from version " + std::to_string(version));
+}
+
+const Sqlite::Schema kPreferenceSchema{.storage = Sqlite::Schema::Storage::HeaderFields,
+                                       .applicationId = kApplicationID,
+                                       .version = kSchemaVersion,
+                                       .create = CreateSchema,
+                                       .upgrade = UpgradeFrom};
+
+[[noreturn]] void RaisePreferenceError(const std::string& path, std::string_view what,
+                                       std::string_view reason) {
+    throw PreferenceStoreError("preferences " + path + ": " + std::string(what) + ": " + std::string(reason));
+}
+
+[[noreturn]] void RefusePreferences(const Sqlite::SchemaError& refusal, const std::string& path) {
+    switch (refusal.reason) {
+    case Sqlite::SchemaError::Reason::NotADatabase:
+        throw PreferenceStoreError("preferences " + path + ": not a preference file (not a database)");
+    case Sqlite::SchemaError::Reason::OtherKind:
+        throw PreferenceStoreError("preferences " + path + ": not a preference file of IGD");
+    case Sqlite::SchemaError::Reason::Newer:
+        break;
+    }
+    throw PreferenceStoreError("preferences " + path + ": written by a newer IGD (schema version " +
+                               std::to_string(refusal.storedVersion) + ", this one reads up to " +
+                               std::to_string(kSchemaVersion) + "); left as it is");
+}
 
 const Fnd::StationID kPreferencesStation{"Proj.Preferences"};
-
-std::string ParentFolder(const std::string& path) {
-    const auto slash = path.rfind('/');
-    return slash == std::string::npos || slash == 0 ? std::string() : path.substr(0, slash);
-}
 
 bool Exists(const std::string& path) {
     struct stat info {};
@@ -41,13 +75,13 @@ std::string_view TrimBlanks(std::string_view text) {
 
 // A value as it lies in a row; nothing when the row is damaged or of a kind this version does not
 // know, so that one bad row never hides the others.
-std::optional<PreferenceData> ReadColumn(sqlite3_stmt* statement, int kindColumn, int valueColumn) {
-    const auto kind = static_cast<ValueKind>(sqlite3_column_int64(statement, kindColumn));
-    const int type = sqlite3_column_type(statement, valueColumn);
+std::optional<PreferenceData> ReadColumn(const Sqlite::Statement& row, int kindColumn, int valueColumn) {
+    const auto kind = static_cast<ValueKind>(row.Int(kindColumn));
+    const int type = row.Type(valueColumn);
     const auto whole = [&](auto low, auto high) -> std::optional<std::int64_t> {
         if (type != SQLITE_INTEGER)
             return std::nullopt;
-        const std::int64_t value = sqlite3_column_int64(statement, valueColumn);
+        const std::int64_t value = row.Int(valueColumn);
         if (value < static_cast<std::int64_t>(low) || value > static_cast<std::int64_t>(high))
             return std::nullopt;
         return value;
@@ -69,49 +103,27 @@ std::optional<PreferenceData> ReadColumn(sqlite3_stmt* statement, int kindColumn
     case ValueKind::kFloat:
         if (type != SQLITE_FLOAT && type != SQLITE_INTEGER)
             return std::nullopt;
-        return PreferenceData(static_cast<float>(sqlite3_column_double(statement, valueColumn)));
+        return PreferenceData(static_cast<float>(row.Double(valueColumn)));
     case ValueKind::kString:
         if (type != SQLITE_TEXT)
             return std::nullopt;
-        return PreferenceData(
-            std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, valueColumn)),
-                        static_cast<std::size_t>(sqlite3_column_bytes(statement, valueColumn))));
+        return PreferenceData(row.Text(valueColumn));
     }
     return std::nullopt;
 }
 
-int BindData(sqlite3_stmt* statement, int index, const PreferenceData& data) {
+void BindData(Sqlite::Statement& statement, int index, const PreferenceData& data) {
     struct Binder {
-        sqlite3_stmt* statement;
+        Sqlite::Statement& statement;
         int index;
-        int operator()(bool value) const { return sqlite3_bind_int64(statement, index, value ? 1 : 0); }
-        int operator()(std::int32_t value) const { return sqlite3_bind_int64(statement, index, value); }
-        int operator()(std::uint32_t value) const { return sqlite3_bind_int64(statement, index, value); }
-        int operator()(float value) const { return sqlite3_bind_double(statement, index, value); }
-        int operator()(const std::string& value) const {
-            return sqlite3_bind_text(statement, index, value.data(), static_cast<int>(value.size()),
-                                     SQLITE_TRANSIENT);
-        }
+        void operator()(bool value) const { statement.Bind(index, std::int64_t{value ? 1 : 0}); }
+        void operator()(std::int32_t value) const { statement.Bind(index, std::int64_t{value}); }
+        void operator()(std::uint32_t value) const { statement.Bind(index, std::int64_t{value}); }
+        void operator()(float value) const { statement.BindDouble(index, value); }
+        void operator()(const std::string& value) const { statement.Bind(index, std::string_view(value)); }
     };
-    return std::visit(Binder{statement, index}, data);
+    std::visit(Binder{statement, index}, data);
 }
-
-// Finalises the statement on every way out.
-class Statement {
-public:
-    Statement(sqlite3* db, const char* sql) {
-        result_ = sqlite3_prepare_v2(db, sql, -1, &statement_, nullptr);
-    }
-    ~Statement() { sqlite3_finalize(statement_); }
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
-    bool Prepared() const { return result_ == SQLITE_OK; }
-    sqlite3_stmt* get() const { return statement_; }
-
-private:
-    sqlite3_stmt* statement_ = nullptr;
-    int result_ = SQLITE_ERROR;
-};
 
 } // namespace
 
@@ -129,9 +141,7 @@ Fnd::InterfaceRef<PreferenceStore> PreferenceStore::Open(std::string path,
 PreferenceStore::PreferenceStore(std::string path, std::function<std::string()> lockedKeysFile)
     : path_(std::move(path)), lockedKeysFile_(std::move(lockedKeysFile)) {}
 
-PreferenceStore::~PreferenceStore() {
-    sqlite3_close_v2(db_);
-}
+PreferenceStore::~PreferenceStore() = default;
 
 void PreferenceStore::AddRef() {
     count_.fetch_add(1, std::memory_order_relaxed);
@@ -152,108 +162,45 @@ Fnd::QueryResult PreferenceStore::QueryInterface(const Fnd::InterfaceID& id, voi
     return Fnd::kQueryNoInterface;
 }
 
-void PreferenceStore::Fail(const std::string& what) const {
-    const std::string reason = db_ != nullptr ? sqlite3_errmsg(db_) : "cannot open";
-    throw PreferenceStoreError("preferences " + path_ + ": " + what + ": " + reason);
-}
-
 void PreferenceStore::OpenDatabase(bool create) {
     if (create)
-        Fnd::EnsureDirectory(ParentFolder(path_));
-    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_FULLMUTEX;
-    if (sqlite3_open_v2(path_.c_str(), &db_, flags, nullptr) != SQLITE_OK) {
-        const std::string reason = db_ != nullptr ? sqlite3_errmsg(db_) : "out of memory";
-        sqlite3_close_v2(db_);
-        db_ = nullptr;
-        throw PreferenceStoreError("preferences " + path_ + ": cannot open: " + reason);
-    }
-    // Another process may be writing a moment: wait for it rather than fail.
-    sqlite3_busy_timeout(db_, 5000);
+        Fnd::EnsureDirectory(Fnd::PathUtils::FolderOf(path_));
+    // A write-ahead log commits with one flush and lets other processes read while one writes;
+    // FULL makes every commit durable before SetValue returns.
     try {
-        EnsureSchema();
-    } catch (...) {
-        sqlite3_close_v2(db_);
-        db_ = nullptr;
-        throw;
+        db_ =
+            std::make_unique<Sqlite::Connection>(path_,
+                                                 Sqlite::Connection::Options{.create = create,
+                                                                             .busyTimeoutMilliseconds = 5000,
+                                                                             .writeAheadLog = true,
+                                                                             .synchronous = "FULL",
+                                                                             .raise = RaisePreferenceError},
+                                                 kPreferenceSchema);
+    } catch (const Sqlite::SchemaError& refusal) {
+        RefusePreferences(refusal, path_);
     }
-}
-
-void PreferenceStore::EnsureSchema() {
-    const auto pragma = [&](const char* sql) {
-        Statement statement(db_, sql);
-        if (!statement.Prepared() || sqlite3_step(statement.get()) != SQLITE_ROW)
-            Fail("not a preference file");
-        return static_cast<std::int32_t>(sqlite3_column_int64(statement.get(), 0));
-    };
-    const auto isNew = [&] {
-        return pragma("PRAGMA application_id") == 0 && pragma("PRAGMA user_version") == 0 &&
-               pragma("SELECT count(*) FROM sqlite_schema") == 0;
-    };
-
-    if (isNew()) {
-        if (sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
-            Fail("cannot create");
-        // Another process may have made the file ours between the look and the lock.
-        if (isNew()) {
-            // Version 1 is the first layout, so there is nothing older to upgrade.
-            const std::string create = "CREATE TABLE preferences (key TEXT PRIMARY KEY NOT NULL, "
-                                       "kind INTEGER NOT NULL, value) WITHOUT ROWID;"
-                                       "PRAGMA application_id=" +
-                                       std::to_string(kApplicationID) +
-                                       ";PRAGMA user_version=" + std::to_string(kSchemaVersion) + ";";
-            if (sqlite3_exec(db_, create.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-                sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-                Fail("cannot create");
-            }
-        }
-        if (sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK) {
-            sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-            Fail("cannot create");
-        }
-    }
-
-    if (pragma("PRAGMA application_id") != kApplicationID)
-        throw PreferenceStoreError("preferences " + path_ + ": not a preference file of IGD");
-    if (const std::int32_t version = pragma("PRAGMA user_version"); version > kSchemaVersion)
-        throw PreferenceStoreError("preferences " + path_ + ": written by a newer IGD (schema version " +
-                                   std::to_string(version) + ", this one reads up to " +
-                                   std::to_string(kSchemaVersion) + "); left as it is");
-    // Only now that the file is known to be ours may its journal change. A write-ahead log
-    // commits with one flush and lets other processes read while one writes; FULL makes every
-    // commit durable before SetValue returns.
-    if (sqlite3_exec(db_, "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;", nullptr, nullptr, nullptr) !=
-        SQLITE_OK)
-        Fail("cannot open");
 }
 
 std::int64_t PreferenceStore::DataVersion() {
-    Statement statement(db_, "PRAGMA data_version");
-    if (!statement.Prepared() || sqlite3_step(statement.get()) != SQLITE_ROW)
-        Fail("cannot read");
-    return sqlite3_column_int64(statement.get(), 0);
+    Sqlite::Statement statement(*db_, "PRAGMA data_version");
+    if (!statement.Step())
+        db_->Fail("cannot read");
+    return statement.Int(0);
 }
 
 void PreferenceStore::LoadValues() {
     std::unordered_map<std::string, PreferenceData> values;
-    Statement statement(db_, "SELECT key, kind, value FROM preferences");
-    if (!statement.Prepared())
-        Fail("cannot read");
-    int step = SQLITE_ROW;
-    while ((step = sqlite3_step(statement.get())) == SQLITE_ROW) {
-        std::string key(reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0)),
-                        static_cast<std::size_t>(sqlite3_column_bytes(statement.get(), 0)));
-        if (auto data = ReadColumn(statement.get(), 1, 2))
-            values.emplace(std::move(key), std::move(*data));
-    }
-    if (step != SQLITE_DONE)
-        Fail("cannot read");
+    Sqlite::Statement statement(*db_, "SELECT key, kind, value FROM preferences");
+    while (statement.Step())
+        if (auto data = ReadColumn(statement, 1, 2))
+            values.emplace(statement.Text(0), std::move(*data));
     values_ = std::move(values);
 }
 
 void PreferenceStore::Refresh() {
     std::lock_guard lock(mutex_);
     RefreshLockedKeys();
-    if (db_ == nullptr) {
+    if (!db_) {
         // Another process may have made the file since we last looked.
         if (!Exists(path_))
             return;
@@ -280,14 +227,12 @@ bool PreferenceStore::GetValue(const PreferenceKey& key, SerializeableValueBase&
 void PreferenceStore::WriteValue(const std::string& key, const PreferenceData& data) {
     if (db_ == nullptr)
         OpenDatabase(true);
-    Statement statement(db_, "INSERT INTO preferences (key, kind, value) VALUES (?1, ?2, ?3) "
-                             "ON CONFLICT (key) DO UPDATE SET kind = excluded.kind, value = excluded.value");
-    if (!statement.Prepared() ||
-        sqlite3_bind_text(statement.get(), 1, key.data(), static_cast<int>(key.size()), SQLITE_STATIC) !=
-            SQLITE_OK ||
-        sqlite3_bind_int64(statement.get(), 2, static_cast<std::int64_t>(KindOf(data))) != SQLITE_OK ||
-        BindData(statement.get(), 3, data) != SQLITE_OK || sqlite3_step(statement.get()) != SQLITE_DONE)
-        Fail("cannot write " + key);
+    Sqlite::Statement statement(
+        *db_, "INSERT INTO preferences (key, kind, value) VALUES (?1, ?2, ?3) "
+              "ON CONFLICT (key) DO UPDATE SET kind = excluded.kind, value = excluded.value");
+    statement.Bind(1, std::string_view(key)).Bind(2, static_cast<std::int64_t>(KindOf(data)));
+    BindData(statement, 3, data);
+    statement.Run();
 }
 
 void PreferenceStore::SetValue(const PreferenceKey& key, const SerializeableValueBase& value,
@@ -323,8 +268,7 @@ void PreferenceStore::BeginBatch() {
     if (batchDepth_ == 0) {
         if (db_ == nullptr)
             OpenDatabase(true);
-        if (sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK)
-            Fail("cannot write");
+        batch_.emplace(*db_, Sqlite::Transaction::Kind::Write);
         batchDropped_ = false;
     }
     ++batchDepth_;
@@ -337,17 +281,20 @@ void PreferenceStore::EndBatch(bool commit) {
     batchDropped_ = batchDropped_ || !commit;
     if (--batchDepth_ > 0)
         return;
-    std::string failure;
     if (!batchDropped_) {
-        if (sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK)
+        try {
+            batch_->Commit();
+            batch_.reset();
             return;
-        failure = sqlite3_errmsg(db_);
+        } catch (const PreferenceStoreError&) {
+            // The cache took each write as it came; the file is the truth again.
+            batch_.reset();
+            LoadValues();
+            throw;
+        }
     }
-    sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-    // The cache took each write as it came; the file is the truth again.
+    batch_.reset();
     LoadValues();
-    if (!failure.empty())
-        throw PreferenceStoreError("preferences " + path_ + ": cannot write: " + failure);
 }
 
 std::string PreferenceStore::LockedKeysFile() {

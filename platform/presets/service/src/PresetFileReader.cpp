@@ -183,7 +183,7 @@ PresetReadResult ParsePresetDocument(std::string_view bytes) {
         return Failure("is empty");
     if (bytes.size() > kMaxPresetFileSize)
         return Failure("is larger than any preset file (" + std::to_string(bytes.size()) + " bytes)");
-    xml::EnsureXercesInitialized();
+    Fnd::EnsureXmlParser();
 
     ReusableParser& reusable = ThreadParser();
     XercesDOMParser& parser = reusable.parser;

@@ -71,7 +71,7 @@ bool CanWritePresetDocument(const PresetDocument& document) {
 std::string SerializePresetDocument(const PresetDocument& document) {
     if (!CanWritePresetDocument(document))
         throw std::invalid_argument("QL::SerializePresetDocument: a text holds a character XML cannot carry");
-    xml::EnsureXercesInitialized();
+    Fnd::EnsureXmlParser();
 
     DOMImplementation* impl = DOMImplementationRegistry::getDOMImplementation(X(u"LS"));
     std::unique_ptr<DOMDocument, DocumentDeleter> doc(impl->createDocument(nullptr, X(u"preset"), nullptr));

@@ -16,6 +16,7 @@
 
 #include "Fnd/AtomicFile.h"
 #include "Fnd/IgdHome.h"
+#include "Fnd/PathUtils.h"
 #include "QL/PresetNames.h"
 #include "QL/PresetFileReader.h"
 #include "QL/PresetFileTypes.h"
@@ -36,16 +37,6 @@ std::optional<PresetRegistry::FileSignature> SignatureOf(const std::string& path
     signature.modifiedNs = static_cast<long long>(info.st_mtim.tv_sec) * 1000000000LL + info.st_mtim.tv_nsec;
     signature.changedNs = static_cast<long long>(info.st_ctim.tv_sec) * 1000000000LL + info.st_ctim.tv_nsec;
     return signature;
-}
-
-std::string FileNameOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
-std::string FolderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? std::string() : path.substr(0, slash);
 }
 
 bool HasExtension(const std::string& fileName, const std::string& extension) {
@@ -186,7 +177,8 @@ std::string PresetRegistry::UserPathFor(const Fnd::WString& name) const {
 std::string PresetRegistry::FindNameHolder(const Fnd::WString& name, const std::string& except) const {
     const Fnd::WString fileName = PresetFileName(name, category_);
     const auto holds = [&](const std::string& path) {
-        return path != except && Fnd::EqualsIgnoringASCIICase(Fnd::FromUTF8(FileNameOf(path)), fileName);
+        return path != except &&
+               Fnd::EqualsIgnoringASCIICase(Fnd::FromUTF8(Fnd::PathUtils::FileNameOf(path)), fileName);
     };
     for (const auto& [path, entry] : user_.presets)
         if (holds(path) || (path != except && Fnd::EqualsIgnoringASCIICase(entry.document.name, name)))
@@ -205,7 +197,7 @@ QLPresetStatus PresetRegistry::Save(PresetObject& preset, const Fnd::WString& na
     if (!IsUsablePresetName(name, category_))
         return kPresetInvalidName;
     const std::string ownPath = Fnd::ToUTF8(preset.GetPath());
-    if (!ownPath.empty() && FolderOf(ownPath) != userFolder_)
+    if (!ownPath.empty() && Fnd::PathUtils::FolderOf(ownPath) != userFolder_)
         return kPresetReadOnly;
     PresetDocument document = MakePresetDocument(category_, name, preset.GetFields());
     for (const auto& field : document.fields)
@@ -319,7 +311,7 @@ QLPresetStatus PresetRegistry::Delete(PresetObject& preset) {
     const std::string path = Fnd::ToUTF8(preset.GetPath());
     if (path.empty())
         return kPresetNotSaved;
-    if (FolderOf(path) != userFolder_)
+    if (Fnd::PathUtils::FolderOf(path) != userFolder_)
         return kPresetReadOnly;
     std::lock_guard lock(mutex_);
     // A file already gone is what the user asked for.

@@ -1,15 +1,15 @@
 #pragma once
 #include <string_view>
+#include <type_traits>
 
 #include <xercesc/util/XercesDefs.hpp>
 
 #include "Fnd/WString.h"
+#include "Fnd/XmlParser.h"
 
 namespace QL::xml {
 
-// Xerces counts its initialisations, so every user may call this; it is never terminated, since
-// other parts of the process may still hold documents at exit.
-void EnsureXercesInitialized();
+static_assert(std::is_same_v<XMLCh, char16_t>, "preset files assume Xerces with char16_t XMLCh");
 
 // XMLCh is char16_t in this build of Xerces, so wide strings pass through without conversion.
 inline const XMLCh* X(const Fnd::WString& text) {

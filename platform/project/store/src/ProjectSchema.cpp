@@ -4,12 +4,11 @@
 #include <string>
 
 #include "Proj/Project.h"
+#include "Sqlite/Connection.h"
 
 namespace Proj {
 namespace {
 
-// The name in the meta table that marks a database as ours; any other database is refused.
-constexpr const char* kSchemaName = "igd.project";
 // "IGDP" in the file header, so that tools such as file(1) can tell what the file is.
 constexpr const char* kApplicationIdPragma = "PRAGMA application_id = 1229407312";
 
@@ -45,98 +44,38 @@ CREATE TABLE item_metadata (
     PRIMARY KEY (item_id, namespace, key)) WITHOUT ROWID;
 )sql";
 
+void Create(Sqlite::Connection& connection) {
+    connection.Execute(kCreateVersion1);
+    connection.Execute(kApplicationIdPragma);
+}
+
 // The one place where a project of an older version is brought up to date, one version at a
 // time, inside the transaction that then records the new version. Version 1 is the first.
-void UpgradeFrom(SqliteConnection& connection, int version) {
-    switch (version) {
-    default:
-        throw std::logic_error("no upgrade of the project from version " + std::to_string(version));
-    }
-}
-
-bool HasTables(SqliteConnection& connection) {
-    SqliteStatement any(connection, "SELECT 1 FROM sqlite_schema LIMIT 1");
-    return any.Step();
-}
-
-// The version stored in a project, or 0 when the database is not one of ours.
-int StoredVersion(SqliteConnection& connection) {
-    SqliteStatement meta(connection, "SELECT 1 FROM sqlite_schema WHERE type = 'table' AND name = 'meta'");
-    if (!meta.Step())
-        return 0;
-    SqliteStatement read(connection, "SELECT (SELECT value FROM meta WHERE key = 'schema'), "
-                                     "(SELECT value FROM meta WHERE key = 'version')");
-    if (!read.Step() || read.Text(0) != kSchemaName)
-        return 0;
-    try {
-        std::size_t used = 0;
-        const std::string text = read.Text(1);
-        const int version = std::stoi(text, &used);
-        return used == text.size() && version > 0 ? version : 0;
-    } catch (const std::exception&) {
-        return 0;
-    }
-}
-
-void WriteVersion(SqliteConnection& connection) {
-    connection.Execute(std::string("INSERT OR REPLACE INTO meta (key, value) VALUES ('schema', '") +
-                       kSchemaName + "'), ('version', '" + std::to_string(kProjectSchemaVersion) + "')");
-}
-
-constexpr int kEmpty = -1;
-
-// kEmpty for a database without tables, else StoredVersion.
-int Classify(SqliteConnection& connection) {
-    try {
-        return HasTables(connection) ? StoredVersion(connection) : kEmpty;
-    } catch (const ProjectError&) {
-        // SQLite finds out that a file is of another kind only when it first reads it.
-        if (sqlite3_errcode(connection.Handle()) == SQLITE_NOTADB)
-            throw ProjectError("not a project file: " + connection.Path());
-        throw;
-    }
-}
-
-void RefuseUnless(SqliteConnection& connection, int version) {
-    if (version == 0)
-        throw ProjectError("not a project file: " + connection.Path() +
-                           " (an SQLite database of another kind)");
-    if (version > kProjectSchemaVersion)
-        throw ProjectError("the project " + connection.Path() +
-                           " was written by a newer version of IGD (project "
-                           "version " +
-                           std::to_string(version) + "; this version reads up to " +
-                           std::to_string(kProjectSchemaVersion) + ")");
+void UpgradeFrom(Sqlite::Connection&, int version) {
+    throw std::logic_error("no upgrade of the project from version " + std::to_string(version));
 }
 
 } // namespace
 
-void PrepareProjectSchema(SqliteConnection& connection) {
-    // Most opens find a current project; they only read, and wait for no writer.
-    {
-        SqliteTransaction look(connection, SqliteTransaction::Kind::Read);
-        const int version = Classify(connection);
-        if (version == kProjectSchemaVersion)
-            return;
-        if (version != kEmpty)
-            RefuseUnless(connection, version);
+const Sqlite::Schema kProjectSchema{
+    .name = "igd.project", .version = kProjectSchemaVersion, .create = Create, .upgrade = UpgradeFrom};
+
+void RaiseProjectError(const std::string& path, std::string_view what, std::string_view reason) {
+    throw ProjectError(std::string(what) + " the project: " + path + ": " + std::string(reason));
+}
+
+void RefuseProject(const Sqlite::SchemaError& refusal, const std::string& path) {
+    switch (refusal.reason) {
+    case Sqlite::SchemaError::Reason::NotADatabase:
+        throw ProjectError("not a project file: " + path);
+    case Sqlite::SchemaError::Reason::OtherKind:
+        throw ProjectError("not a project file: " + path + " (an SQLite database of another kind)");
+    case Sqlite::SchemaError::Reason::Newer:
+        break;
     }
-    SqliteTransaction transaction(connection, SqliteTransaction::Kind::Write);
-    // Another process may have created or upgraded it in the meantime.
-    int version = Classify(connection);
-    const bool created = version == kEmpty;
-    if (created) {
-        connection.Execute(kCreateVersion1);
-        connection.Execute(kApplicationIdPragma);
-        version = 1;
-    }
-    RefuseUnless(connection, version);
-    if (version == kProjectSchemaVersion && !created)
-        return;
-    for (; version < kProjectSchemaVersion; ++version)
-        UpgradeFrom(connection, version);
-    WriteVersion(connection);
-    transaction.Commit();
+    throw ProjectError("the project " + path + " was written by a newer version of IGD (project version " +
+                       std::to_string(refusal.storedVersion) + "; this version reads up to " +
+                       std::to_string(kProjectSchemaVersion) + ")");
 }
 
 } // namespace Proj

@@ -1,5 +1,8 @@
 #pragma once
-#include "SqliteConnection.h"
+#include <string>
+#include <string_view>
+
+#include "Sqlite/Schema.h"
 
 namespace Proj {
 
@@ -7,9 +10,12 @@ namespace Proj {
 // beside the others in ProjectSchema.cpp.
 inline constexpr int kProjectSchemaVersion = 1;
 
-// Makes the file a project of the current version: creates the tables in a database that has
-// none, upgrades an older project, refuses a newer one and anything that is not a project.
-// Nothing is written to a file that is refused. Throws ProjectError.
-void PrepareProjectSchema(SqliteConnection& connection);
+// The project's tables, created in an empty file and upgraded from an older project.
+extern const Sqlite::Schema kProjectSchema;
+
+// Every failure of the file, as ProjectError naming it.
+[[noreturn]] void RaiseProjectError(const std::string& path, std::string_view what, std::string_view reason);
+// A file that is not a project of a version this build reads, as ProjectError.
+[[noreturn]] void RefuseProject(const Sqlite::SchemaError& refusal, const std::string& path);
 
 } // namespace Proj

@@ -6,6 +6,7 @@
 
 #include "Mid/Utilities.h"
 #include "ProjectSchema.h"
+#include "Sqlite/Transaction.h"
 
 namespace Proj {
 namespace {
@@ -22,18 +23,18 @@ std::string PathKey(const Fnd::WString& path) {
     return Fnd::ToUTF8(Mid::Utilities::NormalizePathWithoutUNC(path));
 }
 
-void BindTime(SqliteStatement& statement, int index, fluxmediatypes::Time time) {
+void BindTime(Sqlite::Statement& statement, int index, fluxmediatypes::Time time) {
     if (time == fluxmediatypes::kTime_Invalid)
         statement.BindNull(index);
     else
         statement.Bind(index, time);
 }
 
-fluxmediatypes::Time TimeAt(const SqliteStatement& statement, int column) {
+fluxmediatypes::Time TimeAt(const Sqlite::Statement& statement, int column) {
     return statement.IsNull(column) ? fluxmediatypes::kTime_Invalid : statement.Int(column);
 }
 
-void BindGuid(SqliteStatement& statement, int index, const fluxcore::utility::Guid& guid) {
+void BindGuid(Sqlite::Statement& statement, int index, const fluxcore::utility::Guid& guid) {
     if (guid.IsZero())
         statement.BindNull(index);
     else
@@ -41,7 +42,7 @@ void BindGuid(SqliteStatement& statement, int index, const fluxcore::utility::Gu
 }
 
 // The item's own columns, in the order of kItemColumns; extra paths and metadata come apart.
-ProjectItem ItemFromRow(const SqliteStatement& row) {
+ProjectItem ItemFromRow(const Sqlite::Statement& row) {
     ProjectItem item;
     item.path = Fnd::FromUTF8(row.Text(1));
     item.name = Fnd::FromUTF8(row.Text(2));
@@ -56,7 +57,7 @@ ProjectItem ItemFromRow(const SqliteStatement& row) {
 }
 
 // Rows of (namespace, prefix, key, value) sorted by namespace and key, starting at column first.
-void AddMetadataRow(std::vector<ItemMetadata>& metadata, const SqliteStatement& row, int first) {
+void AddMetadataRow(std::vector<ItemMetadata>& metadata, const Sqlite::Statement& row, int first) {
     Fnd::WString namespaceURI = Fnd::FromUTF8(row.Text(first));
     if (metadata.empty() || metadata.back().namespaceURI != namespaceURI)
         metadata.push_back({std::move(namespaceURI), row.Text(first + 1), {}});
@@ -92,7 +93,7 @@ std::vector<ItemMetadata> AsStored(const std::vector<ItemMetadata>& metadata) {
 } // namespace
 
 struct SqliteProject::Statements {
-    explicit Statements(SqliteConnection& db)
+    explicit Statements(Sqlite::Connection& db)
         : findBin(db, "SELECT id FROM bins WHERE name = ?"),
           insertBin(db, "INSERT INTO bins (name) VALUES (?)"),
           findItemId(db, "SELECT id FROM items WHERE path = ?"),
@@ -129,36 +130,45 @@ struct SqliteProject::Statements {
                               "JOIN items i ON i.id = m.item_id JOIN bins b ON b.id = i.bin_id "
                               "WHERE ?1 IS NULL OR b.name = ?1 ORDER BY m.item_id, m.namespace, m.key") {}
 
-    SqliteStatement findBin, insertBin, findItemId, insertItem, updateItem, renameItem, deleteExtraPaths,
+    // Compiled once, kept for the connection's life.
+    struct Persistent : Sqlite::Statement {
+        Persistent(Sqlite::Connection& db, std::string_view sql) : Sqlite::Statement(db, sql, true) {}
+    };
+    Persistent findBin, insertBin, findItemId, insertItem, updateItem, renameItem, deleteExtraPaths,
         insertExtraPath, upsertMetadata, updatePrefix, readItem, readExtraPaths, readMetadata, readBins,
         readAllItems, readBinItems, readAllExtraPaths, readAllMetadata;
 };
 
-SqliteProject::SqliteProject(const std::string& utf8Path) : db_(utf8Path) {
-    sqlite3_busy_timeout(db_.Handle(), kBusyTimeoutMilliseconds);
-    PrepareProjectSchema(db_);
-    // WAL lets readers in other processes see the last commit while a write goes on; a commit
-    // is on disk when the call returns, so an import that was answered is never lost.
-    db_.Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON; "
-                "PRAGMA cache_size = -16384");
+// WAL lets readers in other processes see the last commit while a write goes on; a commit is on
+// disk when the call returns, so an import that was answered is never lost.
+SqliteProject::SqliteProject(const std::string& utf8Path) try
+    : db_(utf8Path,
+          {.busyTimeoutMilliseconds = kBusyTimeoutMilliseconds,
+           .writeAheadLog = true,
+           .synchronous = "FULL",
+           .raise = RaiseProjectError},
+          kProjectSchema) {
+    db_.Execute("PRAGMA foreign_keys = ON; PRAGMA cache_size = -16384");
     statements_ = std::make_unique<Statements>(db_);
+} catch (const Sqlite::SchemaError& refusal) {
+    RefuseProject(refusal, utf8Path);
 }
 
 SqliteProject::~SqliteProject() = default;
 
 std::int64_t SqliteProject::BinIdCreatingIt(const std::string& name) {
     {
-        StatementUse find(statements_->findBin);
+        Sqlite::StatementUse find(statements_->findBin);
         if (find->Bind(1, name).Step())
             return find->Int(0);
     }
-    StatementUse insert(statements_->insertBin);
+    Sqlite::StatementUse insert(statements_->insertBin);
     insert->Bind(1, name).Run();
     return db_.LastInsertRowId();
 }
 
 std::optional<std::int64_t> SqliteProject::ItemIdOf(const std::string& path) const {
-    StatementUse find(statements_->findItemId);
+    Sqlite::StatementUse find(statements_->findItemId);
     if (!find->Bind(1, path).Step())
         return std::nullopt;
     return find->Int(0);
@@ -166,14 +176,14 @@ std::optional<std::int64_t> SqliteProject::ItemIdOf(const std::string& path) con
 
 void SqliteProject::ReplaceExtraPaths(std::int64_t itemId, const std::vector<Fnd::WString>& paths) {
     {
-        StatementUse remove(statements_->deleteExtraPaths);
+        Sqlite::StatementUse remove(statements_->deleteExtraPaths);
         remove->Bind(1, itemId).Run();
     }
     AppendExtraPaths(itemId, paths);
 }
 
 void SqliteProject::AppendExtraPaths(std::int64_t itemId, const std::vector<Fnd::WString>& paths) {
-    StatementUse insert(statements_->insertExtraPath);
+    Sqlite::StatementUse insert(statements_->insertExtraPath);
     std::string utf8;
     for (std::size_t position = 0; position < paths.size(); ++position) {
         Fnd::ToUTF8(paths[position], utf8);
@@ -187,10 +197,10 @@ void SqliteProject::MergeMetadataRows(std::int64_t itemId, const std::vector<Ite
     for (const ItemMetadata& set : metadata) {
         const std::string namespaceURI = Fnd::ToUTF8(set.namespaceURI);
         {
-            StatementUse prefix(statements_->updatePrefix);
+            Sqlite::StatementUse prefix(statements_->updatePrefix);
             prefix->Bind(1, set.prefix).Bind(2, itemId).Bind(3, namespaceURI).Bind(4, set.prefix).Run();
         }
-        StatementUse upsert(statements_->upsertMetadata);
+        Sqlite::StatementUse upsert(statements_->upsertMetadata);
         for (const auto& [fieldKey, fieldValue] : set.values) {
             Fnd::ToUTF8(fieldKey, key);
             Fnd::ToUTF8(fieldValue, value);
@@ -209,19 +219,19 @@ std::optional<ProjectItem> SqliteProject::ReadItem(const std::string& path) cons
     ProjectItem item;
     std::int64_t id = 0;
     {
-        StatementUse row(statements_->readItem);
+        Sqlite::StatementUse row(statements_->readItem);
         if (!row->Bind(1, path).Step())
             return std::nullopt;
         id = row->Int(0);
         item = ItemFromRow(*row);
     }
     {
-        StatementUse extra(statements_->readExtraPaths);
+        Sqlite::StatementUse extra(statements_->readExtraPaths);
         extra->Bind(1, id);
         while (extra->Step())
             item.extraPaths.push_back(Fnd::FromUTF8(extra->Text(0)));
     }
-    StatementUse metadata(statements_->readMetadata);
+    Sqlite::StatementUse metadata(statements_->readMetadata);
     metadata->Bind(1, id);
     while (metadata->Step())
         AddMetadataRow(item.metadata, *metadata, 0);
@@ -236,7 +246,7 @@ ProjectItem SqliteProject::ImportInTransaction(const ProjectItem& item) {
     const std::string format = Fnd::ToUTF8(item.format);
     if (const std::optional<std::int64_t> existing = ItemIdOf(path)) {
         const std::int64_t id = *existing;
-        StatementUse update(statements_->updateItem);
+        Sqlite::StatementUse update(statements_->updateItem);
         update->Bind(1, name).Bind(2, format);
         BindTime(*update, 3, item.inPoint);
         BindTime(*update, 4, item.outPoint);
@@ -251,7 +261,7 @@ ProjectItem SqliteProject::ImportInTransaction(const ProjectItem& item) {
     const std::int64_t bin = BinIdCreatingIt(Fnd::ToUTF8(item.bin));
     std::int64_t id = 0;
     {
-        StatementUse insert(statements_->insertItem);
+        Sqlite::StatementUse insert(statements_->insertItem);
         insert->Bind(1, path).Bind(2, name).Bind(3, format);
         BindTime(*insert, 4, item.inPoint);
         BindTime(*insert, 5, item.outPoint);
@@ -270,7 +280,7 @@ ProjectItem SqliteProject::ImportInTransaction(const ProjectItem& item) {
 }
 
 ProjectItem SqliteProject::ImportItem(const ProjectItem& item) {
-    SqliteTransaction transaction(db_, SqliteTransaction::Kind::Write);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
     ProjectItem stored = ImportInTransaction(item);
     transaction.Commit();
     return stored;
@@ -279,7 +289,7 @@ ProjectItem SqliteProject::ImportItem(const ProjectItem& item) {
 std::vector<ProjectItem> SqliteProject::ImportItems(const std::vector<ProjectItem>& items) {
     std::vector<ProjectItem> stored;
     stored.reserve(items.size());
-    SqliteTransaction transaction(db_, SqliteTransaction::Kind::Write);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
     for (const ProjectItem& item : items)
         stored.push_back(ImportInTransaction(item));
     transaction.Commit();
@@ -287,8 +297,8 @@ std::vector<ProjectItem> SqliteProject::ImportItems(const std::vector<ProjectIte
 }
 
 bool SqliteProject::RenameItem(const Fnd::WString& path, const Fnd::WString& newName) {
-    SqliteTransaction transaction(db_, SqliteTransaction::Kind::Write);
-    StatementUse rename(statements_->renameItem);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
+    Sqlite::StatementUse rename(statements_->renameItem);
     rename->Bind(1, Fnd::ToUTF8(newName)).Bind(2, PathKey(path)).Run();
     const bool renamed = db_.Changes() > 0;
     transaction.Commit();
@@ -296,7 +306,7 @@ bool SqliteProject::RenameItem(const Fnd::WString& path, const Fnd::WString& new
 }
 
 bool SqliteProject::MergeMetadata(const Fnd::WString& path, const std::vector<ItemMetadata>& metadata) {
-    SqliteTransaction transaction(db_, SqliteTransaction::Kind::Write);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
     const std::optional<std::int64_t> id = ItemIdOf(PathKey(path));
     if (!id)
         return false;
@@ -306,26 +316,26 @@ bool SqliteProject::MergeMetadata(const Fnd::WString& path, const std::vector<It
 }
 
 std::optional<ProjectItem> SqliteProject::FindItem(const Fnd::WString& path) const {
-    SqliteTransaction transaction(db_, SqliteTransaction::Kind::Read);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Read);
     return ReadItem(PathKey(path));
 }
 
 std::vector<Fnd::WString> SqliteProject::Bins() const {
-    SqliteTransaction transaction(db_, SqliteTransaction::Kind::Read);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Read);
     std::vector<Fnd::WString> bins;
-    StatementUse read(statements_->readBins);
+    Sqlite::StatementUse read(statements_->readBins);
     while (read->Step())
         bins.push_back(Fnd::FromUTF8(read->Text(0)));
     return bins;
 }
 
 std::vector<ProjectItem> SqliteProject::Items(const Fnd::WString* bin) const {
-    SqliteTransaction transaction(db_, SqliteTransaction::Kind::Read);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Read);
     const std::string binName = bin != nullptr ? Fnd::ToUTF8(*bin) : std::string();
     std::vector<ProjectItem> items;
     std::vector<std::int64_t> ids;
     {
-        StatementUse read(bin != nullptr ? statements_->readBinItems : statements_->readAllItems);
+        Sqlite::StatementUse read(bin != nullptr ? statements_->readBinItems : statements_->readAllItems);
         if (bin != nullptr)
             read->Bind(1, binName);
         while (read->Step()) {
@@ -335,7 +345,7 @@ std::vector<ProjectItem> SqliteProject::Items(const Fnd::WString* bin) const {
     }
     // Rows of the side tables arrive in item order: walk both lists together.
     {
-        StatementUse extra(statements_->readAllExtraPaths);
+        Sqlite::StatementUse extra(statements_->readAllExtraPaths);
         if (bin != nullptr)
             extra->Bind(1, binName);
         std::size_t at = 0;
@@ -346,7 +356,7 @@ std::vector<ProjectItem> SqliteProject::Items(const Fnd::WString* bin) const {
                 items[at].extraPaths.push_back(Fnd::FromUTF8(extra->Text(1)));
         }
     }
-    StatementUse metadata(statements_->readAllMetadata);
+    Sqlite::StatementUse metadata(statements_->readAllMetadata);
     if (bin != nullptr)
         metadata->Bind(1, binName);
     std::size_t at = 0;

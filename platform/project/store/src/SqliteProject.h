@@ -5,7 +5,8 @@
 #include <vector>
 
 #include "Proj/Project.h"
-#include "SqliteConnection.h"
+#include "Sqlite/Connection.h"
+#include "Sqlite/Statement.h"
 
 namespace Proj {
 
@@ -36,7 +37,7 @@ private:
     void MergeMetadataRows(std::int64_t itemId, const std::vector<ItemMetadata>& metadata);
     std::optional<ProjectItem> ReadItem(const std::string& path) const;
 
-    mutable SqliteConnection db_;
+    mutable Sqlite::Connection db_;
     std::unique_ptr<Statements> statements_;
 };
 

@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include "AlignedBuffer.h"
+#include "Fnd/PathUtils.h"
 
 namespace QL::Engine {
 
@@ -85,20 +86,8 @@ IoResult WriteAt(int fd, const std::byte* data, std::size_t length, std::uint64_
     return result;
 }
 
-std::string FolderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-std::string NameOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
 void SyncFolderOf(const std::string& path) {
-    const int folder = ::open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int folder = ::open(Fnd::PathUtils::FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
         return;
     ::fsync(folder);

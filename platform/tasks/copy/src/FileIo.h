@@ -33,7 +33,4 @@ bool ClearDirect(int fd);
 // cannot flush a folder are not an error.
 void SyncFolderOf(const std::string& path);
 
-std::string FolderOf(const std::string& path);
-std::string NameOf(const std::string& path);
-
 } // namespace QL::Engine

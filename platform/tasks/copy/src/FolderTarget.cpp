@@ -9,6 +9,7 @@
 
 #include "ErrorText.h"
 #include "FileIo.h"
+#include "Fnd/PathUtils.h"
 #include "QL/CopySetting.h"
 #include "TargetNames.h"
 
@@ -60,7 +61,7 @@ CopyOutcome MakeFolderTarget(const CopyTarget& target, const struct stat& source
         return isFolder ? Made(target.path, sourceStatus, /*created=*/false) : Failed("target exists");
     }
     std::error_code error;
-    std::filesystem::create_directories(FolderOf(target.path), error);
+    std::filesystem::create_directories(Fnd::PathUtils::FolderOf(target.path), error);
     if (error)
         return Failed(Because("could not create the folder", error.value()));
     for (unsigned n = 0; n < kMostNumberedNames; ++n) {

@@ -12,6 +12,7 @@
 #include "ErrorText.h"
 #include "FileIo.h"
 #include "FinalRename.h"
+#include "Fnd/PathUtils.h"
 #include "QL/CopySetting.h"
 #include "TargetNames.h"
 
@@ -41,7 +42,7 @@ TargetCopy::~TargetCopy() {
 
 bool TargetCopy::Prepare() {
     std::error_code folderError;
-    std::filesystem::create_directories(FolderOf(target_.path), folderError);
+    std::filesystem::create_directories(Fnd::PathUtils::FolderOf(target_.path), folderError);
     if (folderError) {
         Fail(Because("could not create the folder", folderError.value()));
         return false;

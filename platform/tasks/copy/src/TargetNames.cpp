@@ -3,6 +3,7 @@
 #include <climits>
 
 #include "FileIo.h"
+#include "Fnd/PathUtils.h"
 
 namespace QL::Engine {
 namespace {
@@ -29,7 +30,7 @@ std::string JoinFolder(const std::string& path, const std::string& name) {
 std::string TemporaryVariant(const std::string& finalPath, unsigned n) {
     const std::string tag = n == 0 ? std::string() : "." + std::to_string(n);
     const std::size_t extra = 1 + tag.size() + sizeof kTemporarySuffix - 1;
-    const std::string name = CutName(NameOf(finalPath), NAME_MAX - extra);
+    const std::string name = CutName(Fnd::PathUtils::FileNameOf(finalPath), NAME_MAX - extra);
     return JoinFolder(finalPath, "." + name + tag + kTemporarySuffix);
 }
 
@@ -42,7 +43,7 @@ bool IsTemporaryFileName(const std::string& fileName) {
 std::string NumberedPath(const std::string& path, unsigned n, bool isFolder) {
     if (n == 0)
         return path;
-    const std::string name = NameOf(path);
+    const std::string name = Fnd::PathUtils::FileNameOf(path);
     const std::size_t dot = isFolder ? std::string::npos : name.rfind('.');
     const bool hasExtension = dot != std::string::npos && dot != 0;
     const std::string stem = hasExtension ? name.substr(0, dot) : name;

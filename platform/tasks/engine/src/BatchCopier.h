@@ -4,8 +4,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "BatchCounters.h"
 #include "CopiesInFlight.h"
+#include "QL/Engine/BatchCounters.h"
 #include "QL/Engine/CopyBackend.h"
 #include "QL/Engine/TaskServiceMessages.h"
 #include "RunJournal.h"

@@ -52,13 +52,7 @@ void PostTaskOutcome(const BatchRun& run, std::uint32_t position, const RunTask&
 BatchOutcomeMessage Outcome(const BatchRun& run, const BatchCounters& counters, bool cancelled) {
     BatchOutcomeMessage outcome;
     outcome.batch = run.batch;
-    outcome.filesCopied = counters.filesCopied;
-    outcome.filesSkipped = counters.filesSkipped;
-    outcome.filesAlreadyCopied = counters.filesAlreadyCopied;
-    outcome.filesFailed = counters.filesFailed;
-    outcome.filesCancelled = counters.filesCancelled;
-    outcome.tasksFailed = counters.tasksFailed;
-    outcome.itemsImported = counters.itemsImported;
+    static_cast<BatchCounters&>(outcome) = counters;
     outcome.bytesRead = run.progress->BytesDone();
     outcome.status = cancelled                                                ? OutcomeStatus::Cancelled
                      : (counters.filesFailed > 0 || counters.tasksFailed > 0) ? OutcomeStatus::Failed

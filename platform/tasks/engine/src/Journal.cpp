@@ -1,22 +1,20 @@
 #include "QL/Engine/Journal.h"
 
-#include <sqlite3.h>
-
 #include <array>
 #include <ctime>
 #include <system_error>
 #include <utility>
 
 #include "Fnd/IgdHome.h"
+#include "Fnd/PathUtils.h"
 #include "PlannedFiles.h"
-#include "SqliteStatement.h"
+#include "Sqlite/Schema.h"
+#include "Sqlite/Statement.h"
+#include "Sqlite/Transaction.h"
 #include "TaskRecordCodec.h"
 
 namespace QL::Engine {
 namespace {
-
-constexpr std::string_view kSchemaName = "igd.journal";
-constexpr std::int64_t kSchemaVersion = 1;
 
 constexpr std::array<std::string_view, 6> kFileStateNames{"pending", "copying", "verified",
                                                           "skipped", "failed",  "cancelled"};
@@ -73,26 +71,32 @@ std::int64_t Now() {
     return static_cast<std::int64_t>(std::time(nullptr));
 }
 
-// Rolls back unless committed, so that an exception leaves the journal as it was.
-class Transaction {
-public:
-    Transaction(sqlite3* db, const std::string& file) : db_(db), file_(file) {
-        SqliteStatement(db_, "BEGIN IMMEDIATE", file_).Run();
-    }
-    ~Transaction() {
-        if (!committed_)
-            sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-    }
-    void Commit() {
-        SqliteStatement(db_, "COMMIT", file_).Run();
-        committed_ = true;
-    }
+void CreateSchema(Sqlite::Connection& connection) {
+    connection.Execute(kCreateSchema);
+}
 
-private:
-    sqlite3* db_;
-    const std::string& file_;
-    bool committed_ = false;
-};
+// Upgrades of older journals go here, one step per version; version 1 is the first.
+void UpgradeFrom(Sqlite::Connection&, int version) {
+    throw std::logic_error("no upgrade of the task journal from version " + std::to_string(version));
+}
+
+const Sqlite::Schema kJournalSchema{
+    .name = "igd.journal", .version = 1, .create = CreateSchema, .upgrade = UpgradeFrom};
+
+[[noreturn]] void RaiseJournalError(const std::string& path, std::string_view what, std::string_view reason) {
+    throw JournalError("the task journal " + path + " cannot be used (" + std::string(what) +
+                       "): " + std::string(reason));
+}
+
+// The path, once its folder exists.
+const std::string& WithFolder(const std::string& path) {
+    try {
+        Fnd::EnsureDirectory(Fnd::PathUtils::FolderOf(path));
+    } catch (const std::system_error& error) {
+        throw JournalError("the task journal " + path + " cannot be created: " + error.what());
+    }
+    return path;
+}
 
 } // namespace
 
@@ -108,96 +112,54 @@ std::string Journal::DefaultPath() {
     return Fnd::IgdHomeDirectory() + "/journal.sqlite";
 }
 
-Journal::Journal(const std::string& path) : path_(path) {
-    const std::size_t slash = path_.rfind('/');
-    if (slash != std::string::npos && slash > 0) {
-        try {
-            Fnd::EnsureDirectory(path_.substr(0, slash));
-        } catch (const std::system_error& error) {
-            throw JournalError("the task journal " + path_ + " cannot be created: " + error.what());
-        }
-    }
-    if (sqlite3_open_v2(path_.c_str(), &db_,
-                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX,
-                        nullptr) != SQLITE_OK) {
-        const std::string reason = db_ ? sqlite3_errmsg(db_) : "out of memory";
-        sqlite3_close(db_);
-        throw JournalError("the task journal " + path_ + " cannot be opened: " + reason);
-    }
-    try {
-        // Another process may be writing its own batches; wait for it rather than fail.
-        sqlite3_busy_timeout(db_, 10000);
-        Execute("PRAGMA journal_mode=WAL");
-        // A process crash loses no commit in WAL mode with NORMAL; what a power cut may lose, resume
-        // rebuilds from the disk (see the resume of files under their final names).
-        Execute("PRAGMA synchronous=NORMAL");
-        Execute(kCreateSchema);
-
-        SqliteStatement read(db_, "SELECT key, value FROM meta", path_);
-        std::string schema;
-        std::string version;
-        while (read.Step())
-            (read.Text(0) == "schema" ? schema : version) = read.Text(1);
-        if (schema.empty()) {
-            SqliteStatement write(db_, "INSERT OR IGNORE INTO meta(key, value) VALUES (?, ?)", path_);
-            write.Bind(1, std::string_view("schema")).Bind(2, kSchemaName).Run();
-            write.Bind(1, std::string_view("version")).Bind(2, std::to_string(kSchemaVersion)).Run();
-        } else if (schema != kSchemaName) {
-            throw JournalError("the task journal " + path_ + " is not a journal of igd (" + schema + ")");
-        } else if (std::stoll(version.empty() ? "0" : version) > kSchemaVersion) {
-            throw JournalError("the task journal " + path_ + " was written by a newer version of igd (" +
-                               version + ")");
-        }
-        // Upgrades of older versions go here, one step per version.
-    } catch (...) {
-        sqlite3_close(db_);
-        throw;
-    }
+// Another process may be writing its own batches: wait for it rather than fail. A process crash
+// loses no commit in WAL mode with NORMAL; what a power cut may lose, resume rebuilds from the
+// disk (see the resume of files under their final names).
+Journal::Journal(const std::string& path) try
+    : path_(path), db_(WithFolder(path),
+                       {.busyTimeoutMilliseconds = 10000,
+                        .writeAheadLog = true,
+                        .synchronous = "NORMAL",
+                        .raise = RaiseJournalError},
+                       kJournalSchema) {
+} catch (const Sqlite::SchemaError& refusal) {
+    if (refusal.reason == Sqlite::SchemaError::Reason::Newer)
+        throw JournalError("the task journal " + path + " was written by a newer version of igd (" +
+                           std::to_string(refusal.storedVersion) + ")");
+    throw JournalError("the task journal " + path + " is not a journal of igd");
 }
 
-Journal::~Journal() {
-    sqlite3_close(db_);
-}
-
-void Journal::Execute(const char* sql) const {
-    char* message = nullptr;
-    if (sqlite3_exec(db_, sql, nullptr, nullptr, &message) != SQLITE_OK) {
-        const std::string reason = message ? message : sqlite3_errmsg(db_);
-        sqlite3_free(message);
-        throw JournalError("the task journal " + path_ + " cannot be used: " + reason);
-    }
-}
+Journal::~Journal() = default;
 
 std::int64_t Journal::BatchId(const fluxcore::utility::Guid& batch, bool create) {
-    SqliteStatement find(db_, "SELECT id FROM batches WHERE guid = ?", path_);
+    Sqlite::Statement find(db_, "SELECT id FROM batches WHERE guid = ?");
     find.Bind(1, batch.ToString());
     if (find.Step())
         return find.Int(0);
     if (!create)
         return 0;
-    SqliteStatement insert(db_, "INSERT INTO batches(guid, state, submitted_at) VALUES (?, ?, ?)", path_);
+    Sqlite::Statement insert(db_, "INSERT INTO batches(guid, state, submitted_at) VALUES (?, ?, ?)");
     insert.Bind(1, batch.ToString()).Bind(2, BatchStateName(BatchState::Waiting)).Bind(3, Now()).Run();
-    return sqlite3_last_insert_rowid(db_);
+    return db_.LastInsertRowId();
 }
 
 std::int64_t Journal::AddTask(const fluxcore::utility::Guid& batch, const TaskRecord& record,
                               std::vector<FileRecord>& files) {
     files.clear();
     std::lock_guard lock(mutex_);
-    Transaction transaction(db_, path_);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
     const std::int64_t batchId = BatchId(batch, true);
-    SqliteStatement insertTask(db_, "INSERT INTO tasks(batch_id, kind, record) VALUES (?, ?, ?)", path_);
+    Sqlite::Statement insertTask(db_, "INSERT INTO tasks(batch_id, kind, record) VALUES (?, ?, ?)");
     insertTask.Bind(1, batchId)
         .Bind(2, TaskKindName(record.kind))
         .BindBlob(3, EncodeTaskRecord(record))
         .Run();
-    const std::int64_t taskId = sqlite3_last_insert_rowid(db_);
+    const std::int64_t taskId = db_.LastInsertRowId();
 
     files = PlannedFiles(record, taskId);
-    SqliteStatement insertFile(db_,
-                               "INSERT INTO files(task_id, unit, entry, source, target, action, state) "
-                               "VALUES (?, ?, ?, ?, ?, ?, ?)",
-                               path_);
+    Sqlite::Statement insertFile(db_,
+                                 "INSERT INTO files(task_id, unit, entry, source, target, action, state) "
+                                 "VALUES (?, ?, ?, ?, ?, ?, ?)");
     for (FileRecord& file : files) {
         insertFile.Bind(1, taskId)
             .Bind(2, file.unit)
@@ -207,7 +169,7 @@ std::int64_t Journal::AddTask(const fluxcore::utility::Guid& batch, const TaskRe
             .Bind(6, file.action)
             .Bind(7, FileStateName(FileState::Pending))
             .Run();
-        file.id = sqlite3_last_insert_rowid(db_);
+        file.id = db_.LastInsertRowId();
     }
     transaction.Commit();
     return taskId;
@@ -216,12 +178,10 @@ std::int64_t Journal::AddTask(const fluxcore::utility::Guid& batch, const TaskRe
 void Journal::MarkBatchRunning(const fluxcore::utility::Guid& batch, const Fnd::WString& targetBin,
                                const std::string& projectPath) {
     std::lock_guard lock(mutex_);
-    Transaction transaction(db_, path_);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
     BatchId(batch, true);
-    SqliteStatement update(db_,
-                           "UPDATE batches SET state = ?, target_bin = ?, project = ?, started_at = ? "
-                           "WHERE guid = ?",
-                           path_);
+    Sqlite::Statement update(db_, "UPDATE batches SET state = ?, target_bin = ?, project = ?, started_at = ? "
+                                  "WHERE guid = ?");
     update.Bind(1, BatchStateName(BatchState::Running))
         .Bind(2, Fnd::ToUTF8(targetBin))
         .Bind(3, projectPath)
@@ -234,10 +194,8 @@ void Journal::MarkBatchRunning(const fluxcore::utility::Guid& batch, const Fnd::
 void Journal::SetBatchState(const fluxcore::utility::Guid& batch, BatchState state) {
     std::lock_guard lock(mutex_);
     const bool over = state == BatchState::Finished || state == BatchState::Cancelled;
-    SqliteStatement update(db_,
-                           over ? "UPDATE batches SET state = ?, finished_at = ? WHERE guid = ?"
-                                : "UPDATE batches SET state = ? WHERE guid = ?",
-                           path_);
+    Sqlite::Statement update(db_, over ? "UPDATE batches SET state = ?, finished_at = ? WHERE guid = ?"
+                                       : "UPDATE batches SET state = ? WHERE guid = ?");
     update.Bind(1, BatchStateName(state));
     if (over)
         update.Bind(2, Now()).Bind(3, batch.ToString());
@@ -250,11 +208,9 @@ void Journal::UpdateFiles(const std::vector<const FileRecord*>& files) {
     if (files.empty())
         return;
     std::lock_guard lock(mutex_);
-    Transaction transaction(db_, path_);
-    SqliteStatement update(db_,
-                           "UPDATE files SET state = ?, temporary = ?, final_path = ?, checksum = ?, "
-                           "reason = ?, size = ? WHERE id = ?",
-                           path_);
+    Sqlite::Transaction transaction(db_, Sqlite::Transaction::Kind::Write);
+    Sqlite::Statement update(db_, "UPDATE files SET state = ?, temporary = ?, final_path = ?, checksum = ?, "
+                                  "reason = ?, size = ? WHERE id = ?");
     for (const FileRecord* file : files)
         update.Bind(1, FileStateName(file->state))
             .Bind(2, file->temporary)
@@ -269,21 +225,16 @@ void Journal::UpdateFiles(const std::vector<const FileRecord*>& files) {
 
 void Journal::MarkTaskFinished(std::int64_t task, std::string_view outcome, std::string_view reason) {
     std::lock_guard lock(mutex_);
-    SqliteStatement update(db_, "UPDATE tasks SET outcome = ?, reason = ? WHERE id = ?", path_);
+    Sqlite::Statement update(db_, "UPDATE tasks SET outcome = ?, reason = ? WHERE id = ?");
     update.Bind(1, outcome).Bind(2, reason).Bind(3, task).Run();
 }
 
 std::optional<JournalBatch> Journal::LoadBatch(const fluxcore::utility::Guid& batch) const {
     std::lock_guard lock(mutex_);
     // One read transaction, so that another process's writes never show half.
-    Execute("BEGIN");
-    struct EndRead {
-        const Journal& journal;
-        ~EndRead() { sqlite3_exec(journal.db_, "COMMIT", nullptr, nullptr, nullptr); }
-    } endRead{*this};
+    Sqlite::Transaction read(db_, Sqlite::Transaction::Kind::Read);
 
-    SqliteStatement findBatch(db_, "SELECT id, state, target_bin, project FROM batches WHERE guid = ?",
-                              path_);
+    Sqlite::Statement findBatch(db_, "SELECT id, state, target_bin, project FROM batches WHERE guid = ?");
     findBatch.Bind(1, batch.ToString());
     if (!findBatch.Step())
         return std::nullopt;
@@ -294,17 +245,16 @@ std::optional<JournalBatch> Journal::LoadBatch(const fluxcore::utility::Guid& ba
     loaded.targetBin = Fnd::FromUTF8(findBatch.Text(2));
     loaded.projectPath = findBatch.Text(3);
 
-    SqliteStatement tasks(db_, "SELECT id, record, outcome FROM tasks WHERE batch_id = ? ORDER BY id", path_);
+    Sqlite::Statement tasks(db_, "SELECT id, record, outcome FROM tasks WHERE batch_id = ? ORDER BY id");
     tasks.Bind(1, batchId);
     while (tasks.Step())
         loaded.tasks.push_back(
             JournalTask{tasks.Int(0), DecodeTaskRecord(tasks.Text(1)), !tasks.Text(2).empty()});
 
-    SqliteStatement files(db_,
-                          "SELECT f.id, f.task_id, f.unit, f.entry, f.source, f.target, f.action, f.state, "
-                          "f.temporary, f.final_path, f.checksum, f.reason, f.size FROM files f "
-                          "JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = ? ORDER BY f.id",
-                          path_);
+    Sqlite::Statement files(db_,
+                            "SELECT f.id, f.task_id, f.unit, f.entry, f.source, f.target, f.action, f.state, "
+                            "f.temporary, f.final_path, f.checksum, f.reason, f.size FROM files f "
+                            "JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = ? ORDER BY f.id");
     files.Bind(1, batchId);
     while (files.Step()) {
         FileRecord file;
@@ -328,14 +278,12 @@ std::optional<JournalBatch> Journal::LoadBatch(const fluxcore::utility::Guid& ba
 
 std::vector<BatchSummary> Journal::Batches(BatchState state) const {
     std::lock_guard lock(mutex_);
-    SqliteStatement select(
-        db_,
-        "SELECT b.guid, b.submitted_at, "
-        "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = b.id), "
-        "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id "
-        " WHERE t.batch_id = b.id AND f.state = 'verified') "
-        "FROM batches b WHERE b.state = ? ORDER BY b.id",
-        path_);
+    Sqlite::Statement select(
+        db_, "SELECT b.guid, b.submitted_at, "
+             "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id WHERE t.batch_id = b.id), "
+             "(SELECT COUNT(*) FROM files f JOIN tasks t ON t.id = f.task_id "
+             " WHERE t.batch_id = b.id AND f.state = 'verified') "
+             "FROM batches b WHERE b.state = ? ORDER BY b.id");
     select.Bind(1, BatchStateName(state));
     std::vector<BatchSummary> batches;
     while (select.Step()) {

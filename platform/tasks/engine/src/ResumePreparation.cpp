@@ -4,20 +4,16 @@
 #include <unistd.h>
 
 #include "FileComparison.h"
+#include "Fnd/PathUtils.h"
 #include "QL/CopySetting.h"
 #include "QL/Engine/FileCopier.h"
 
 namespace QL::Engine {
 namespace {
 
-std::string FileNameOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
 void RemoveTemporary(const std::string& path) {
     // Only ever a name the copier would have made: a journal cannot make resume delete media.
-    if (!path.empty() && FileCopier::IsTemporaryName(FileNameOf(path)))
+    if (!path.empty() && FileCopier::IsTemporaryName(Fnd::PathUtils::FileNameOf(path)))
         ::unlink(path.c_str());
 }
 

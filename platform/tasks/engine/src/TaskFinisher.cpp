@@ -11,11 +11,6 @@
 namespace QL::Engine {
 namespace {
 
-Fnd::WString FileNameOf(const Fnd::WString& path) {
-    const std::size_t slash = path.rfind(u'/');
-    return slash == Fnd::WString::npos ? path : path.substr(slash + 1);
-}
-
 bool Landed(const FileRecord* file) {
     return file && (file->state == FileState::Verified || file->state == FileState::Skipped);
 }
@@ -23,7 +18,7 @@ bool Landed(const FileRecord* file) {
 Proj::ProjectItem ProjectItemFrom(const IngestItem& item, const Fnd::WString& path, const Fnd::WString& bin) {
     Proj::ProjectItem projectItem;
     projectItem.path = path;
-    projectItem.name = item.name.empty() ? FileNameOf(path) : item.name;
+    projectItem.name = item.name.empty() ? Fnd::PathUtils::FileNameOf(path) : item.name;
     projectItem.format = item.format;
     projectItem.inPoint = item.inPoint;
     projectItem.outPoint = item.outPoint;
@@ -105,8 +100,9 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
             Proj::ProjectItem projectItem = ProjectItemFrom(*item, finalPath, run_.targetBin);
             if (const Fnd::WString* rename = Find(unit->renames, target))
                 projectItem.name = *rename;
-            else if (finalPath != target && item->name == FileNameOf(target))
-                projectItem.name = FileNameOf(finalPath); // kept both: the item is the new file
+            else if (finalPath != target && item->name == Fnd::PathUtils::FileNameOf(target))
+                projectItem.name =
+                    Fnd::PathUtils::FileNameOf(finalPath); // kept both: the item is the new file
             if (const fluxcore::utility::Guid* guid = Find(unit->clipGuids, target))
                 projectItem.clipGuid = *guid;
 

@@ -3,7 +3,6 @@
 #include <charconv>
 #include <limits>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <type_traits>
 
@@ -16,6 +15,8 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLUni.hpp>
+
+#include "Fnd/XmlParser.h"
 
 namespace fluxui::archive {
 
@@ -39,13 +40,6 @@ struct Element {
     }
 };
 using DOMElement = Element;
-
-void EnsureXercesInitialized() {
-    // Xerces counts its initialisations; it is never terminated, as other parts of the process
-    // may hold documents until exit.
-    static std::once_flag once;
-    std::call_once(once, [] { xercesc::XMLPlatformUtils::Initialize(); });
-}
 
 [[noreturn]] void ThrowParseError(const xercesc::SAXParseException& e) {
     throw PropMapError("malformed XML at line " + std::to_string(e.getLineNumber()) + ", column " +
@@ -284,7 +278,7 @@ private:
 } // namespace
 
 Property PropMapReader::Read(std::span<const std::byte> document) {
-    EnsureXercesInitialized();
+    Fnd::EnsureXmlParser();
     thread_local ReusableParser parser;
     return parser.Read(document);
 }

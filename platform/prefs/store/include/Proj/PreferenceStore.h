@@ -4,7 +4,9 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <sys/types.h>
@@ -14,16 +16,16 @@
 #include "Fnd/InterfaceRef.h"
 #include "Proj/IPreferences.h"
 #include "Proj/PreferenceBatch.h"
-
-struct sqlite3;
+#include "Sqlite/Connection.h"
+#include "Sqlite/Transaction.h"
 
 namespace Proj {
 
 // The file cannot be used: not a database, another program's, a newer version, or the disk
 // refused. The text names the file and the reason.
-class PreferenceStoreError : public std::runtime_error {
+class PreferenceStoreError : public Sqlite::Error {
 public:
-    using std::runtime_error::runtime_error;
+    using Sqlite::Error::Error;
 };
 
 class PreferenceStore final : public IPreferences, public IPreferenceBatch {
@@ -75,18 +77,18 @@ private:
     };
 
     void OpenDatabase(bool create);
-    void EnsureSchema();
     void LoadValues();
     std::int64_t DataVersion();
     void RefreshLockedKeys();
     void WriteValue(const std::string& key, const PreferenceData& data);
-    [[noreturn]] void Fail(const std::string& what) const;
 
     std::atomic<int> count_{0};
     std::mutex mutex_;
     const std::string path_;
     const std::function<std::string()> lockedKeysFile_;
-    sqlite3* db_ = nullptr;
+    // Opened when the file exists or is first written.
+    std::unique_ptr<Sqlite::Connection> db_;
+    std::optional<Sqlite::Transaction> batch_;
     std::int64_t dataVersion_ = -1;
     int batchDepth_ = 0;
     bool batchDropped_ = false;

@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "Proj/ProjectItem.h"
+#include "Sqlite/Error.h"
 
 namespace Proj {
 
 // A project file that cannot be opened, created or written; the message names the file.
-class ProjectError : public std::runtime_error {
+class ProjectError : public Sqlite::Error {
 public:
-    using std::runtime_error::runtime_error;
+    using Sqlite::Error::Error;
 };
 
 // A project: one SQLite file of bins and items. Safe to open from several threads and

@@ -10,16 +10,15 @@
 
 #include "Fnd/WString.h"
 #include "QL/Engine/TaskRecord.h"
+#include "Sqlite/Connection.h"
 #include "fluxcore/Guid.h"
-
-struct sqlite3;
 
 namespace QL::Engine {
 
 // A journal that cannot be opened, read or written; the message names the file.
-class JournalError : public std::runtime_error {
+class JournalError : public Sqlite::Error {
 public:
-    using std::runtime_error::runtime_error;
+    using Sqlite::Error::Error;
 };
 
 enum class FileState : std::uint8_t {
@@ -116,11 +115,10 @@ public:
     std::vector<BatchSummary> Batches(BatchState state) const;
 
 private:
-    void Execute(const char* sql) const;
     std::int64_t BatchId(const fluxcore::utility::Guid& batch, bool create);
 
     std::string path_;
-    sqlite3* db_ = nullptr;
+    mutable Sqlite::Connection db_;
     mutable std::mutex mutex_;
 };
 

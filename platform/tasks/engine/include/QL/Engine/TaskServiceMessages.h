@@ -7,6 +7,7 @@
 #include "Fnd/Listener.h"
 #include "Fnd/Message.h"
 #include "Fnd/WString.h"
+#include "QL/Engine/BatchCounters.h"
 #include "QL/Engine/FileCopier.h"
 #include "QL/Engine/TaskKind.h"
 #include "fluxcore/Guid.h"
@@ -72,19 +73,11 @@ struct TaskOutcomeMessage : Fnd::MessageT<TaskOutcomeMessage> {
     std::uint64_t itemsImported = 0;
 };
 
-// The batch, last of all its messages.
-struct BatchOutcomeMessage : Fnd::MessageT<BatchOutcomeMessage> {
+// The batch, last of all its messages, with its counts.
+struct BatchOutcomeMessage : Fnd::MessageT<BatchOutcomeMessage>, BatchCounters {
     static constexpr std::string_view kTypeName = "QL::Engine::BatchOutcomeMessage";
     fluxcore::utility::Guid batch;
     OutcomeStatus status = OutcomeStatus::Succeeded;
-    std::uint64_t filesCopied = 0; // targets written, over all destinations
-    std::uint64_t filesSkipped = 0;
-    std::uint64_t filesAlreadyCopied = 0;
-    std::uint64_t filesFailed = 0;
-    std::uint64_t filesCancelled = 0;
-    std::uint64_t tasksFailed = 0;
-    std::uint64_t itemsImported = 0;
-    std::uint64_t bytesRead = 0;
     double seconds = 0;
     // Not empty when the journal could not be written: the batch ran, but a crash in it could not
     // have been resumed.
