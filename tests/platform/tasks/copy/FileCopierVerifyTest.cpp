@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -69,14 +67,6 @@ void ExpectEveryModeOn(const std::string& folder) {
 TEST(FileCopierVerify, EveryModeOnTheWorkDisk) {
     TempTree destination;
     ExpectEveryModeOn(destination.NativePath());
-}
-
-TEST(FileCopierVerify, EveryModeOnTmpfs) {
-    std::string pattern = "/dev/shm/igd-copy-XXXXXX";
-    if (::access("/dev/shm", W_OK) != 0 || !::mkdtemp(pattern.data()))
-        GTEST_SKIP() << "no writable /dev/shm";
-    ExpectEveryModeOn(pattern);
-    std::filesystem::remove_all(pattern);
 }
 
 TEST(FileCopierVerify, EveryModeWhereDirectIoIsRefused) {
