@@ -52,6 +52,10 @@ TEST_F(ProviderLookupTest, AnyOtherFileOrFolderGoesToThePlainDirectoryProvider) 
     EXPECT_EQ(provider_->GetIdentification(), "com.veltrix.Kestrel.WinProviderDirectory");
     EXPECT_EQ(root_, tree_.Path("plain"));
     EXPECT_EQ(name_, u"A001.MOV");
+    const Browse::Content content =
+        provider_->GetContent(root_, {}, {Browse::kNameField, Browse::kExtraPathField}, nullptr);
+    EXPECT_EQ(*content.at(u"A001.MOV").at(Browse::kNameField).AsString(), u"A001") << "named by its stem";
+    EXPECT_EQ(*content.at(u"A001.MOV").at(Browse::kExtraPathField).AsString(), tree_.Path("plain/A001.MOV"));
 
     ASSERT_TRUE(
         Browse::FileListForCopy::GetProviderAndRootFromPath(tree_.Path("CARD"), provider_, root_, name_));
@@ -64,14 +68,6 @@ TEST_F(ProviderLookupTest, AMissingPathHasNoProvider) {
                                                                      root_, name_));
     EXPECT_EQ(provider_, nullptr);
     EXPECT_TRUE(name_.empty());
-}
-
-TEST_F(ProviderLookupTest, PlainContentNamesEachFileByItsStem) {
-    const Browse::Content content = Browse::ProviderRegistry::PlainDirectory().GetContent(
-        tree_.Path("plain"), {}, {Browse::kNameField, Browse::kExtraPathField}, nullptr);
-    ASSERT_EQ(content.count(u"A001.MOV"), 1u);
-    EXPECT_EQ(*content.at(u"A001.MOV").at(Browse::kNameField).AsString(), u"A001");
-    EXPECT_EQ(*content.at(u"A001.MOV").at(Browse::kExtraPathField).AsString(), tree_.Path("plain/A001.MOV"));
 }
 
 TEST_F(ProviderLookupTest, OnlyCardClipFilesAreFolderBased) {
