@@ -212,17 +212,5 @@ INSTANTIATE_TEST_SUITE_P(Families, CardFamilyTest, ::testing::ValuesIn(FamilyCas
                              return info.param.card.label;
                          });
 
-TEST(CardProvidersTest, FindsEveryStructureOfOneCard) {
-    TempTree tree;
-    MakeFiles(tree, {"CARD/PRIVATE/AVCHD/BDMV/STREAM/00000.MTS", "CARD/PRIVATE/M4ROOT/MEDIAPRO.XML",
-                     "CARD/PRIVATE/M4ROOT/CLIP/C0001.MP4", "CARD/DCIM/100GOPRO/GH010001.MP4"});
-    std::vector<std::string> families;
-    for (const Browse::CardClip& clip : Browse::ProviderRegistry::FindCardClips(tree.Path("CARD")))
-        families.push_back(clip.family);
-    EXPECT_EQ(families, (std::vector<std::string>{"com.veltrix.Kestrel.ProviderXAVCS",
-                                                  "com.veltrix.Kestrel.ProviderAVCHD",
-                                                  "com.veltrix.Kestrel.ProviderGoPro"}));
-}
-
 } // namespace
 } // namespace igd::test

@@ -72,8 +72,11 @@ TEST(CardReadsTest, RecognisingEveryStructureOpensOnlyIndexPlaylistAndClipFiles)
     if (!watch.Ok())
         GTEST_SKIP() << "inotify is not available here";
 
-    const std::vector<Browse::CardClip> clips = Browse::ProviderRegistry::FindCardClips(tree.Path("CARD"));
-    ASSERT_EQ(clips.size(), 5u);
+    // Every structure of the card is found, in the registry's order.
+    std::vector<std::string> families;
+    for (const Browse::CardClip& clip : Browse::ProviderRegistry::FindCardClips(tree.Path("CARD")))
+        families.push_back(clip.family.substr(clip.family.rfind("Provider") + 8));
+    EXPECT_EQ(families, (std::vector<std::string>{"P2", "XAVCS", "AVCHD", "GoPro", "XDCAM"}));
 
     // The take and edit lists say which clips they name only by their text.
     const std::set<std::string> allowed{"000AB1.XML", "MEDIAPRO.XML", "C0001M01.XML",

@@ -26,37 +26,19 @@ PresetDocument TrickyRenameDocument() {
 }
 
 TEST(PresetFileFormat, RoundTripsEveryTypeKeyFormatAndRequiredFlag) {
-    const PresetDocument rename = TrickyRenameDocument();
-    const auto readRename = ParsePresetDocument(SerializePresetDocument(rename));
-    ASSERT_TRUE(readRename) << readRename.error;
-    EXPECT_EQ(*readRename.document, rename);
-
     PresetDocument metadata;
     metadata.category = kQLPresetCategoryMetadata;
     metadata.name = u"Rights";
     metadata.fields = {{kQLFieldMetadata, u"creator", u"", true},
                        {kQLFieldMetadata, u"usageTerms", u"CC BY", false}};
-    const auto readMetadata = ParsePresetDocument(SerializePresetDocument(metadata));
-    ASSERT_TRUE(readMetadata) << readMetadata.error;
-    EXPECT_EQ(*readMetadata.document, metadata);
-}
-
-TEST(PresetFileFormat, CarriesItsSchemaNameAndVersion) {
-    const std::string bytes = SerializePresetDocument(TrickyRenameDocument());
-    EXPECT_NE(bytes.find("schema=\"igd.preset\""), std::string::npos) << bytes;
-    EXPECT_NE(bytes.find("version=\"1\""), std::string::npos) << bytes;
-}
-
-TEST(PresetFileFormat, TextsXmlCannotCarryAreRefusedBeforeWriting) {
-    PresetDocument document;
-    document.name = u"ok";
-    document.fields = {{kQLFieldCustomText, u"", Fnd::WString(u"bell\u0007"), false}};
-    EXPECT_FALSE(CanWritePresetDocument(document));
-    EXPECT_THROW(SerializePresetDocument(document), std::invalid_argument);
-    document.fields[0].format = Fnd::WString(1, char16_t(0xD800)); // a lone surrogate
-    EXPECT_FALSE(CanWritePresetDocument(document));
-    document.fields[0].format = u"tab\tis fine";
-    EXPECT_TRUE(CanWritePresetDocument(document));
+    for (const PresetDocument& document : {TrickyRenameDocument(), metadata}) {
+        const auto read = ParsePresetDocument(SerializePresetDocument(document));
+        ASSERT_TRUE(read) << read.error;
+        EXPECT_EQ(*read.document, document);
+    }
+    // The service refuses such content first (see the save tests); writing it is the caller's fault.
+    metadata.fields[1].format = u"bell\u0007";
+    EXPECT_THROW(SerializePresetDocument(metadata), std::invalid_argument);
 }
 
 const char* const kHead = R"(<?xml version="1.0" encoding="UTF-8"?>)";

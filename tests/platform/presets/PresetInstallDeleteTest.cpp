@@ -82,27 +82,7 @@ TEST_F(PresetInstall, BadFilesInstallNothingAndSayWhy) {
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(tree.Path("home/presets/rename"), false));
 }
 
-TEST_F(PresetInstall, ExportedFromOneHomeAndInstalledInAnotherRoundTrips) {
-    auto manager = Manager(kQLPresetCategoryMetadata);
-    auto original =
-        SaveNew(*manager, u"Production",
-                {Field(kQLFieldMetadata, u"", u"scene", true), Field(kQLFieldMetadata, u"Kim", u"director")});
-    const std::string exported = QL::SerializePresetDocument(
-        QL::MakePresetDocument(kQLPresetCategoryMetadata, original->GetName(true), original->GetFields()));
-    const Fnd::WString file = tree.MakeFile("usb/Production.igdmetadata", exported);
-
-    QL::FilePresetService otherHome({tree.NativePath("home2/presets"), tree.NativePath("system")});
-    auto installed = otherHome.InstantiateManager(kQLPresetCategoryMetadata)->InstallPreset(file);
-    ASSERT_TRUE(installed);
-    EXPECT_EQ(installed->GetPath(), tree.Path("home2/presets/metadata/Production.igdmetadata"));
-    EXPECT_EQ(
-        QL::MakePresetDocument(kQLPresetCategoryMetadata, installed->GetName(true), installed->GetFields()),
-        QL::MakePresetDocument(kQLPresetCategoryMetadata, u"Production", original->GetFields()));
-}
-
-class PresetDelete : public PresetServiceTest {};
-
-TEST_F(PresetDelete, RemovesTheFileAndTheListingEntry) {
+TEST_F(PresetInstall, DeleteRemovesTheFileAndTheListingEntry) {
     auto manager = Manager();
     auto preset = SaveNew(*manager, u"Day", {Field(kQLFieldCustomText, u"x")});
     EXPECT_EQ(manager->DeletePreset(preset), kPresetOK);
@@ -112,7 +92,7 @@ TEST_F(PresetDelete, RemovesTheFileAndTheListingEntry) {
     EXPECT_EQ(manager->DeletePreset(preset), kPresetOK);
 }
 
-TEST_F(PresetDelete, RefusesWhatItCannotOrMustNotRemove) {
+TEST_F(PresetInstall, DeleteRefusesWhatItCannotOrMustNotRemove) {
     auto manager = Manager();
     EXPECT_EQ(manager->DeletePreset(manager->CreatePreset()), kPresetNotSaved);
     auto metadata = Manager(kQLPresetCategoryMetadata);

@@ -1,6 +1,12 @@
+// Presets and their fields in memory: what a new field shows, and copies that never share state.
 #include <gtest/gtest.h>
 
+#include <regex>
+#include <string>
+#include <utility>
+
 #include "Fnd/NullInterfaceException.h"
+#include "Fnd/PathUtils.h"
 #include "PresetTestSupport.h"
 #include "QL/PresetObject.h"
 
@@ -9,55 +15,81 @@ namespace {
 
 using namespace QL;
 
-Fnd::InterfaceRef<PresetObject> SavedLookingPreset() {
-    auto preset = PresetObject::Create(
-        kQLPresetCategoryMetadata, u"Production",
-        {Field(kQLFieldMetadata, u"", u"scene", true), Field(kQLFieldMetadata, u"Kim", u"director")});
-    preset->SetPath(u"/home/u/.config/igd/presets/metadata/Production.igdmetadata");
-    preset->SetUserPreset(false);
-    return preset;
+// Type, key, format, value and required flag in one line, so a copy is compared whole.
+std::string Whole(const IQLPresetField& field) {
+    return std::to_string(field.GetType()) + "|" + Fnd::ToUTF8(field.GetKey()) + "|" +
+           Fnd::ToUTF8(field.GetFormat()) + "|" + Fnd::ToUTF8(field.GetValue()) + "|" +
+           (field.GetRequired() ? "required" : "optional");
 }
 
-TEST(PresetClone, AnswersTheSameNamePathAndOwnershipWithAnIdentityOfItsOwn) {
-    auto source = SavedLookingPreset();
+TEST(PresetField, NewFieldStartsWithTheFirstChoiceOfItsTypeSoWhatIsShownIsWhatIsSaved) {
+    for (auto type : {kQLFieldAutoIncrement, kQLFieldCustomText, kQLFieldCreationDate, kQLFieldIngestDate,
+                      kQLFieldCreationTime, kQLFieldIngestTime, kQLFieldFileName, kQLFieldMetadata,
+                      kQLFieldUserDefinedAutoIncrement}) {
+        const auto choices = GetPredefinedFieldValues(type);
+        const std::string first = choices.empty() ? "" : Fnd::ToUTF8(choices.front());
+        EXPECT_EQ(Whole(*CreatePresetField(type)), std::to_string(type) + "||" + first + "|" + first + "|optional");
+    }
+}
+
+TEST(PresetField, ValueFollowsTheFormatUntilSetValueAndSetValueNeverTouchesTheFormat) {
+    auto field = Field(kQLFieldCustomText, u"Roll_");
+    EXPECT_EQ(field->GetValue(), u"Roll_");
+    field->SetValue(u"typed");
+    EXPECT_EQ(field->GetFormat(), u"Roll_");
+    EXPECT_EQ(field->GetValue(), u"typed");
+    field->SetFormat(u"Day_");
+    EXPECT_EQ(field->GetValue(), u"Day_");
+}
+
+// Patterns are rendered into file names, so their separators must be legal there too.
+TEST(PresetField, DatesAndTimesOfferOnlyTheirTokensAndFileNameSafeSeparators) {
+    const std::regex date("^(%[Yymd]|[-_. ])*%[Yymd](%[Yymd]|[-_. ])*$");
+    const std::regex time("^(%[HMS]|[-_. ])*%[HMS](%[HMS]|[-_. ])*$");
+    for (const auto& [type, tokens] :
+         {std::pair{kQLFieldCreationDate, date}, std::pair{kQLFieldCreationTime, time}})
+        for (const auto& pattern : GetPredefinedFieldValues(type)) {
+            EXPECT_TRUE(std::regex_match(Fnd::ToUTF8(pattern), tokens)) << Fnd::ToUTF8(pattern);
+            EXPECT_TRUE(Fnd::PathUtils::IsValidFileName(pattern)) << Fnd::ToUTF8(pattern);
+        }
+}
+
+// A session edits a clone while the listing keeps the original: nothing may be shared.
+TEST(PresetObject, ACloneIsDeepAndKeepsNamePathAndOwnershipButNotTheIdentity) {
+    auto source = PresetObject::Create(kQLPresetCategoryMetadata, u"Production",
+                                       {Field(kQLFieldMetadata, u"", u"scene", true),
+                                        Field(kQLFieldMetadata, u"Kim", u"director")});
+    source->SetPath(u"/home/u/.config/igd/presets/metadata/Production.igdmetadata");
+    source->SetUserPreset(false);
+    source->GetFields()[1]->SetValue(u"Lee"); // a typed value differs from the format
+    const std::string before = Whole(*source->GetFields()[0]) + Whole(*source->GetFields()[1]);
+
     auto copy = source->ClonePreset(false);
-    EXPECT_EQ(copy->GetName(true), source->GetName(true));
+    EXPECT_EQ(copy->GetName(true), u"Production");
     EXPECT_EQ(copy->GetPath(), source->GetPath());
-    EXPECT_EQ(copy->IsUserPreset(), source->IsUserPreset());
+    EXPECT_FALSE(copy->IsUserPreset());
     EXPECT_NE(copy->GetPresetID(), source->GetPresetID());
     EXPECT_EQ(source->ClonePreset(true)->GetPresetID(), source->GetPresetID());
-}
-
-TEST(PresetClone, IsDeepChangingTheCopyLeavesTheSourceAlone) {
-    auto source = SavedLookingPreset();
-    auto copy = source->ClonePreset(false);
     const auto copyFields = copy->GetFields();
     ASSERT_EQ(copyFields.size(), 2u);
-    EXPECT_NE(copyFields[0].get(), source->GetFields()[0].get());
+    EXPECT_EQ(Whole(*copyFields[0]) + Whole(*copyFields[1]), before);
 
     copyFields[0]->SetKey(u"take");
-    copyFields[1]->SetFormat(u"Lee");
+    copyFields[0]->SetRequired(false);
+    copyFields[1]->SetFormat(u"Ann");
     copyFields[1]->SetValue(u"typed");
+    copyFields[1]->SetType(kQLFieldCustomText);
     copy->SetName(u"Other");
     copy->SetFields({});
-
-    const auto sourceFields = source->GetFields();
-    ASSERT_EQ(sourceFields.size(), 2u);
-    EXPECT_EQ(sourceFields[0]->GetKey(), u"scene");
-    EXPECT_TRUE(sourceFields[0]->GetRequired());
-    EXPECT_EQ(sourceFields[1]->GetFormat(), u"Kim");
-    EXPECT_EQ(sourceFields[1]->GetValue(), u"Kim");
+    EXPECT_EQ(Whole(*source->GetFields()[0]) + Whole(*source->GetFields()[1]), before);
     EXPECT_EQ(source->GetName(true), u"Production");
+
+    // A null field is a programming fault and leaves the list as it was.
+    EXPECT_THROW(source->SetFields({Field(kQLFieldMetadata, u"a", u"k"), nullptr}), Fnd::NullInterfaceException);
+    EXPECT_EQ(source->GetFields().size(), 2u);
 }
 
-TEST(PresetFields, ANullFieldIsAProgrammingFaultAndLeavesTheListAsItWas) {
-    auto preset = SavedLookingPreset();
-    EXPECT_THROW(preset->SetFields({Field(kQLFieldMetadata, u"a", u"k"), nullptr}),
-                 Fnd::NullInterfaceException);
-    EXPECT_EQ(preset->GetFields().size(), 2u);
-}
-
-TEST(PresetIdentity, DiffersBetweenPresetsAndFollowsThePathForFilePresets) {
+TEST(PresetObject, IdentitiesDifferBetweenPresetsAndFollowThePathForFilePresets) {
     auto a = PresetObject::Create(kQLPresetCategoryRename);
     auto b = PresetObject::Create(kQLPresetCategoryRename);
     EXPECT_NE(a->GetPresetID(), b->GetPresetID());

@@ -62,35 +62,25 @@ TEST_F(PresetSave, AnExistingNameAnswersNameExistsAndLeavesThatFileByteForByte) 
     EXPECT_EQ(ReadFileBytes(unreadable), "<preset");
 }
 
-TEST_F(PresetSave, OverwriteRewritesThePresetsOwnFile) {
-    auto manager = Manager();
-    auto preset = SaveNew(*manager, u"Day", {Field(kQLFieldCustomText, u"one")});
-    const Fnd::WString path = preset->GetPath();
-
-    preset->SetFields({Field(kQLFieldFileName, u""), Field(kQLFieldCustomText, u"two")});
-    EXPECT_EQ(manager->SavePreset(preset, u"Day", u"", true, u"Day"), kPresetOK);
-    EXPECT_EQ(preset->GetPath(), path);
-
-    const auto read = NewService()->InstantiateManager(kQLPresetCategoryRename)->GetUserPresets(false);
-    ASSERT_EQ(read.size(), 1u);
-    ASSERT_EQ(read[0]->GetFields().size(), 2u);
-    EXPECT_EQ(read[0]->GetFields()[1]->GetFormat(), u"two");
-}
-
-TEST_F(PresetSave, SavingUnderANewNameWithOverwriteMovesTheFileAndNeverReplacesAnother) {
+// Overwrite rewrites the preset's own file, under its name or a new one, and never another file.
+TEST_F(PresetSave, OverwriteRewritesOrMovesThePresetsOwnFileAndNeverReplacesAnother) {
     auto manager = Manager();
     auto day = SaveNew(*manager, u"day", {Field(kQLFieldCustomText, u"one")});
     SaveNew(*manager, u"Roll", {Field(kQLFieldCustomText, u"roll")});
     const std::string rollBytes = ReadFileBytes(UserFile("Roll.igdrename"));
 
+    day->SetFields({Field(kQLFieldFileName, u""), Field(kQLFieldCustomText, u"two")});
     EXPECT_EQ(manager->SavePreset(day, u"roll", u"", true, u"roll"), kPresetNameExists);
     EXPECT_EQ(ReadFileBytes(UserFile("Roll.igdrename")), rollBytes);
-
     // A change of case only is still the same preset.
     EXPECT_EQ(manager->SavePreset(day, u"Day", u"", true, u"Day"), kPresetOK);
     EXPECT_EQ(day->GetPath(), Fnd::FromUTF8(UserFile("Day.igdrename")));
-    EXPECT_EQ(Names(manager->GetUserPresets(false)), (std::vector<std::string>{"Day", "Roll"}));
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(UserFile("day.igdrename")), false));
+
+    const auto read = NewService()->InstantiateManager(kQLPresetCategoryRename)->GetUserPresets(false);
+    EXPECT_EQ(Names(read), (std::vector<std::string>{"Day", "Roll"}));
+    ASSERT_EQ(read[0]->GetFields().size(), 2u);
+    EXPECT_EQ(read[0]->GetFields()[1]->GetFormat(), u"two");
 }
 
 // The dialog's name check asks the same rule before a save, so a name it lets through always
@@ -119,9 +109,13 @@ TEST_F(PresetSave, ContentAFileCannotKeepIsRefused) {
     auto preset = manager->CreatePreset();
     preset->SetFields({Field(kQLFieldCustomText, u"bell\u0007")});
     EXPECT_EQ(manager->SavePreset(preset, u"Bell", u"", false, u"Bell"), kPresetInvalidContent);
+    preset->SetFields({Field(kQLFieldCustomText, Fnd::WString(1, char16_t(0xD800)))}); // a lone surrogate
+    EXPECT_EQ(manager->SavePreset(preset, u"Bell", u"", false, u"Bell"), kPresetInvalidContent);
     preset->SetFields({Field(kQLFieldMetadata, u"x", u"key")});
     EXPECT_EQ(manager->SavePreset(preset, u"Bell", u"", false, u"Bell"), kPresetInvalidContent);
     EXPECT_TRUE(manager->GetUserPresets(false).empty());
+    preset->SetFields({Field(kQLFieldCustomText, u"tab\tis fine")});
+    EXPECT_EQ(manager->SavePreset(preset, u"Tab", u"", false, u"Tab"), kPresetOK);
 }
 
 TEST_F(PresetSave, TypedValuesStayInTheObjectsAndNeverReachTheFile) {

@@ -1,45 +1,29 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "QL/Utilities.h"
-#include "support/TempTree.h"
+#include "support/ScopedIgdHome.h"
 
 namespace igd::test {
 namespace {
 
 using QL::Utilities;
 
-// $IGD_HOME at a temporary folder and a warning handler that records, both undone at the end.
+// A temporary $IGD_HOME and a warning handler that records, both undone at the end.
 class SiteSettingsTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        if (const char* old = std::getenv("IGD_HOME"))
-            oldHome_ = old;
-        ::setenv("IGD_HOME", tree_.NativePath().c_str(), 1);
-        oldHandler_ = Utilities::SetSiteSettingsWarningHandler(
-            [this](const Fnd::WString& warning) { warnings_.push_back(Fnd::ToUTF8(warning)); });
-    }
-    void TearDown() override {
-        Utilities::SetSiteSettingsWarningHandler(oldHandler_);
-        if (oldHome_)
-            ::setenv("IGD_HOME", oldHome_->c_str(), 1);
-        else
-            ::unsetenv("IGD_HOME");
+    ~SiteSettingsTest() override { Utilities::SetSiteSettingsWarningHandler(oldHandler_); }
+
+    std::string WriteSiteFile(const std::string& content) {
+        return home_.MakeFile("site/ingest-settings.xml", content);
     }
 
-    void WriteSiteFile(const std::string& content) { tree_.MakeFile("site/ingest-settings.xml", content); }
-    std::string SiteFilePath() const { return tree_.NativePath("site/ingest-settings.xml"); }
-
-    TempTree tree_;
+    ScopedIgdHome home_;
     std::vector<std::string> warnings_;
-
-private:
-    std::optional<std::string> oldHome_;
-    Utilities::SiteSettingsWarningHandler oldHandler_;
+    Utilities::SiteSettingsWarningHandler oldHandler_ = Utilities::SetSiteSettingsWarningHandler(
+        [this](const Fnd::WString& warning) { warnings_.push_back(Fnd::ToUTF8(warning)); });
 };
 
 TEST_F(SiteSettingsTest, WithoutAFileNothingIsLockedAndNothingIsSaid) {
@@ -119,12 +103,12 @@ TEST_F(SiteSettingsTest, RefusesUnusableFilesWithAWarningNamingFileAndReason) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.xml);
-        WriteSiteFile(c.xml);
+        const std::string path = WriteSiteFile(c.xml);
         const QL::IngestUtils::IngestSettings settings = Utilities::GetConfigurableIngestSettings();
         EXPECT_FALSE(settings.settingsLocked);
         EXPECT_EQ(settings.defaultSubfolder, u"");
         ASSERT_EQ(warnings_.size(), 1u);
-        EXPECT_NE(warnings_[0].find("The site settings file " + SiteFilePath() + " was not used: "),
+        EXPECT_NE(warnings_[0].find("The site settings file " + path + " was not used: "),
                   std::string::npos)
             << warnings_[0];
         EXPECT_NE(warnings_[0].find(c.reason), std::string::npos) << warnings_[0];
@@ -133,8 +117,7 @@ TEST_F(SiteSettingsTest, RefusesUnusableFilesWithAWarningNamingFileAndReason) {
 }
 
 TEST_F(SiteSettingsTest, ExternalEntitiesAreNeverRead) {
-    const std::string secret = tree_.NativePath("secret.txt");
-    tree_.MakeFile("secret.txt", "Leaked");
+    const std::string secret = home_.MakeFile("secret.txt", "Leaked");
     WriteSiteFile(
         "<!DOCTYPE ingestSettings [<!ENTITY e SYSTEM \"file://" + secret +
         "\">]><ingestSettings version='1'><defaultSubfolder>&e;</defaultSubfolder></ingestSettings>");

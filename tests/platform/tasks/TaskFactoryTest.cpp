@@ -14,16 +14,6 @@ namespace {
 
 using namespace QL::IngestTask;
 
-QL::IngestCustomData CustomDataWithPreset(const Fnd::WString& presetName) {
-    QL::IngestCustomData data;
-    auto set = std::make_shared<QL::MetadataFieldSet>();
-    set->presetName = presetName;
-    set->values[u"dc:creator"] = u"Ana";
-    data.metadataSets.push_back(set);
-    data.minimumMetadata.keywords.insert(u"rushes");
-    return data;
-}
-
 struct ForwardCase {
     const char* operation;
     std::function<void(const fluxcore::utility::Guid&, const QL::IngestCustomData&)> submit;
@@ -69,7 +59,9 @@ TEST(TaskFactory, RecordIsADeepCopyOfTheSubmission) {
     item->name = u"A001";
     unit->importItems[u"/dest/A001.MOV"] = item;
     setting.units.push_back(unit);
-    QL::IngestCustomData data = CustomDataWithPreset(u"Before");
+    QL::IngestCustomData data;
+    data.metadataSets.push_back(std::make_shared<QL::MetadataFieldSet>());
+    data.metadataSets.front()->presetName = u"Before";
 
     TaskFactory::SubmitCopyTask(setting, fluxcore::utility::Guid::CreateUnique(), data);
     unit->entries.front().target = u"/elsewhere";

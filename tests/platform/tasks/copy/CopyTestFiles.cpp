@@ -14,13 +14,6 @@
 
 namespace igd::test {
 
-void WriteWhole(const std::string& path, const std::string& content) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << content;
-    if (!out.flush())
-        throw std::runtime_error("cannot write " + path);
-}
-
 bool SameContent(const std::string& a, const std::string& b) {
     std::ifstream left(a, std::ios::binary);
     std::ifstream right(b, std::ios::binary);

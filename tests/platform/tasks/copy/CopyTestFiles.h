@@ -8,7 +8,6 @@
 
 namespace igd::test {
 
-void WriteWhole(const std::string& path, const std::string& content);
 // Streams both files: large copies cost no memory.
 bool SameContent(const std::string& a, const std::string& b);
 std::string Md5Hex(const std::string& path);

@@ -56,9 +56,7 @@ TEST_F(FileCopierActions, NothingExpectedMeetingAFileFailsAndTouchesNothing) {
 // that appears while the copy runs is not replaced either.
 TEST_F(FileCopierActions, AFileThatAppearsDuringTheCopyIsNeverReplaced) {
     CopyHooks hooks;
-    hooks.afterWrite = [&](const std::string&) {
-        WriteWhole(Destination("A001.MOV"), "arrived meanwhile");
-    };
+    hooks.afterWrite = [&](const std::string&) { tree_.MakeFile("dest/A001.MOV", "arrived meanwhile"); };
     const CopyOutcome outcome = CopyTo(Destination("A001.MOV"), QL::kCopyActionNone, hooks);
     EXPECT_EQ(outcome.status, CopyStatus::Failed);
     EXPECT_EQ(outcome.reason, "target exists");
@@ -66,15 +64,8 @@ TEST_F(FileCopierActions, AFileThatAppearsDuringTheCopyIsNeverReplaced) {
     EXPECT_EQ(NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
 }
 
-TEST_F(FileCopierActions, SkipWritesNothingAndDoesNotEvenReadTheSource) {
-    tree_.MakeFile("dest/A001.MOV", "kept");
-    const CopyOutcome kept = CopyTo(Destination("A001.MOV"), QL::kCopyActionSkip);
-    EXPECT_EQ(kept.status, CopyStatus::Skipped);
-    EXPECT_EQ(kept.finalPath, Destination("A001.MOV"));
-    EXPECT_EQ(kept.verifiedBy, VerifiedBy::NotVerified);
-    EXPECT_EQ(ReadFileBytes(Destination("A001.MOV")), "kept");
-
-    // Skip also stands when the file is only due from another copy of the batch.
+// Skip also stands when the file is only due from another copy of the batch: the source is not read.
+TEST_F(FileCopierActions, SkipDoesNotEvenReadTheSource) {
     CopyControl control;
     const auto outcomes =
         FileCopier(kSmallChunk)
@@ -128,12 +119,6 @@ TEST_F(FileCopierActions, ReplaceSwapsInTheNewCopyOnlyOnceItIsProven) {
     EXPECT_TRUE(SameContent(source_, Destination("A001.MOV")));
 }
 
-TEST_F(FileCopierActions, MissingFoldersOfATargetAreCreated) {
-    const CopyOutcome outcome = CopyTo(Destination("Day 1/Card A/A001.MOV"), QL::kCopyActionNone);
-    EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
-    EXPECT_TRUE(SameContent(source_, Destination("Day 1/Card A/A001.MOV")));
-}
-
 // A crash leaves a temporary behind; a new copy must neither trip over it nor take it for its own.
 TEST_F(FileCopierActions, ALeftoverTemporaryIsNeitherReusedNorAnObstacle) {
     const std::string leftover = FileCopier::TemporaryPathFor(Destination("A001.MOV"));
@@ -181,66 +166,46 @@ TEST(TemporaryNames, HiddenBesideTheTargetAndRecognisable) {
     EXPECT_NE(longTemporaryName.find(std::string("é") + "."), std::string::npos) << longTemporaryName;
 }
 
-// Folder entries: the folder is made, or merged into, and only a new one takes the source's time.
-class FileCopierFolders : public ::testing::Test {
-protected:
-    FileCopierFolders() {
-        tree_.MakeFolder("card/CLIP");
-        SetModificationTime(tree_.NativePath("card/CLIP"), 1400000000, 5);
-        source_ = tree_.NativePath("card/CLIP");
-    }
-
-    CopyOutcome MakeFolder(const std::string& relative, std::int32_t action) {
-        return FileCopier().CopyFolder(source_, {{tree_.NativePath(relative), action}})[0];
-    }
-
-    TempTree tree_;
-    std::string source_;
-};
-
-TEST_F(FileCopierFolders, NewFolderWithParentsAndTheSourceTime) {
-    const CopyOutcome outcome = MakeFolder("dest/day/CLIP", QL::kCopyActionNone);
-    EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
-    EXPECT_EQ(outcome.finalPath, tree_.NativePath("dest/day/CLIP"));
-    EXPECT_EQ(ModificationTime(tree_.NativePath("dest/day/CLIP")).tv_sec, 1400000000);
-}
-
-TEST_F(FileCopierFolders, AnExistingFolderIsMergedIntoAndLeftAsItWas) {
-    tree_.MakeFile("dest/CLIP/notes.txt", "mine");
-    SetModificationTime(tree_.NativePath("dest/CLIP"), 1000, 0);
-    for (const std::int32_t action : {QL::kCopyActionNone, QL::kCopyActionReplace}) {
-        const CopyOutcome outcome = MakeFolder("dest/CLIP", action);
-        EXPECT_EQ(outcome.status, CopyStatus::Copied) << outcome.reason;
-        EXPECT_EQ(outcome.finalPath, tree_.NativePath("dest/CLIP"));
-    }
-    EXPECT_EQ(ReadFileBytes(tree_.NativePath("dest/CLIP/notes.txt")), "mine");
-    EXPECT_EQ(ModificationTime(tree_.NativePath("dest/CLIP")).tv_sec, 1000);
-}
-
-TEST_F(FileCopierFolders, SkipKeepBothAndAFileInTheWay) {
-    EXPECT_EQ(MakeFolder("dest/CLIP", QL::kCopyActionSkip).status, CopyStatus::Skipped);
-    EXPECT_FALSE(Exists(tree_.NativePath("dest/CLIP")));
-
-    tree_.MakeFolder("dest/CLIP");
-    const CopyOutcome both = MakeFolder("dest/CLIP", QL::kCopyActionKeepBoth);
-    EXPECT_EQ(both.status, CopyStatus::Copied) << both.reason;
-    EXPECT_EQ(both.finalPath, tree_.NativePath("dest/CLIP (1)"));
-    EXPECT_EQ(ModificationTime(both.finalPath).tv_sec, 1400000000);
-
+// Folder entries: a new folder takes the source's time, one already there is merged into as it is
+// (the service's tests see what lands inside), and a file in the way is never replaced.
+TEST_F(FileCopierActions, FolderEntries) {
+    tree_.MakeFolder("card/CLIP");
+    SetModificationTime(tree_.NativePath("card/CLIP"), 1400000000, 5);
+    tree_.MakeFolder("dest/OLD");
+    SetModificationTime(Destination("OLD"), 1000, 0);
     tree_.MakeFile("dest/FILE", "a file, not a folder");
-    const CopyOutcome blocked = MakeFolder("dest/FILE", QL::kCopyActionReplace);
-    EXPECT_EQ(blocked.status, CopyStatus::Failed);
-    EXPECT_EQ(blocked.reason, "target exists");
-    EXPECT_EQ(ReadFileBytes(tree_.NativePath("dest/FILE")), "a file, not a folder");
-}
+    const struct {
+        const char* target;
+        std::int32_t action;
+        CopyStatus status;
+        const char* finalName; // "" for no final path
+        std::int64_t time;     // of the final folder
+    } cases[] = {
+        {"day/CLIP", QL::kCopyActionNone, CopyStatus::Copied, "day/CLIP", 1400000000},
+        {"OLD", QL::kCopyActionNone, CopyStatus::Copied, "OLD", 1000},
+        {"OLD", QL::kCopyActionReplace, CopyStatus::Copied, "OLD", 1000},
+        {"OLD", QL::kCopyActionKeepBoth, CopyStatus::Copied, "OLD (1)", 1400000000},
+        {"SKIPPED", QL::kCopyActionSkip, CopyStatus::Skipped, "", 0},
+        {"FILE", QL::kCopyActionReplace, CopyStatus::Failed, "", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.target) + " action " + std::to_string(c.action));
+        const CopyOutcome outcome =
+            FileCopier().CopyFolder(tree_.NativePath("card/CLIP"), {{Destination(c.target), c.action}})[0];
+        EXPECT_EQ(outcome.status, c.status) << outcome.reason;
+        if (*c.finalName)
+            EXPECT_EQ(ModificationTime(Destination(c.finalName)).tv_sec, c.time);
+        if (c.status == CopyStatus::Copied)
+            EXPECT_EQ(outcome.finalPath, Destination(c.finalName));
+        if (c.status == CopyStatus::Failed)
+            EXPECT_EQ(outcome.reason, "target exists");
+    }
+    EXPECT_FALSE(Exists(Destination("SKIPPED")));
+    EXPECT_EQ(ReadFileBytes(Destination("FILE")), "a file, not a folder");
 
-TEST_F(FileCopierFolders, ASourceThatIsNoFolderFails) {
-    tree_.MakeFile("card/A001.MOV", "x");
-    const auto outcomes = FileCopier().CopyFolder(tree_.NativePath("card/A001.MOV"),
-                                                  {{tree_.NativePath("dest/A001.MOV"), QL::kCopyActionNone}});
-    EXPECT_EQ(outcomes[0].status, CopyStatus::Failed);
-    EXPECT_EQ(outcomes[0].reason, "source could not be read: Not a directory");
-    EXPECT_FALSE(Exists(tree_.NativePath("dest")));
+    const auto notAFolder = FileCopier().CopyFolder(source_, {{Destination("A001.MOV"), QL::kCopyActionNone}});
+    EXPECT_EQ(notAFolder[0].reason, "source could not be read: Not a directory");
+    EXPECT_FALSE(Exists(Destination("A001.MOV")));
 }
 
 } // namespace

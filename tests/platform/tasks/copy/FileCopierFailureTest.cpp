@@ -12,7 +12,7 @@
 #include "CopyTestFiles.h"
 #include "QL/CopySetting.h"
 #include "QL/Engine/FileCopier.h"
-#include "ScratchMount.h"
+#include "support/ScratchMount.h"
 #include "support/TempTree.h"
 
 namespace igd::test {

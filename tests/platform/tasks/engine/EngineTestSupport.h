@@ -18,23 +18,10 @@
 #include "QL/Engine/CopyBackend.h"
 #include "QL/Engine/TaskService.h"
 #include "QL/Engine/TaskServiceMessages.h"
+#include "support/ScopedIgdHome.h"
 #include "support/TempTree.h"
 
 namespace igd::test {
-
-// $IGD_HOME points into a fresh temporary tree for the object's life.
-class ScopedIgdHome {
-public:
-    ScopedIgdHome();
-    ~ScopedIgdHome();
-    std::string Path() const { return tree_.NativePath("home"); }
-    std::string ProjectPath() const { return Path() + "/project.igdproj"; }
-
-private:
-    TempTree tree_;
-    std::string previous_;
-    bool hadPrevious_ = false;
-};
 
 // Every message the service posts, in the order the UI thread receives them.
 class ServiceMessageLog : public Fnd::Listener {

@@ -20,13 +20,17 @@ ino_t InodeOf(const std::string& path) {
     return ::stat(path.c_str(), &info) == 0 ? info.st_ino : 0;
 }
 
-// A copy as the copier leaves it just before its rename: same bytes, the source's time.
-void CopyWithTime(const std::string& from, const std::string& to) {
-    std::filesystem::copy_file(from, to);
+void CopyTime(const std::string& from, const std::string& to) {
     struct stat info {};
     ::stat(from.c_str(), &info);
     const timespec times[2] = {info.st_atim, info.st_mtim};
     ::utimensat(AT_FDCWD, to.c_str(), times, 0);
+}
+
+// A copy as the copier leaves it just before its rename: same bytes, the source's time.
+void CopyWithTime(const std::string& from, const std::string& to) {
+    std::filesystem::copy_file(from, to);
+    CopyTime(from, to);
 }
 
 class ResumeTest : public EngineTest {
@@ -113,14 +117,8 @@ TEST_F(ResumeTest, EachStateACrashLeavesIsFinishedAndNothingVerifiedIsCopiedAgai
 TEST_F(ResumeTest, ATargetThatOnlyLooksLikeTheCopyIsNeitherAdoptedNorOverwritten) {
     std::vector<FileRecord> files = CrashedBatch();
     // Same size and time as its source, other bytes: someone else's file.
-    tree.MakeFileOfSize("main/A001.MOV", 300u << 10);
-    struct stat info {};
-    ::stat(Card("A001.MOV").c_str(), &info);
-    const timespec times[2] = {info.st_atim, info.st_mtim};
-    ::utimensat(AT_FDCWD, Main("A001.MOV").c_str(), times, 0);
-    ::utimensat(AT_FDCWD, Card("A001.MOV").c_str(), times, 0);
-    tree.MakeFile("card/A001.MOV", std::string(300u << 10, 'x'));
-    ::utimensat(AT_FDCWD, Card("A001.MOV").c_str(), times, 0);
+    tree.MakeFile("main/A001.MOV", std::string(300u << 10, 'x'));
+    CopyTime(Card("A001.MOV"), Main("A001.MOV"));
     const std::string theirs = ReadFileBytes(Main("A001.MOV"));
     files[0].state = FileState::Copying;
     Record(files);
