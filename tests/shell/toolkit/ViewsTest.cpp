@@ -12,15 +12,11 @@ using fluxcore::geom::RectF;
 using namespace fluxui::controls;
 using fluxui::ui::UI_SubView;
 
-TEST(ScrollView, ShowsTheBarWhileTheContentIsTallerAndScrollsWithinIt) {
+TEST(ScrollView, ScrollsWithinTheContentAndIntoViewByTheLeastDistance) {
     auto content = Make<UI_SubView>();
     auto scroll = Make<UI_ScrollView>(0u, content);
     scroll->UI_SetLocalRectF({0, 0, 200, 100});
-    scroll->SetContentRectF({0, 0, 186, 80});
-    EXPECT_FALSE(scroll->GetScrollBarY().UI_IsShown());
     scroll->SetContentRectF({0, 0, 186, 300});
-    EXPECT_TRUE(scroll->GetScrollBarY().UI_IsShown());
-    EXPECT_FLOAT_EQ(scroll->GetScrollBarY().GetMaximum(), 200);
     EXPECT_EQ(scroll->GetScrollBarY().UI_GetLocalRectF(true), (RectF{186, 0, 14, 100}));
 
     scroll->ScrollTo(500);
@@ -65,16 +61,6 @@ TEST(SectionView, OpeningShowsTheContentAndCallsTheCallbacksInOrder) {
     EXPECT_EQ(section->UI_GetLocalRectF(true), (RectF{0, 10, 300, 144}));
     EXPECT_EQ(section->GetContentView().UI_GetLocalRectF(true), (RectF{0, 24, 300, 120}));
     EXPECT_EQ(calls, (std::vector<std::string>{"a open", "b open"}));
-}
-
-TEST(SectionView, ThePersonOpensOnlyAUserOpenableSection) {
-    auto section = Make<UI_SectionView>(u"Verify", true);
-    section->SetUserOpenable(false);
-    section->ToggleByUser();
-    EXPECT_TRUE(section->GetOpened());
-    section->SetUserOpenable(true);
-    section->ToggleByUser();
-    EXPECT_FALSE(section->GetOpened());
 }
 
 TEST(SplitterView, PlacesBothViewsAroundTheDivider) {
