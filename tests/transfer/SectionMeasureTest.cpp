@@ -34,14 +34,16 @@ protected:
 TEST_F(SectionMeasure, AnUntitledSectionIsAPlainBlockThatCannotFold) {
     SectionViewExRef block = Built(u"", "igdTestChild");
     SectionViewExRef titled = Built(u"Verify", "igdTestChild");
-    block->ToggleByUser();
-    titled->ToggleByUser();
-    EXPECT_TRUE(block->GetOpened());
-    EXPECT_FALSE(titled->GetOpened());
+    block->UpdateSectionLayout();
+    titled->UpdateSectionLayout();
     // No header, no border and no bottom margin, whatever the draw policy.
     EXPECT_FALSE(block->GetShowBorder());
     EXPECT_EQ(block->GetSectionSize(), (PointF{180, 20}));
     EXPECT_EQ(titled->GetContentSize(), (PointF{180, 25}));
+    block->ToggleByUser();
+    titled->ToggleByUser();
+    EXPECT_TRUE(block->GetOpened());
+    EXPECT_FALSE(titled->GetOpened());
 }
 
 TEST_F(SectionMeasure, ChildrenStackBelowTheContentAndFoldingResizesEveryAncestor) {
