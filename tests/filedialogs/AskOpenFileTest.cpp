@@ -37,6 +37,13 @@ protected:
         clip = tree.MakeFile("card/A001.MOV", "frames");
         other = tree.MakeFolder("other");
         otherClip = tree.MakeFile("other/B001.MOV", "frames");
+        AppFrame::Workspace::Install(std::make_shared<fluxworkspace::workspace::Workspace>(mainWindow.get()));
+        player = AppFrame::PlayerControl::Register([this] { ++playersStopped; });
+    }
+    void TearDown() override {
+        AppFrame::PlayerControl::Unregister(player);
+        AppFrame::Workspace::Install(nullptr);
+        HostApp::SetApplicationType(0);
     }
 
     void RememberFolder(const Fnd::WString& folder) {
@@ -59,6 +66,10 @@ protected:
     std::optional<Proj::ScopedBackend> backend;
     std::shared_ptr<ScriptedFileDialog> dialog = std::make_shared<ScriptedFileDialog>();
     const Fnd::WString filter = u"Movies\0*.mov\0Audio\0*.wav"s;
+    boost::intrusive_ptr<fluxui::ui::OS_Window> mainWindow{new fluxui::ui::OS_Window()};
+    boost::intrusive_ptr<fluxui::ui::OS_Window> ownWindow{new fluxui::ui::OS_Window()};
+    int player = 0;
+    int playersStopped = 0;
 };
 
 TEST_F(AskOpenFileTest, ThePathFormReturnsTheChosenFileNormalised) {
@@ -177,26 +188,7 @@ TEST_F(AskOpenFileTest, WithoutPreferencesTheLastUsedFolderCannotBeRead) {
     EXPECT_FALSE(AskMany(paths));
 }
 
-class AskOpenFileWindows : public AskOpenFileTest {
-protected:
-    void SetUp() override {
-        AskOpenFileTest::SetUp();
-        AppFrame::Workspace::Install(std::make_shared<fluxworkspace::workspace::Workspace>(mainWindow.get()));
-        player = AppFrame::PlayerControl::Register([this] { ++playersStopped; });
-    }
-    void TearDown() override {
-        AppFrame::PlayerControl::Unregister(player);
-        AppFrame::Workspace::Install(nullptr);
-        HostApp::SetApplicationType(0);
-    }
-
-    boost::intrusive_ptr<fluxui::ui::OS_Window> mainWindow{new fluxui::ui::OS_Window()};
-    boost::intrusive_ptr<fluxui::ui::OS_Window> ownWindow{new fluxui::ui::OS_Window()};
-    int player = 0;
-    int playersStopped = 0;
-};
-
-TEST_F(AskOpenFileWindows, TheMainWindowIsDisabledWhileTheDialogIsUp) {
+TEST_F(AskOpenFileTest, TheMainWindowIsDisabledWhileTheDialogIsUp) {
     ScopedFileDialogFactory factory(dialog);
     std::optional<bool> enabledDuringShow;
     int stoppedBeforeShow = -1;
@@ -220,7 +212,7 @@ TEST_F(AskOpenFileWindows, TheMainWindowIsDisabledWhileTheDialogIsUp) {
     EXPECT_EQ(fluxui::ui::UI_NodeManager::Get(true).GetInputCapture(), nullptr);
 }
 
-TEST_F(AskOpenFileWindows, TheCallersWindowIsTheParentAndAHostOfKind8KeepsItsWindowsAsTheyAre) {
+TEST_F(AskOpenFileTest, TheCallersWindowIsTheParentAndAHostOfKind8KeepsItsWindowsAsTheyAre) {
     ScopedFileDialogFactory factory(dialog);
     std::optional<bool> ownEnabled, mainEnabled;
     dialog->WhileShown([&] {

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -145,26 +146,20 @@ TEST(SaveDialogOk, CompletesTheNameAsksBeforeReplacingAndRefusesWhatCannotBeSave
         if (c.box == Box::None)
             continue;
         const Fnd::MessageBoxRequest& box = ui->Boxes()[0];
-        switch (c.box) {
-        case Box::Replace:
-            EXPECT_EQ(box.title, u"Confirm File Replacement");
-            EXPECT_EQ(box.text, u"The file \"" + tree.Path("take.mov") +
-                                    u"\" already exists. Are you sure you want to replace it?");
+        const std::map<Box, std::pair<Fnd::WString, Fnd::WString>> seen = {
+            {Box::Replace,
+             {u"Confirm File Replacement",
+              u"The file \"" + tree.Path("take.mov") + u"\" already exists. Are you sure you want to replace it?"}},
+            {Box::InvalidPath, {u"Invalid File Path", u"Invalid File Path"}},
+            {Box::NotWriteable,
+             {u"Veltrix Quillon", u"You do not have write access to this directory. Please choose a new "
+                                  u"location to save the file."}}};
+        EXPECT_EQ(std::pair(box.title, box.text), seen.at(c.box));
+        if (c.box == Box::Replace) {
             EXPECT_EQ(box.buttons, (std::vector<Fnd::WString>{u"Yes", u"No"}));
             EXPECT_EQ(box.defaultButton, kNo);
-            break;
-        case Box::InvalidPath:
-            EXPECT_EQ(box.title, u"Invalid File Path");
-            EXPECT_EQ(box.text, u"Invalid File Path");
-            break;
-        case Box::NotWriteable:
-            EXPECT_EQ(box.title, u"Veltrix Quillon");
-            EXPECT_EQ(box.text, u"You do not have write access to this directory. Please choose a new "
-                                u"location to save the file.");
+        } else {
             EXPECT_EQ(box.buttons.size(), 1u);
-            break;
-        case Box::None:
-            break;
         }
     }
     ::chmod(tree.NativePath("locked").c_str(), 0755);

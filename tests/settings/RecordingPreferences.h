@@ -4,7 +4,6 @@
 // dialog suite keeps its last used folder in it as well.
 #include <map>
 #include <set>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -19,19 +18,6 @@ using namespace IGD;
 // The full key of a controller key given without its common prefix.
 inline std::string K(std::string_view shortKey) {
     return "IGD.IngestDestinationSettingImpl." + std::string(shortKey);
-}
-
-// Full keys of short ones separated by blanks; "A+B" joins two, as a list's keys are joined to
-// its prefix: Ks("Local.Backup.Count Primary.DestPathMRU+PathsMRUCount").
-inline std::vector<std::string> Ks(std::string_view shortKeys) {
-    std::vector<std::string> keys;
-    std::istringstream words{std::string(shortKeys)};
-    for (std::string word; words >> word;) {
-        const auto plus = word.find('+');
-        keys.push_back(plus == std::string::npos ? K(word)
-                                                 : K(word.substr(0, plus)) + K(word.substr(plus + 1)));
-    }
-    return keys;
 }
 
 class RecordingPreferences final : public CountedUnknown<Proj::IPreferences>,

@@ -9,7 +9,7 @@
 #include "HostApp/ApplicationType.h"
 #include "Proj/Backend.h"
 #include "Proj/PreferenceMessages.h"
-#include "QL/IQLPreset.h"
+#include "QL/PresetObject.h"
 #include "settings/IngestSettingsController.h"
 #include "tests/settings/RecordingPreferences.h"
 
@@ -61,25 +61,10 @@ inline std::string BackupList(int index, std::string_view part) {
 }
 
 // A preset known by its name and path.
-class NamedPreset final : public CountedUnknown<QL::IQLPreset> {
-public:
-    static PresetRef Make(Fnd::WString name, Fnd::WString path) {
-        auto* preset = new NamedPreset();
-        preset->name_ = std::move(name);
-        preset->path_ = std::move(path);
-        return PresetRef(preset);
-    }
-    std::uint64_t GetPresetID() const override { return 0; }
-    Fnd::WString GetName(bool) const override { return name_; }
-    void SetName(const Fnd::WString& name) override { name_ = name; }
-    Fnd::InterfaceRef<QL::IQLPreset> ClonePreset(bool) const override { return Make(name_, path_); }
-    bool IsUserPreset() const override { return true; }
-    void SetFields(const QL::PresetFieldList&) override {}
-    QL::PresetFieldList GetFields() const override { return {}; }
-    Fnd::WString GetPath() const override { return path_; }
-
-private:
-    Fnd::WString name_, path_;
-};
+inline PresetRef NamedPreset(const Fnd::WString& name, const Fnd::WString& path) {
+    auto preset = QL::PresetObject::Create(QL::kQLPresetCategoryRename, name);
+    preset->SetPath(path);
+    return PresetRef(preset.get());
+}
 
 } // namespace igd::test

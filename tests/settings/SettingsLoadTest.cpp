@@ -7,9 +7,9 @@ namespace {
 using Op = RecordingPreferences::Op;
 using SettingsLoad = SettingsFixture;
 
-const Keys kPrimaryReads =
-    Ks("Primary.Transcode Primary.TranscodeExporter Primary.TranscodePreset "
-       "Primary.ConcatenatePreset Primary.DestPathMRU+PathsMRUCount Pimary.NeedSubFolder");
+const Keys kPrimaryReads = {K("Primary.Transcode"),         K("Primary.TranscodeExporter"),
+                            K("Primary.TranscodePreset"),   K("Primary.ConcatenatePreset"),
+                            K("Primary.DestPathMRU") + K("PathsMRUCount"), K("Pimary.NeedSubFolder")};
 
 TEST_F(SettingsLoad, AFirstRunRefreshesBeforeEachReadAndGivesOneDisabledPrimary) {
     Put("Local.Backup.Count", std::uint32_t{1});

@@ -66,12 +66,12 @@ TEST_F(SettingsOperations, ANewRenamePresetNameRestartsTheCounterAndTheSameNameK
     controller.SetUserDefAutoIncStartNumber(0);
     EXPECT_EQ(controller.GetUserDefAutoIncStartNumber(), 1u);
     controller.SetUserDefAutoIncStartNumber(9);
-    controller.SetRenamePreset(NamedPreset::Make(u"Dailies", u"/p/Dailies.irp"));
+    controller.SetRenamePreset(NamedPreset(u"Dailies", u"/p/Dailies.irp"));
     EXPECT_EQ(controller.GetUserDefAutoIncStartNumber(), 9u) << "the first preset restarts nothing";
-    controller.SetRenamePreset(NamedPreset::Make(u"Dailies", u"/p/copy/Dailies.irp"));
+    controller.SetRenamePreset(NamedPreset(u"Dailies", u"/p/copy/Dailies.irp"));
     EXPECT_EQ(controller.GetUserDefAutoIncStartNumber(), 9u);
     EXPECT_EQ(controller.GetRenamePresetPath(), u"/p/copy/Dailies.irp");
-    controller.SetRenamePreset(NamedPreset::Make(u"dailies", u"/p/dailies.irp"));
+    controller.SetRenamePreset(NamedPreset(u"dailies", u"/p/dailies.irp"));
     EXPECT_EQ(controller.GetUserDefAutoIncStartNumber(), 1u);
 
     controller.SetUserDefAutoIncStartNumber(5);
@@ -100,8 +100,8 @@ TEST(IngestSettingsControllerInstance, IsMadeOnceForAllThreadsAndOutlivesTermina
     Proj::ScopedBackend backend{preferences->Interface()};
     const auto controller = IngestSettingsController::GetInstance();
     controller->LoadSettings();
-    controller->SetRenamePreset(NamedPreset::Make(u"Dailies", u"/p/Dailies.irp"));
-    controller->SetMetadataPreset(NamedPreset::Make(u"Show", u"/p/Show.imp"));
+    controller->SetRenamePreset(NamedPreset(u"Dailies", u"/p/Dailies.irp"));
+    controller->SetMetadataPreset(NamedPreset(u"Show", u"/p/Show.imp"));
     IngestDialogTerminate();
     EXPECT_EQ(IngestSettingsController::GetInstance(), controller);
     EXPECT_TRUE(controller->GetDestinations().empty());

@@ -44,8 +44,8 @@ TEST_F(SettingsStore, WhatIsStoredLoadsBackTheSame) {
     controller.SetRenameSectionOpened(false);
     controller.SetEnableMetadataTemplate(true);
     controller.SetMetadataApplyScope(1);
-    controller.SetRenamePreset(NamedPreset::Make(u"Dailies", u"/presets/Dailies.irp"));
-    controller.SetMetadataPreset(NamedPreset::Make(u"Show", u"/presets/Show.imp"));
+    controller.SetRenamePreset(NamedPreset(u"Dailies", u"/presets/Dailies.irp"));
+    controller.SetMetadataPreset(NamedPreset(u"Show", u"/presets/Show.imp"));
     controller.SetUserDefAutoIncStartNumber(17);
     DestinationSetting& primary = controller.GetDestinationSetting(0);
     primary.needSubFolder = false;

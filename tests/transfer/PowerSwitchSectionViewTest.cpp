@@ -43,18 +43,14 @@ TEST_F(PowerSwitch, TheProgramSetsThePowerWithoutTellingTheCallbacks) {
     section->SetPowerState(false);
     EXPECT_FALSE(section->GetPowerState());
     EXPECT_EQ(Showing(*section), "on");
-    section->SetPowerState(true);
-    EXPECT_EQ(Showing(*section), "off");
     EXPECT_EQ(calls, 0);
 
-    // A hidden switch shows neither button at any state.
     section->ShowPowerSwitch(false);
     EXPECT_FALSE(section->IsPowerSwitchVisible());
-    EXPECT_EQ(Showing(*section), "none");
-    section->SetPowerState(false);
-    EXPECT_EQ(Showing(*section), "none");
+    section->SetPowerState(true);
+    EXPECT_EQ(Showing(*section), "none") << "a hidden switch shows neither button at any state";
     section->ShowPowerSwitch(true);
-    EXPECT_EQ(Showing(*section), "on");
+    EXPECT_EQ(Showing(*section), "off");
 }
 
 TEST_F(PowerSwitch, AClickSwitchesAndTellsEveryCallbackInOrder) {
@@ -74,12 +70,9 @@ TEST_F(PowerSwitch, AClickSwitchesAndTellsEveryCallbackInOrder) {
 
     // A disabled switch takes no clicks.
     section->SetPowerEnabled(false);
-    EXPECT_FALSE(section->GetPowerOnButton().UI_IsEnabled());
     section->GetPowerOffButton().Press();
     EXPECT_TRUE(section->GetPowerState());
     EXPECT_EQ(heard.size(), 4u);
-    section->SetPowerEnabled(true);
-    EXPECT_TRUE(section->GetPowerOffButton().UI_IsEnabled());
 }
 
 TEST_F(PowerSwitch, AHostedApplicationNeverShowsTheSwitch) {

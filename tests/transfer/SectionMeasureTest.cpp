@@ -33,83 +33,57 @@ protected:
 
 TEST_F(SectionMeasure, AnUntitledSectionIsAPlainBlockThatCannotFold) {
     SectionViewExRef block = Built(u"", "igdTestChild");
-    EXPECT_EQ(block->GetHeaderHeight(), 0.0f);
-    EXPECT_FALSE(block->GetShowBorder());
-    block->ToggleByUser();
-    EXPECT_TRUE(block->GetOpened());
-
-    block->UpdateSectionLayout();
-    // No bottom margin and no border room without a header, whatever the draw policy.
-    EXPECT_EQ(block->GetContentSize(), (PointF{180, 20}));
-    EXPECT_EQ(Placed(block).height, 20.0f);
-    EXPECT_EQ(block->GetSectionSize(), (PointF{180, 20}));
-
     SectionViewExRef titled = Built(u"Verify", "igdTestChild");
+    block->UpdateSectionLayout();
     titled->UpdateSectionLayout();
+    // No header, no border and no bottom margin, whatever the draw policy.
+    EXPECT_FALSE(block->GetShowBorder());
+    EXPECT_EQ(block->GetSectionSize(), (PointF{180, 20}));
     EXPECT_EQ(titled->GetContentSize(), (PointF{180, 25}));
+    block->ToggleByUser();
     titled->ToggleByUser();
+    EXPECT_TRUE(block->GetOpened());
     EXPECT_FALSE(titled->GetOpened());
 }
 
-TEST_F(SectionMeasure, ChildrenStackBelowTheContentWithSpacingBetween) {
+TEST_F(SectionMeasure, ChildrenStackBelowTheContentAndFoldingResizesEveryAncestor) {
     SectionViewExRef parent = Make<SectionViewEx>(u"", "igdTestParent");
     parent->SetChildSpacing(4);
     SectionViewExRef a = Make<SectionViewEx>(u"A", "igdTestChild");
     SectionViewExRef b = Make<SectionViewEx>(u"B", "igdTestChild");
+    SectionViewExRef leaf = Make<SectionViewEx>(u"Leaf", "igdTestTall");
     parent->InsertChildSection(a);
     parent->InsertChildSection(b);
+    b->InsertChildSection(leaf);
     wrangler::ui::BuildSectionTree(*parent, resources, nullptr);
 
-    // Each child: its content, one unit of border each side, and its header.
-    EXPECT_EQ(a->GetSectionSize(), (PointF{182, 44}));
-    EXPECT_EQ(parent->GetContentSize(), (PointF{200, 30 + 4 + 44 + 4 + 44}));
-    EXPECT_EQ(Placed(parent), (RectF{0, 0, 200, 126}));
-    EXPECT_EQ(parent->GetLayoutContentView()->UI_GetLocalRectF(true), (RectF{0, 0, 200, 30}));
-    EXPECT_EQ(Placed(a), (RectF{0, 34, 200, 44}));
-    EXPECT_EQ(Placed(b), (RectF{0, 82, 200, 44}));
-    // A child's own layout view follows the width it was given.
-    EXPECT_EQ(a->GetLayoutContentView()->UI_GetLocalRectF().width, 200.0f);
+    // A child: its content and its header; B adds the leaf and a bottom margin of 5.
+    const float aHeight = 20 + kHeader;
+    const float bHeight = 20 + (40 + kHeader) + 5 + kHeader;
+    EXPECT_EQ(a->GetSectionSize(), (PointF{182, aHeight})) << "one unit of border each side";
+    EXPECT_EQ(Placed(a), (RectF{0, 34, 200, aHeight}));
+    EXPECT_EQ(Placed(b), (RectF{0, 34 + aHeight + 4, 200, bHeight}));
+    EXPECT_EQ(Placed(parent).height, 30 + 4 + aHeight + 4 + bHeight);
+    EXPECT_EQ(a->GetLayoutContentView()->UI_GetLocalRectF().width, 200.0f) << "follows the width given";
 
-    // A hidden child takes neither room nor spacing.
     a->UI_Hide(true);
     parent->UpdateSectionLayout();
-    EXPECT_EQ(parent->GetContentSize().y, 30 + 4 + 44);
-    EXPECT_EQ(Placed(b).top, 34.0f);
-
-    // A closed child takes its header alone.
+    EXPECT_EQ(Placed(b).top, 34.0f) << "a hidden child takes neither room nor spacing";
     a->UI_Show(true);
     a->SetOpened(false);
-    EXPECT_EQ(Placed(a), (RectF{0, 34, 200, kHeader}));
+    EXPECT_EQ(Placed(a).height, kHeader);
     EXPECT_EQ(Placed(b).top, 34 + kHeader + 4);
-    EXPECT_EQ(Placed(parent).height, 30 + 4 + kHeader + 4 + 44);
-}
-
-TEST_F(SectionMeasure, FoldingAChildResizesEveryAncestor) {
-    SectionViewExRef root = Make<SectionViewEx>(u"", "");
-    SectionViewExRef middle = Make<SectionViewEx>(u"Middle", "igdTestChild");
-    SectionViewExRef leaf = Make<SectionViewEx>(u"Leaf", "igdTestTall");
-    root->InsertChildSection(middle);
-    middle->InsertChildSection(leaf);
-    wrangler::ui::BuildSectionTree(*root, resources, nullptr);
-
-    // Middle: its content 20, the leaf 40 + header, the bottom margin 5, its own header.
-    const float openHeight = 20 + (40 + kHeader) + 5 + kHeader;
-    EXPECT_EQ(Placed(middle).height, openHeight);
-    EXPECT_EQ(Placed(root).height, openHeight);
 
     leaf->SetOpened(false);
-    EXPECT_EQ(Placed(leaf).height, kHeader);
-    EXPECT_EQ(Placed(middle).height, openHeight - 40);
-    EXPECT_EQ(Placed(root).height, openHeight - 40);
-
-    middle->SetOpened(false);
-    EXPECT_EQ(Placed(middle).height, kHeader);
-    EXPECT_EQ(Placed(root).height, kHeader);
-    EXPECT_FALSE(middle->GetContentView().UI_IsShown());
-
-    middle->SetOpened(true);
+    EXPECT_EQ(Placed(b).height, bHeight - 40);
+    EXPECT_EQ(Placed(parent).height, 30 + 4 + kHeader + 4 + bHeight - 40);
+    b->SetOpened(false);
+    EXPECT_FALSE(b->GetContentView().UI_IsShown());
+    EXPECT_EQ(Placed(parent).height, 30 + 4 + kHeader + 4 + kHeader);
+    b->SetOpened(true);
     leaf->SetOpened(true);
-    EXPECT_EQ(Placed(root).height, openHeight);
+    a->SetOpened(true);
+    EXPECT_EQ(Placed(parent).height, 30 + 4 + aHeight + 4 + bHeight);
 }
 
 } // namespace

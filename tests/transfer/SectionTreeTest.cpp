@@ -1,9 +1,8 @@
-// The protocol run over a tree, binding controls, and a tree inside a scroll view.
+// The protocol run over a tree, and binding controls.
 #include <gtest/gtest.h>
 
 #include "fluxcore/ConfigError.h"
 #include "fluxui/controls/UI_Checkbox.h"
-#include "fluxui/controls/UI_ScrollView.h"
 #include "fluxui/controls/UI_StaticText.h"
 #include "tests/transfer/SectionTestSupport.h"
 #include "transfer/SectionTree.h"
@@ -17,13 +16,19 @@ using wrangler::ui::SectionViewEx;
 using wrangler::ui::SectionViewExRef;
 using Journal = std::vector<std::string>;
 
-// A section that makes its children as the protocol says a section does: in CreateChildSections.
+// Makes its children as the protocol says a section does, in CreateChildSections, and notes the
+// parent it hangs under while binding.
 class ParentSection : public RecordingSection {
 public:
-    ParentSection(std::string name, Journal& journal, std::vector<SectionViewExRef> toCreate)
+    ParentSection(std::string name, Journal& journal, std::vector<SectionViewExRef> toCreate = {})
         : RecordingSection(std::move(name), journal), toCreate_(std::move(toCreate)) {}
+    SectionViewEx* parentAtBind = nullptr;
 
 protected:
+    void BindControls() override {
+        RecordingSection::BindControls();
+        parentAtBind = GetParentSection();
+    }
     void CreateChildSections() override {
         RecordingSection::CreateChildSections();
         for (const SectionViewExRef& child : toCreate_)
@@ -33,25 +38,13 @@ protected:
 private:
     std::vector<SectionViewExRef> toCreate_;
 };
-
-// Checks, while binding, that the parent it will hang under is there already.
-class ChildSection : public ParentSection {
-public:
-    using ParentSection::ParentSection;
-    SectionViewEx* parentAtBind = nullptr;
-
-protected:
-    void BindControls() override {
-        ParentSection::BindControls();
-        parentAtBind = GetParentSection();
-    }
-};
+using ChildSection = ParentSection;
 
 TEST(SectionTree, RunsTheProtocolDepthFirstInItsOrder) {
     Journal journal;
-    auto grandchild = Make<ChildSection>("G", journal, std::vector<SectionViewExRef>{});
+    auto grandchild = Make<ChildSection>("G", journal);
     auto first = Make<ChildSection>("C1", journal, std::vector<SectionViewExRef>{grandchild});
-    auto second = Make<ChildSection>("C2", journal, std::vector<SectionViewExRef>{});
+    auto second = Make<ChildSection>("C2", journal);
     second->UI_Show(false);
     auto root = Make<ParentSection>("P", journal, std::vector<SectionViewExRef>{first, second});
     TestResources resources;
@@ -70,7 +63,7 @@ TEST(SectionTree, RunsTheProtocolDepthFirstInItsOrder) {
 
 TEST(SectionTree, BuildingAgainDoesNothing) {
     Journal journal;
-    auto child = Make<ChildSection>("C", journal, std::vector<SectionViewExRef>{});
+    auto child = Make<ChildSection>("C", journal);
     auto root = Make<ParentSection>("P", journal, std::vector<SectionViewExRef>{child});
     TestResources resources;
     wrangler::ui::BuildSectionTree(*root, resources, nullptr);
@@ -80,7 +73,7 @@ TEST(SectionTree, BuildingAgainDoesNothing) {
     EXPECT_EQ(root->GetChildSections().size(), 1u);
 
     // A section added later is built alone; building the tree again leaves it be.
-    auto late = Make<ChildSection>("L", journal, std::vector<SectionViewExRef>{});
+    auto late = Make<ChildSection>("L", journal);
     root->InsertChildSection(late);
     wrangler::ui::BuildSectionTree(*late, resources, nullptr);
     EXPECT_EQ(journal, (Journal{"L.Bind", "L.Wire", "L.Create", "L.ChildrenBuilt"}));
@@ -201,45 +194,6 @@ TEST(SectionCustomControls, TheLayoutAsksTheSectionForItsCustomClasses) {
     EXPECT_EQ(section->asked, (std::vector<Fnd::WString>{u"Hinted", u"Other"}));
     EXPECT_EQ(section->FindControl("Mine").get(), section->made.get());
     EXPECT_NE(dynamic_cast<UI_StaticText*>(section->FindControl("Plain").get()), nullptr);
-}
-
-TEST(SectionTree, ATreeInAScrollViewFoldsAndTheRangeFollows) {
-    TestResources resources;
-    resources.AddLayout("igdTestBlock", 200, 40);
-    auto root = Make<SectionViewEx>(u"", "");
-    root->SetChildSpacing(2);
-    std::vector<SectionViewExRef> blocks;
-    for (const char16_t* title : {u"Transfer", u"Verify", u"Rename", u"Metadata"}) {
-        blocks.push_back(Make<SectionViewEx>(title, "igdTestBlock"));
-        root->InsertChildSection(blocks.back());
-    }
-    auto scroll = Make<fluxui::controls::UI_ScrollView>(0u, root);
-    scroll->UI_SetLocalRectF({0, 0, 220, 150});
-    root->UI_InstallSizeChangedNotifyFunction([&](const fluxcore::geom::RectF&) { scroll->Update(); });
-    wrangler::ui::BuildSectionTree(*root, resources, nullptr);
-
-    const float open = 40 + fluxui::controls::UI_SectionView::kDefaultHeaderHeight;
-    const float closed = fluxui::controls::UI_SectionView::kDefaultHeaderHeight;
-    EXPECT_EQ(root->UI_GetLocalRectF().height, 4 * open + 3 * 2);
-    EXPECT_EQ(scroll->GetScrollBarY().GetMaximum(), 4 * open + 6 - 150);
-    EXPECT_TRUE(scroll->GetScrollBarY().UI_IsShown());
-
-    scroll->ScrollTo(1000);
-    EXPECT_EQ(scroll->GetScrollY(), 4 * open + 6 - 150);
-    blocks[0]->SetOpened(false);
-    EXPECT_EQ(scroll->GetScrollBarY().GetMaximum(), closed + 3 * open + 6 - 150);
-    // The view stays in range: the content's bottom meets the view's.
-    EXPECT_EQ(scroll->GetScrollY(), closed + 3 * open + 6 - 150);
-    EXPECT_EQ(scroll->GetContentRectF().Bottom(), 150.0f);
-
-    for (const SectionViewExRef& block : blocks)
-        block->SetOpened(false);
-    EXPECT_EQ(root->UI_GetLocalRectF().height, 4 * closed + 6);
-    EXPECT_FALSE(scroll->GetScrollBarY().UI_IsShown());
-    EXPECT_EQ(scroll->GetContentRectF().top, 0.0f);
-
-    blocks[3]->SetOpened(true);
-    EXPECT_EQ(blocks[3]->UI_GetLocalRectF(true), (fluxcore::geom::RectF{0, 3 * closed + 6, 202, open}));
 }
 
 } // namespace

@@ -21,6 +21,14 @@ using igd::qt::NodePresenter;
 class ContainerViewTest : public ::testing::Test {
 protected:
     void SetUp() override { EnsureQtApplication(); }
+    // Drags the splitter's divider from one point to another, as the mouse does.
+    static void Drag(QWidget* widget, QPoint from, QPoint to) {
+        QTest::mousePress(widget, Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, QPointF(to), widget->mapToGlobal(QPointF(to)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(widget, &move);
+        QTest::mouseRelease(widget, Qt::LeftButton, {}, to);
+    }
 };
 
 TEST_F(ContainerViewTest, AClickOnTheHeaderFoldsTheSection) {
@@ -63,21 +71,13 @@ TEST_F(ContainerViewTest, DraggingTheDividerSplitsAsTheModelAllows) {
     QWidget* widget = presenter.WidgetFor(*splitter);
     ASSERT_EQ(presenter.WidgetFor(*left)->width(), 200);
 
-    QTest::mousePress(widget, Qt::LeftButton, {}, QPoint(202, 50));
-    QMouseEvent move(QEvent::MouseMove, QPointF(302, 50), widget->mapToGlobal(QPointF(302, 50)), Qt::NoButton,
-                     Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(widget, &move);
-    QTest::mouseRelease(widget, Qt::LeftButton, {}, QPoint(302, 50));
+    Drag(widget, {202, 50}, {302, 50});
     EXPECT_FLOAT_EQ(splitter->GetSplitPercentage(), 75.0f);
     EXPECT_EQ(presenter.WidgetFor(*left)->width(), 300);
     EXPECT_EQ(presenter.WidgetFor(*right)->x(), 306);
 
     // The validation function holds the first view at a quarter at least.
-    QTest::mousePress(widget, Qt::LeftButton, {}, QPoint(302, 50));
-    QMouseEvent far(QEvent::MouseMove, QPointF(10, 50), widget->mapToGlobal(QPointF(10, 50)), Qt::NoButton,
-                    Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(widget, &far);
-    QTest::mouseRelease(widget, Qt::LeftButton, {}, QPoint(10, 50));
+    Drag(widget, {302, 50}, {10, 50});
     EXPECT_FLOAT_EQ(splitter->GetSplitPercentage(), 25.0f);
     EXPECT_EQ(presenter.WidgetFor(*left)->width(), 100);
 }

@@ -93,13 +93,13 @@ TEST(LayoutScreenshotTest, ASectionStackFoldsAndScrolls) {
     auto& second = dynamic_cast<fluxui::controls::UI_SectionView&>(**std::next(stack.ChildBegin()));
     QWidget* secondWidget = presenter.WidgetFor(second);
     const int secondTop = secondWidget->y();
+    scroll.ScrollTo(1e6f);
     first.ToggleByUser();
     EXPECT_FALSE(first.GetOpened());
     EXPECT_LT(secondWidget->y(), secondTop) << "the sections below move up";
     EXPECT_EQ(secondWidget->y(), static_cast<int>(first.GetHeaderHeight()));
     EXPECT_LT(scroll.GetContentRectF().height, tall);
-
-    scroll.ScrollTo(1e6f);
+    EXPECT_EQ(scroll.GetContentRectF().Bottom(), 200.0f) << "scrolled to the end, the view stays in range";
     const int scrolledTo = static_cast<int>(-scroll.GetContentRectF().top + 0.5f);
     EXPECT_GT(scrolledTo, 0);
     EXPECT_EQ(presenter.WidgetFor(stack)->y(), -scrolledTo);

@@ -42,7 +42,9 @@ protected:
     std::unique_ptr<NodePresenter> presenter_;
 };
 
-TEST_F(NodeStateTest, GeometryIsTheNodesRectInItsParent) {
+TEST_F(NodeStateTest, GeometryIsTheNodesRectInItsParentAndTheTooltipFollows) {
+    box_->UI_SetToolTip(u"Copy every clip to a second place");
+    EXPECT_EQ(W(*box_)->toolTip(), QStringLiteral("Copy every clip to a second place"));
     EXPECT_EQ(presenter_->RootWidget()->size(), QSize(300, 120));
     EXPECT_EQ(W(*group_)->geometry(), QRect(10, 10, 280, 60));
     EXPECT_EQ(W(*box_)->geometry(), QRect(5, 5, 120, 20));
@@ -83,11 +85,6 @@ TEST_F(NodeStateTest, EnabledStateFollowsTheNodeAndItsAncestors) {
     group_->UI_SetDisabled(false);
     EXPECT_TRUE(W(*group_)->isEnabled());
     EXPECT_FALSE(W(*box_)->isEnabled());
-}
-
-TEST_F(NodeStateTest, TooltipFollowsTheNode) {
-    box_->UI_SetToolTip(u"Copy every clip to a second place");
-    EXPECT_EQ(W(*box_)->toolTip(), QStringLiteral("Copy every clip to a second place"));
 }
 
 TEST_F(NodeStateTest, ChildrenAddedAndRemovedLaterAreShownAndDropped) {

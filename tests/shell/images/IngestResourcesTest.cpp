@@ -44,44 +44,23 @@ protected:
     }
 };
 
-TEST_F(IngestResourcesTest, ASecondCreateKeepsTheFirstObjectAndItsWorkspace) {
+TEST_F(IngestResourcesTest, TheFirstCreateWinsUntilReleaseAndTheHostsSupplierComesFirst) {
+    EXPECT_EQ(IngestResources::GetDrawSupplier(), nullptr);
+    IngestResources::Create(nullptr);
+    EXPECT_EQ(IngestResources::GetDrawSupplier(), nullptr);
+    IGD::ReleaseIngestResHandlers(); // the library's export releases it
+    EXPECT_EQ(IngestResources::Instance(), nullptr);
+    EXPECT_THROW(IngestResources::GetResourceManager(), Fnd::NullInterfaceException);
+    IngestResources::Release(); // a second release does nothing
+
     TestWorkspace embedded;
     IngestResources::Create(&embedded); // as the embedded view does
     IngestResources* first = IngestResources::Instance();
-    ASSERT_NE(first, nullptr);
     IngestResources::Create(nullptr); // as the dialog does afterwards
     EXPECT_EQ(IngestResources::Instance(), first);
     EXPECT_EQ(first->GetWorkspace(), &embedded);
     EXPECT_EQ(first->GetImageProvider().GetDrawSupplier(), &embedded.supplier);
-}
-
-TEST_F(IngestResourcesTest, ReleaseDestroysAndAllowsANewStart) {
-    IngestResources::Create(nullptr);
-    IngestResources::Release();
-    EXPECT_EQ(IngestResources::Instance(), nullptr);
-    EXPECT_THROW(IngestResources::GetResourceManager(), Fnd::NullInterfaceException);
-    IngestResources::Release(); // a second release does nothing
-    // The library's export releases it as well.
-    IngestResources::Create(nullptr);
-    IGD::ReleaseIngestResHandlers();
-    EXPECT_EQ(IngestResources::Instance(), nullptr);
-    IGD::ReleaseIngestResHandlers();
-
-    TestWorkspace workspace;
-    IngestResources::Create(&workspace);
-    EXPECT_EQ(IngestResources::Instance()->GetWorkspace(), &workspace);
-}
-
-TEST_F(IngestResourcesTest, TheDrawSupplierIsTheHostsThenTheSingletonsThenNone) {
-    EXPECT_EQ(IngestResources::GetDrawSupplier(), nullptr);
-    IngestResources::Create(nullptr);
-    EXPECT_EQ(IngestResources::GetDrawSupplier(), nullptr);
-    IngestResources::Release();
-
-    TestWorkspace embedded;
-    IngestResources::Create(&embedded);
     EXPECT_EQ(IngestResources::GetDrawSupplier(), &embedded.supplier);
-
     auto host = std::make_shared<TestWorkspace>();
     AppFrame::Workspace::Install(host);
     EXPECT_EQ(IngestResources::GetDrawSupplier(), &host->supplier);
@@ -119,22 +98,18 @@ TEST_F(IngestResourcesTest, APictureButtonGetsItsDecalThroughTheSupplyFunction) 
     EXPECT_EQ(button.GetPicture(PictureState::Normal), "DELETE_WI_N_D");
 }
 
-TEST_F(IngestResourcesTest, AfterReleaseAPictureRequestGetsNothingAndDoesNotFail) {
-    IngestResources::Create(nullptr);
-    auto supply = IngestResources::ImageSupplyFunction(0);
-    IngestResources::Release();
-    UI_PictureSupplyMessage message;
-    (*supply)(message);
-    EXPECT_FALSE(message.HasImage());
-}
-
-TEST_F(IngestResourcesTest, AnIndexOutsideTheTableIsAFault) {
+TEST_F(IngestResourcesTest, AnIndexOutsideTheTableIsAFaultAndARequestAfterReleaseGetsNothing) {
     IngestResources::Create(nullptr);
     EXPECT_THROW(IngestResources::ImageSupplyFunction(10), std::out_of_range);
     EXPECT_THROW(IngestResources::ImageSupplyFunction(-1), std::out_of_range);
     UI_PictureSupplyMessage message;
     EXPECT_THROW(IngestResources::SupplyImage(10, message), std::out_of_range);
     EXPECT_THROW(IngestResources::Instance()->GetDecalName(10), std::out_of_range);
+
+    auto supply = IngestResources::ImageSupplyFunction(0);
+    IngestResources::Release();
+    (*supply)(message);
+    EXPECT_FALSE(message.HasImage()) << "after release a request gets nothing and does not fail";
 }
 
 } // namespace

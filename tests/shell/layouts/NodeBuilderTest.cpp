@@ -60,12 +60,13 @@ TEST_F(NodeBuilder, AnAddedResourceTakesThePlaceOfTheStoredOne) {
     EXPECT_FALSE(Load(""));
 }
 
-TEST_F(NodeBuilder, BuildsChildrenInOrderWithTheirProperties) {
+TEST_F(NodeBuilder, BuildsChildrenInOrderWithTheirPropertiesAndTheFirstOfARepeatedId) {
     resources.AddResource("XML", "igdTwo",
                           Archive(SubView("", {Checkbox("First", "($$$/Test/First=One)"),
-                                               Checkbox("Second", "plain", Pair("visible", "<false/>"))})));
+                                               Checkbox("Second", "plain", Pair("visible", "<false/>")),
+                                               Checkbox("First", "a repeated id: the first wins")})));
     const UI_NodeRef root = Load("igdTwo");
-    ASSERT_EQ(root->ChildCount(), 2u);
+    ASSERT_EQ(root->ChildCount(), 3u);
     EXPECT_EQ(root->UI_GetNodeID(), "UI_SubView"); // the default id
     EXPECT_EQ((*root->ChildBegin())->UI_GetNodeID(), "First");
     auto* first = dynamic_cast<fluxui::controls::UI_Checkbox*>(controls.at("First").get());
@@ -76,15 +77,6 @@ TEST_F(NodeBuilder, BuildsChildrenInOrderWithTheirProperties) {
     EXPECT_TRUE(first->UI_IsShown());
     EXPECT_FALSE(second->UI_IsShown());
     EXPECT_EQ(first->UI_GetParentNode(), root.get());
-}
-
-TEST_F(NodeBuilder, TheFirstOfARepeatedIdWins) {
-    resources.AddResource("XML", "igdTwice",
-                          Archive(SubView("", {Checkbox("Same", "a"), Checkbox("Same", "b")})));
-    Load("igdTwice");
-    auto* found = dynamic_cast<fluxui::controls::UI_Checkbox*>(controls.at("Same").get());
-    ASSERT_TRUE(found);
-    EXPECT_EQ(found->GetText(), u"a");
 }
 
 TEST_F(NodeBuilder, OffersAClassNameToTheFactoryAndUsesItsAnswer) {
