@@ -12,7 +12,7 @@
 
 namespace igd::test {
 
-PlanTest::PlanTest() {
+PlanTest::PlanTest() : settings(*IGD::IngestSettingsController::GetInstance()) {
     ResetGlobalState();
     tree.MakeFolder("src");
 }
@@ -29,6 +29,7 @@ void PlanTest::ResetGlobalState() {
     IGD::SetIngestCopyOutputFileNameCallback({});
     fluxcore::config::UsageLogger::Set(nullptr);
     Fnd::GetDefaultQueue().Drain();
+    IGD::IngestSettingsController::GetInstance()->ResetToDefaults();
 }
 
 IGD::IngestDialogDataRef PlanTest::NewSession() {

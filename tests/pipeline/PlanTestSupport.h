@@ -1,6 +1,6 @@
 #pragma once
 // What the tests of the plan share: a fixture that owns every piece of global state the plan
-// reads (task service, interaction driver, host kind, document manager, callbacks, usage logger,
+// reads (settings, task service, interaction driver, host kind, document manager, callbacks, usage logger,
 // posted messages) and resets it, builders for sessions, and short views of the records so that
 // one comparison shows a whole unit and a failure shows what differs.
 #include <gtest/gtest.h>
@@ -23,6 +23,7 @@
 #include "support/RecordingTaskService.h"
 #include "support/ScriptedInteractionDriver.h"
 #include "support/TempTree.h"
+#include "settings/IngestSettingsController.h"
 
 namespace igd::test {
 
@@ -63,6 +64,21 @@ protected:
 
     // Metadata template values and panel answers, as the finish handler would set them.
     static QL::IngestCustomData CustomDataWithMetadata();
+
+    // Each box shown from the first'th on, as "title: text".
+    Strings BoxTexts(std::size_t first = 0) const {
+        Strings texts;
+        for (std::size_t i = first; i < ui->Boxes().size(); ++i)
+            texts.push_back(Fnd::ToUTF8(ui->Boxes()[i].title + u": " + ui->Boxes()[i].text));
+        return texts;
+    }
+
+    static Strings OutputNames(const IGD::IIngestDialogData& session) {
+        Strings names;
+        for (const auto& item : session.GetSelectedItems())
+            names.push_back(Fnd::ToUTF8(item->GetOutputName()));
+        return names;
+    }
 
     KindList Kinds() const {
         KindList kinds;
@@ -121,6 +137,8 @@ protected:
         return {item.inPoint, item.outPoint, item.frameRate};
     }
 
+    // The process-wide settings, back at their defaults for every test.
+    IGD::IngestSettingsController& settings;
     ScopedTaskService tasks;
     ScopedInteractionDriver ui;
     TempTree tree;

@@ -11,8 +11,6 @@
 #include <vector>
 
 #include "tests/pipeline/PlanTestSupport.h"
-#include "QL/PresetFieldFactory.h"
-#include "QL/PresetObject.h"
 #include "fluxcore/ApplicationName.h"
 #include "fluxmetadata/DynamicSchema.h"
 #include "pipeline/apply/ApplyFlags.h"
@@ -23,7 +21,6 @@
 #include "pipeline/naming/OutputNames.h"
 #include "pipeline/naming/RenameSampleText.h"
 #include "pipeline/session/IngestDialogData.h"
-#include "settings/IngestSettingsController.h"
 #include "support/PresetFields.h"
 
 namespace igd::test {
@@ -41,24 +38,44 @@ Fnd::InterfaceRef<QL::IQLPresetField> Metadata(std::u16string_view key, std::u16
     return Field(QL::kQLFieldMetadata, value, key, required);
 }
 
-PresetRef Preset(QL::_QLPresetCategory category, const Fields& fields, std::u16string_view name = u"Template") {
-    return PresetRef(QL::PresetObject::Create(category, Fnd::WString(name), fields).get());
-}
-
 PresetRef Template(const Fields& fields) {
     return Preset(QL::kQLPresetCategoryRename, fields, u"Names");
 }
 
-// The session and the controller's switches as the dialog leaves them before an ingest.
-class TemplateCheckTest : public PlanTest {
+// 2024-03-05 14:30:59 UTC.
+constexpr Fnd::Date kIngestDate{1709649059};
+
+// The session and the controller's switches as the dialog leaves them before an ingest. Names are
+// checked in UTC so that the expected texts hold on any station.
+class TemplateTest : public PlanTest {
 protected:
-    TemplateCheckTest() : settings_(*IGD::IngestSettingsController::GetInstance()) {
-        settings_.ResetToDefaults();
+    TemplateTest() {
         // Stop boxes carry the host's name.
         fluxcore::config::SetApplicationName(u"Kiln Studio");
-        session_ = NewSession();
+        if (const char* zone = getenv("TZ"))
+            savedZone_ = zone;
+        setenv("TZ", "UTC", 1);
+        tzset();
     }
-    ~TemplateCheckTest() override { settings_.ResetToDefaults(); }
+    ~TemplateTest() override {
+        if (savedZone_)
+            setenv("TZ", savedZone_->c_str(), 1);
+        else
+            unsetenv("TZ");
+        tzset();
+    }
+
+    // The one call of the naming step, at the fixed ingest date.
+    void Name(IGD::IIngestDialogData& session) const {
+        IGD::GenerateOutputNames(session, kIngestDate, startNumber_);
+    }
+    IGD::IngestDialogDataRef NamedSession(const QL::PresetFieldList& fields,
+                                          std::initializer_list<std::string_view> clips) {
+        auto session = SessionWithClips(clips);
+        session->SetRenamePreset(Template(fields));
+        Name(*session);
+        return session;
+    }
 
     // Each box shown from the first'th on, as "title: text [buttons]".
     std::vector<std::string> BoxesFrom(std::size_t first) const {
@@ -81,12 +98,12 @@ protected:
             const std::size_t first = ui->Boxes().size();
             const PresetRef preset = row.hasPreset ? Preset(category, row.fields) : nullptr;
             if (rename) {
-                settings_.SetEnableRenameTemplate(true);
-                settings_.SetRenameEditMode(row.editMode);
+                settings.SetEnableRenameTemplate(true);
+                settings.SetRenameEditMode(row.editMode);
                 session_->SetRenamePreset(preset);
             } else {
-                settings_.SetEnableMetadataTemplate(true);
-                settings_.SetMetadataEditMode(row.editMode);
+                settings.SetEnableMetadataTemplate(true);
+                settings.SetMetadataEditMode(row.editMode);
                 session_->SetMetadataPreset(preset);
             }
             for (int answer : row.answers)
@@ -100,8 +117,11 @@ protected:
         }
     }
 
-    IGD::IngestSettingsController& settings_;
-    IGD::IngestDialogDataRef session_;
+    IGD::IngestDialogDataRef session_ = NewSession();
+    std::uint32_t startNumber_ = 1;
+
+private:
+    std::optional<std::string> savedZone_;
 };
 
 const std::string kEmptyRenameQuestion =
@@ -122,46 +142,34 @@ struct TemplateCase {
 };
 
 // Rows of the rename check, all with the template switched on.
+// clang-format off
 const std::vector<TemplateCase>& RenameCases() {
     static const std::vector<TemplateCase> cases{
-        {"edit mode refuses before the preset is looked at",
-         true,
-         false,
-         {},
-         {0},
-         false,
+        {"edit mode refuses before the preset is looked at", true, false, {}, {0}, false,
          {"Kiln Studio: Please save your rename preset before continuing. [OK]"}},
         {"no preset, and the user goes on", false, false, {}, {0}, true, {kEmptyRenameQuestion}},
         {"no preset, and the user stops", false, false, {}, {1}, false, {kEmptyRenameQuestion}},
         {"a preset without fields asks the same", false, true, {}, {1}, false, {kEmptyRenameQuestion}},
         {"an empty text field alone has no effect", false, true, {Text(u"")}, {0}, false, {kNoEffect}},
         {"a text field of dots makes no name", false, true, {Text(u"."), Text(u"")}, {0}, false, {kNoEffect}},
-        {"a date field with an empty text field passes",
-         false,
-         true,
-         {Field(QL::kQLFieldCreationDate), Text(u"")},
-         {},
-         true,
-         {}},
+        {"a date field with an empty text field passes", false, true,
+         {Field(QL::kQLFieldCreationDate), Text(u"")}, {}, true, {}},
         {"a usable text field passes", false, true, {Text(u""), Text(u"Day 1")}, {}, true, {}},
-        {"an illegal character refuses, even after a field with effect",
-         false,
-         true,
-         {Field(QL::kQLFieldFileName), Text(u"Scene:1")},
-         {0},
-         false,
+        {"an illegal character refuses, even after a field with effect", false, true,
+         {Field(QL::kQLFieldFileName), Text(u"Scene:1")}, {0}, false,
          {"Kiln Studio: Cannot proceed with the current Rename preset.\n\nA text field in Rename preset cannot "
           "contain any of the following characters:\n\\ / : * ? \" < > | [OK]"}},
     };
     return cases;
 }
+// clang-format on
 
-TEST_F(TemplateCheckTest, RenameTemplateRows) {
+TEST_F(TemplateTest, RenameTemplateRows) {
     RunRows(QL::kQLPresetCategoryRename, RenameCases());
 }
 
-TEST_F(TemplateCheckTest, TheEmptyPresetQuestionDefaultsToGoingOn) {
-    settings_.SetEnableRenameTemplate(true);
+TEST_F(TemplateTest, TheEmptyPresetQuestionDefaultsToGoingOn) {
+    settings.SetEnableRenameTemplate(true);
     ui->QueueBoxAnswer(0);
     EXPECT_TRUE(IGD::CheckRenameTemplate(*session_, nullptr));
     ASSERT_EQ(ui->Boxes().size(), 1u);
@@ -169,8 +177,8 @@ TEST_F(TemplateCheckTest, TheEmptyPresetQuestionDefaultsToGoingOn) {
     EXPECT_EQ(ui->Boxes()[0].icon, Fnd::BoxIcon::Question);
 }
 
-TEST_F(TemplateCheckTest, ARefusedRenamePresetIsLeftAsTheUserWroteIt) {
-    settings_.SetEnableRenameTemplate(true);
+TEST_F(TemplateTest, ARefusedRenamePresetIsLeftAsTheUserWroteIt) {
+    settings.SetEnableRenameTemplate(true);
     const PresetRef preset = Preset(QL::kQLPresetCategoryRename, {Text(u"A/B")});
     session_->SetRenamePreset(preset);
     ui->QueueBoxAnswer(0);
@@ -181,9 +189,9 @@ TEST_F(TemplateCheckTest, ARefusedRenamePresetIsLeftAsTheUserWroteIt) {
 }
 
 // Off means off: neither the edit flag nor an empty or broken preset matters then.
-TEST_F(TemplateCheckTest, SwitchedOffTemplatesPassWithoutLookingAtThem) {
-    settings_.SetRenameEditMode(true);
-    settings_.SetMetadataEditMode(true);
+TEST_F(TemplateTest, SwitchedOffTemplatesPassWithoutLookingAtThem) {
+    settings.SetRenameEditMode(true);
+    settings.SetMetadataEditMode(true);
     session_->SetRenameEnabled(true);
     session_->SetMetadataEnabled(true);
     session_->SetRenamePreset(Preset(QL::kQLPresetCategoryRename, {Text(u"a:b")}));
@@ -194,42 +202,24 @@ TEST_F(TemplateCheckTest, SwitchedOffTemplatesPassWithoutLookingAtThem) {
     EXPECT_TRUE(ui->Boxes().empty());
 }
 
+// clang-format off
 const std::vector<TemplateCase>& MetadataCases() {
     static const std::vector<TemplateCase> cases{
-        {"edit mode refuses",
-         true,
-         true,
-         {Metadata(u"scene", u"1", true)},
-         {0},
-         false,
+        {"edit mode refuses", true, true, {Metadata(u"scene", u"1", true)}, {0}, false,
          {"Kiln Studio: Please save your metadata preset before continuing. [OK]"}},
         {"no preset, and the user goes on", false, false, {}, {0}, true, {kEmptyMetadataQuestion}},
-        {"a preset without fields, and the user stops",
-         false,
-         true,
-         {},
-         {1},
-         false,
-         {kEmptyMetadataQuestion}},
-        {"the first empty required field is named",
-         false,
-         true,
-         {Metadata(u"take", u"", false), Metadata(u"scene", u"", true), Metadata(u"shot", u"", true)},
-         {0},
-         false,
-         {"Kiln Studio: Required field scene is empty. [OK]"}},
-        {"required fields with values and optional empty ones pass",
-         false,
-         true,
-         {Metadata(u"scene", u"12", true), Metadata(u"take", u"", false)},
-         {},
-         true,
-         {}},
+        {"a preset without fields, and the user stops", false, true, {}, {1}, false, {kEmptyMetadataQuestion}},
+        {"the first empty required field is named", false, true,
+         {Metadata(u"take", u"", false), Metadata(u"scene", u"", true), Metadata(u"shot", u"", true)}, {0},
+         false, {"Kiln Studio: Required field scene is empty. [OK]"}},
+        {"required fields with values and optional empty ones pass", false, true,
+         {Metadata(u"scene", u"12", true), Metadata(u"take", u"", false)}, {}, true, {}},
     };
     return cases;
 }
+// clang-format on
 
-TEST_F(TemplateCheckTest, MetadataTemplateRows) {
+TEST_F(TemplateTest, MetadataTemplateRows) {
     RunRows(QL::kQLPresetCategoryMetadata, MetadataCases());
 }
 
@@ -356,55 +346,6 @@ TEST(MakeDynamicSchemaNamespace, IsAStableUriUniquePerName) {
               "http://ns.igd.local/dynamic-schema/1.0/Production/");
 }
 
-// 2024-03-05 14:30:59 UTC.
-constexpr Fnd::Date kIngestDate{1709649059};
-
-// Names are checked in UTC so that the expected texts hold on any station; the start number is
-// process-wide, so every test leaves it as it found it.
-class OutputNamesTest : public PlanTest {
-protected:
-    OutputNamesTest() {
-        const char* zone = getenv("TZ");
-        if (zone != nullptr)
-            savedZone_ = zone;
-        setenv("TZ", "UTC", 1);
-        tzset();
-    }
-    ~OutputNamesTest() override {
-        if (savedZone_)
-            setenv("TZ", savedZone_->c_str(), 1);
-        else
-            unsetenv("TZ");
-        tzset();
-    }
-
-    void SetStartNumber(std::uint32_t number) { startNumber_ = number; }
-
-    static Strings OutputNames(const IGD::IIngestDialogData& session) {
-        Strings names;
-        for (const auto& item : session.GetSelectedItems())
-            names.push_back(Fnd::ToUTF8(item->GetOutputName()));
-        return names;
-    }
-
-    // The one call of the naming step, at the fixed ingest date.
-    void Name(IGD::IIngestDialogData& session) const {
-        IGD::GenerateOutputNames(session, kIngestDate, startNumber_);
-    }
-
-    IGD::IngestDialogDataRef NamedSession(const QL::PresetFieldList& fields,
-                                          std::initializer_list<std::string_view> clips) {
-        auto session = SessionWithClips(clips);
-        session->SetRenamePreset(Template(fields));
-        Name(*session);
-        return session;
-    }
-
-private:
-    std::optional<std::string> savedZone_;
-    std::uint32_t startNumber_ = 1;
-};
-
 TEST(FormatCounterValue, PadsWithTheMasksLeadingCharactersAndNeverCuts) {
     EXPECT_EQ(IGD::FormatCounterValue(0, 12, u"0001"), u"0012");
     EXPECT_EQ(IGD::FormatCounterValue(0, 7, u"abc"), u"ab7");
@@ -416,7 +357,7 @@ TEST(FormatCounterValue, PadsWithTheMasksLeadingCharactersAndNeverCuts) {
 
 // The automatic counter starts at one; the custom one at the start number. Each steps once for
 // every item, however often the template names it.
-TEST_F(OutputNamesTest, CountersStepOnceForEachItemInOrder) {
+TEST_F(TemplateTest, CountersStepOnceForEachItemInOrder) {
     using QL::kQLFieldAutoIncrement, QL::kQLFieldCustomText, QL::kQLFieldUserDefinedAutoIncrement;
     const struct {
         const char* what;
@@ -443,12 +384,12 @@ TEST_F(OutputNamesTest, CountersStepOnceForEachItemInOrder) {
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
-        SetStartNumber(row.start);
+        startNumber_ = row.start;
         EXPECT_EQ(OutputNames(*NamedSession(row.fields, {"a.mov", "b.mov", "c.clip.MXF"})), row.names);
     }
 }
 
-TEST_F(OutputNamesTest, IngestDatesUseTheGivenTimeAndCreationDatesTheFile) {
+TEST_F(TemplateTest, IngestDatesUseTheGivenTimeAndCreationDatesTheFile) {
     auto session =
         NamedSession({Field(QL::kQLFieldIngestDate, u"%Y-%m-%d"), Field(QL::kQLFieldCustomText, u"_"),
                       Field(QL::kQLFieldIngestTime, u"%H-%M-%S"), Field(QL::kQLFieldCustomText, u"_"),
@@ -463,7 +404,7 @@ TEST_F(OutputNamesTest, IngestDatesUseTheGivenTimeAndCreationDatesTheFile) {
     EXPECT_EQ(OutputNames(*session), (Strings{std::string("2024-03-05_14-30-59_") + year}));
 }
 
-TEST_F(OutputNamesTest, BaseNameIsTheClipNameOnlyWhenItDiffersFromTheFileName) {
+TEST_F(TemplateTest, BaseNameIsTheClipNameOnlyWhenItDiffersFromTheFileName) {
     auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
     session->SetRenamePreset(Template({Field(QL::kQLFieldFileName)}));
     const auto items = session->GetSelectedItems();
@@ -475,7 +416,7 @@ TEST_F(OutputNamesTest, BaseNameIsTheClipNameOnlyWhenItDiffersFromTheFileName) {
     EXPECT_EQ(OutputNames(*session), (Strings{"A001", "Interview Take 2", "CARD_01"}));
 }
 
-TEST_F(OutputNamesTest, SessionWithoutTemplateKeepsItsNames) {
+TEST_F(TemplateTest, SessionWithoutTemplateKeepsItsNames) {
     auto session = SessionWithClips({"a.mov"});
     session->GetSelectedItems().front()->SetOutputName(u"kept");
     Name(*session);
@@ -485,7 +426,7 @@ TEST_F(OutputNamesTest, SessionWithoutTemplateKeepsItsNames) {
     EXPECT_EQ(OutputNames(*session), (Strings{"kept"}));
 }
 
-TEST_F(OutputNamesTest, EachStitchingDestinationCountsOnItsOwn) {
+TEST_F(TemplateTest, EachStitchingDestinationCountsOnItsOwn) {
     auto session = SessionWithClips({"a.mov", "b.mov", "c.mov"});
     session->SetRenamePreset(
         Template({Field(QL::kQLFieldFileName), Field(QL::kQLFieldCustomText, u"  _"),
@@ -502,17 +443,11 @@ TEST_F(OutputNamesTest, EachStitchingDestinationCountsOnItsOwn) {
         << "only stitched names are trimmed";
 }
 
-TEST_F(OutputNamesTest, CreationTimeIsReadFromTheFileAndMissingFilesHaveNone) {
-    const time_t before = time(nullptr);
-    const Fnd::WString file = tree.MakeFile("made.mov", "x");
-    const auto created = IGD::ReadFileCreationTime(file);
-    ASSERT_TRUE(created.has_value());
-    EXPECT_GE(created->seconds, before - 1);
-    EXPECT_LE(created->seconds, time(nullptr) + 1);
+TEST_F(TemplateTest, AMissingFileHasNoCreationTime) {
     EXPECT_FALSE(IGD::ReadFileCreationTime(tree.Path("missing.mov")).has_value());
 }
 
-TEST_F(OutputNamesTest, SampleShowsMasksPlaceholdersAndTheStartNumber) {
+TEST_F(TemplateTest, SampleShowsMasksPlaceholdersAndTheStartNumber) {
     auto custom = Field(QL::kQLFieldUserDefinedAutoIncrement);
     custom->SetFormat(u"0000");
     const QL::PresetFieldList fields{Field(QL::kQLFieldAutoIncrement, u"000"),

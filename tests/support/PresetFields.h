@@ -1,9 +1,10 @@
 #pragma once
-// A preset field in one call, for tests that build templates: its value follows the format, as in
+// A preset field, or a preset of fields, in one call, for tests that build templates: its value follows the format, as in
 // a field the user has just set up.
 #include <string_view>
 
 #include "QL/PresetFieldFactory.h"
+#include "QL/PresetObject.h"
 
 namespace igd::test {
 
@@ -14,6 +15,11 @@ inline Fnd::InterfaceRef<QL::IQLPresetField> Field(QL::_QLPresetFieldType type, 
     field->SetFormat(Fnd::WString(format));
     field->SetRequired(required);
     return field;
+}
+
+inline Fnd::InterfaceRef<QL::IQLPreset> Preset(QL::_QLPresetCategory category, const QL::PresetFieldList& fields,
+                                               std::u16string_view name = u"Template") {
+    return Fnd::InterfaceRef<QL::IQLPreset>(QL::PresetObject::Create(category, Fnd::WString(name), fields).get());
 }
 
 } // namespace igd::test

@@ -1,6 +1,5 @@
 #include "support/RecordingTaskService.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace igd::test {
@@ -89,19 +88,6 @@ void RecordingTaskService::SubmitUpdateMetadataTask(const QL::IngestTask::Update
 
 bool RecordingTaskService::IsPathInCopyList(const Fnd::WString& path) const {
     return pathsInCopyList_.contains(path);
-}
-
-std::size_t RecordingTaskService::Count(TaskKind kind) const {
-    return static_cast<std::size_t>(std::count_if(
-        tasks_.begin(), tasks_.end(), [kind](const RecordedTask& task) { return task.kind == kind; }));
-}
-
-std::vector<QL::IngestTask::CopySetting> RecordingTaskService::Copies() const {
-    std::vector<QL::IngestTask::CopySetting> copies;
-    for (const RecordedTask& task : tasks_)
-        if (task.kind == TaskKind::Copy)
-            copies.push_back(task.Copy());
-    return copies;
 }
 
 ScopedTaskService::ScopedTaskService() : service_(std::make_shared<RecordingTaskService>()) {

@@ -5,8 +5,8 @@
 //
 //     igd::test::ScopedTaskService tasks;          // installed until the end of the scope
 //     RunSomethingThatSubmits();
-//     ASSERT_EQ(tasks->Count(TaskKind::Copy), 1u);
-//     EXPECT_EQ(tasks->Copies()[0].units.size(), 2u);
+//     ASSERT_EQ(tasks->Tasks().size(), 1u);
+//     EXPECT_EQ(tasks->Tasks()[0].Copy().units.size(), 2u);
 //     EXPECT_EQ(tasks->Tasks()[0].batch, expectedBatch);
 #include <cstddef>
 #include <memory>
@@ -64,11 +64,7 @@ public:
 
     // Every submission, in the order of submission.
     const std::vector<RecordedTask>& Tasks() const { return tasks_; }
-    std::size_t Count(TaskKind kind) const;
     void Clear() { tasks_.clear(); }
-
-    // The copy settings, in the order of submission.
-    std::vector<QL::IngestTask::CopySetting> Copies() const;
 
 private:
     std::vector<RecordedTask> tasks_;

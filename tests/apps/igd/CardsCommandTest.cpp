@@ -1,100 +1,80 @@
+// `igd cards` and an ingest of cards as a user runs them.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
-#include "platform/media/CardTrees.h"
 #include "apps/igd/IgdCommand.h"
+#include "platform/media/CardTrees.h"
 
 namespace igd::test {
 namespace {
 
-std::string ReadWholeFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
+using CardsCommandTest = IgdCommandTest;
 
-TEST(CardsCommandTest, ListsEachClipWithItsFamilyAndFiles) {
-    TempTree tree;
+TEST_F(CardsCommandTest, ListsEachClipWithItsFamilyAndFilesOrSaysThereIsNone) {
     MakeFiles(tree, {"CARD/DCIM/100GOPRO/GH010042.MP4", "CARD/DCIM/100GOPRO/GH020042.MP4",
                      "CARD/PRIVATE/M4ROOT/MEDIAPRO.XML", "CARD/PRIVATE/M4ROOT/CLIP/C0001.MP4"});
-    const CommandRun run = RunIgd("cards " + ShellQuote(tree.NativePath("CARD")));
-    EXPECT_EQ(run.exitCode, 0) << run.output;
-    EXPECT_NE(run.output.find("GH010042  (GoPro, 2 files)"), std::string::npos) << run.output;
-    EXPECT_NE(run.output.find("C0001  (XAVCS, 1 file)"), std::string::npos) << run.output;
-    EXPECT_NE(run.output.find(tree.NativePath("CARD/DCIM/100GOPRO/GH020042.MP4")), std::string::npos);
-}
+    const Ran run = RunIgd({"cards", Native("CARD")});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_NE(run.out.find("GH010042  (GoPro, 2 files)"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("C0001  (XAVCS, 1 file)"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find(Native("CARD/DCIM/100GOPRO/GH020042.MP4")), std::string::npos);
 
-TEST(CardsCommandTest, PrintsJsonForScripts) {
-    TempTree tree;
-    MakeFiles(tree, {"CARD/DCIM/100MEDIA/DJI_0001.MP4", "CARD/DCIM/100MEDIA/DJI_0001.SRT"});
-    const CommandRun run = RunIgd("cards --json " + ShellQuote(tree.NativePath("CARD")));
-    EXPECT_EQ(run.exitCode, 0) << run.output;
-    const std::string media = tree.NativePath("CARD/DCIM/100MEDIA/DJI_0001.MP4");
-    const std::string srt = tree.NativePath("CARD/DCIM/100MEDIA/DJI_0001.SRT");
-    EXPECT_NE(run.output.find("{\"name\": \"DJI_0001\", \"family\": \"DJI\", \"provider\": "
-                              "\"com.veltrix.Kestrel.ProviderDJI\", \"media\": \"" +
-                              media + "\", \"files\": [\"" + media + "\", \"" + srt + "\"]}"),
-              std::string::npos)
-        << run.output;
-}
-
-TEST(CardsCommandTest, SaysSoWhenThereIsNoCardOrNoFolder) {
-    TempTree tree;
     tree.MakeFile("plain/A001.MOV");
-    const CommandRun empty = RunIgd("cards " + ShellQuote(tree.NativePath("plain")));
+    const Ran empty = RunIgd({"cards", Native("plain")});
     EXPECT_EQ(empty.exitCode, 0);
-    EXPECT_NE(empty.output.find("No camera card structure"), std::string::npos) << empty.output;
-    const CommandRun missing = RunIgd("cards " + ShellQuote(tree.NativePath("nowhere")));
+    EXPECT_NE(empty.out.find("No camera card structure"), std::string::npos) << empty.out;
+    const Ran missing = RunIgd({"cards", Native("nowhere")});
     EXPECT_EQ(missing.exitCode, 2);
-    EXPECT_NE(missing.output.find("is not a folder"), std::string::npos) << missing.output;
+    EXPECT_EQ(missing.err, "igd cards: " + Native("nowhere") + " is not a folder\n");
 }
 
-TEST(CardsCommandTest, CardsNamedTogetherListARecordingOverBothOnce) {
-    TempTree tree;
-    MakeSpannedP2Cards(tree, "SHOOT/CARD1", "SHOOT/CARD2");
-    const CommandRun run = RunIgd("cards " + ShellQuote(tree.NativePath("SHOOT/CARD1")) + " " +
-                                  ShellQuote(tree.NativePath("SHOOT/CARD2")));
-    EXPECT_EQ(run.exitCode, 0) << run.output;
-    EXPECT_NE(run.output.find("000A01  (P2, 6 files)"), std::string::npos) << run.output;
-    EXPECT_NE(run.output.find("    " + tree.NativePath("SHOOT/CARD2/CONTENTS/VIDEO/000B01.MXF")),
-              std::string::npos);
-    EXPECT_EQ(run.output.find("000B01  ("), std::string::npos) << run.output;
-    EXPECT_NE(run.output.find("No clips of its own in " + tree.NativePath("SHOOT/CARD2")), std::string::npos)
-        << run.output;
+TEST_F(CardsCommandTest, PrintsJsonForScripts) {
+    MakeFiles(tree, {"CARD/DCIM/100MEDIA/DJI_0001.MP4", "CARD/DCIM/100MEDIA/DJI_0001.SRT"});
+    const Ran run = RunIgd({"cards", "--json", Native("CARD")});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    const std::string media = Native("CARD/DCIM/100MEDIA/DJI_0001.MP4");
+    const std::string srt = Native("CARD/DCIM/100MEDIA/DJI_0001.SRT");
+    EXPECT_NE(run.out.find("{\"name\": \"DJI_0001\", \"family\": \"DJI\", \"provider\": "
+                           "\"com.veltrix.Kestrel.ProviderDJI\", \"media\": \"" +
+                           media + "\", \"files\": [\"" + media + "\", \"" + srt + "\"]}"),
+              std::string::npos)
+        << run.out;
+}
 
-    const CommandRun alone = RunIgd("cards " + ShellQuote(tree.NativePath("SHOOT/CARD2")));
-    EXPECT_NE(alone.output.find("000B01  (P2, 3 files)"), std::string::npos) << alone.output;
+TEST_F(CardsCommandTest, CardsNamedTogetherListARecordingOverBothOnce) {
+    MakeSpannedP2Cards(tree, "SHOOT/CARD1", "SHOOT/CARD2");
+    const Ran run = RunIgd({"cards", Native("SHOOT/CARD1"), Native("SHOOT/CARD2")});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_NE(run.out.find("000A01  (P2, 6 files)"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("    " + Native("SHOOT/CARD2/CONTENTS/VIDEO/000B01.MXF")), std::string::npos);
+    EXPECT_EQ(run.out.find("000B01  ("), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("No clips of its own in " + Native("SHOOT/CARD2")), std::string::npos) << run.out;
+
+    const Ran alone = RunIgd({"cards", Native("SHOOT/CARD2")});
+    EXPECT_NE(alone.out.find("000B01  (P2, 3 files)"), std::string::npos) << alone.out;
 }
 
 // One ingest of both cards: the recording is one project item, and each card's files land under
 // that card's own folder.
-TEST(CardsCommandTest, IngestOfTwoCardsCopiesTheJoinedRecordingAsOneItem) {
-    TempTree tree;
+TEST_F(CardsCommandTest, IngestOfTwoCardsCopiesTheJoinedRecordingAsOneItem) {
     MakeSpannedP2Cards(tree, "SHOOT/CARD1", "SHOOT/CARD2");
-    const std::string home = tree.NativePath("home");
-    const CommandRun run =
-        RunIgd("ingest " + ShellQuote(tree.NativePath("SHOOT/CARD1")) + " " +
-                   ShellQuote(tree.NativePath("SHOOT/CARD2")) + " --to " + ShellQuote(tree.NativePath("X")),
-               home);
-    ASSERT_EQ(run.exitCode, 0) << run.output;
+    const Ran run = RunIgd({"ingest", Native("SHOOT/CARD1"), Native("SHOOT/CARD2"), "--to", Native("X")});
+    ASSERT_EQ(run.exitCode, 0) << run.out << run.err;
     for (const std::string file : {"CARD1/CONTENTS/VIDEO/000A01.MXF", "CARD1/CONTENTS/AUDIO/000A0100.MXF",
                                    "CARD2/CONTENTS/VIDEO/000B01.MXF", "CARD2/CONTENTS/AUDIO/000B0100.MXF"})
-        EXPECT_EQ(ReadWholeFile(tree.NativePath("X/" + file)), "SHOOT/" + file) << file;
+        EXPECT_EQ(ReadFileBytes(Native("X/" + file)), "SHOOT/" + file) << file;
 
-    const CommandRun project = RunIgd("project ls --json", home);
-    EXPECT_EQ(project.exitCode, 0) << project.output;
+    const std::string project = RunIgd({"project", "ls", "--json"}).out;
     std::size_t items = 0;
-    for (std::size_t at = project.output.find("\"clipGuid\":"); at != std::string::npos;
-         at = project.output.find("\"clipGuid\":", at + 1))
+    for (std::size_t at = project.find("\"clipGuid\":"); at != std::string::npos;
+         at = project.find("\"clipGuid\":", at + 1))
         ++items;
-    EXPECT_EQ(items, 1u) << project.output;
-    EXPECT_NE(project.output.find("{\"name\":\"000A01"), std::string::npos) << project.output;
-    EXPECT_NE(project.output.find("\"path\":\"" + tree.NativePath("X/CARD1/CONTENTS/VIDEO/000A01.MXF")),
-              std::string::npos)
-        << project.output;
-    EXPECT_NE(project.output.find(tree.NativePath("X/CARD2/CONTENTS/AUDIO/000B0100.MXF")), std::string::npos)
+    EXPECT_EQ(items, 1u) << project;
+    EXPECT_NE(project.find("{\"name\":\"000A01"), std::string::npos) << project;
+    EXPECT_NE(project.find("\"path\":\"" + Native("X/CARD1/CONTENTS/VIDEO/000A01.MXF")), std::string::npos)
+        << project;
+    EXPECT_NE(project.find(Native("X/CARD2/CONTENTS/AUDIO/000B0100.MXF")), std::string::npos)
         << "the second card's files are the item's own";
 }
 

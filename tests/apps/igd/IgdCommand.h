@@ -1,22 +1,61 @@
 #pragma once
-// Runs the igd binary of this build, for tests of what a user sees on the command line.
+// The igd binary of this build, run as a user runs it: with no terminal on standard input, its
+// home taken from IGD_HOME (a ScopedIgdHome sets it), its two outputs read apart.
 //
-//     const auto run = igd::test::RunIgd("presets list", home);
-//     EXPECT_EQ(run.exitCode, 0);
+//     const Ran ran = igd::test::RunIgd({"presets", "list"});
+//     EXPECT_EQ(ran.exitCode, 0) << ran.err;
+#include <gtest/gtest.h>
+#include <sys/types.h>
+
+#include <cstdio>
 #include <string>
+#include <vector>
+
+#include "platform/tasks/engine/EngineTestSupport.h"
 
 namespace igd::test {
 
-struct CommandRun {
-    int exitCode = -1;
-    std::string output; // stdout and stderr, interleaved as written
+// A running igd whose standard output a test reads line by line.
+class IgdProcess {
+public:
+    explicit IgdProcess(const std::vector<std::string>& arguments);
+    ~IgdProcess();
+    IgdProcess(const IgdProcess&) = delete;
+    IgdProcess& operator=(const IgdProcess&) = delete;
+
+    // The next line of standard output without its end; false at the end.
+    bool ReadLine(std::string& line);
+    std::string RestOfOutput();
+    std::string ErrorOutput();
+    void Signal(int signal);
+    // The exit code, or 128 plus the signal that ended it.
+    int Wait();
+
+private:
+    pid_t pid_ = -1;
+    bool reaped_ = false;
+    FILE* out_ = nullptr;
+    int errFd_ = -1;
 };
 
-// igd with the arguments (taken by the shell as written) and, when igdHome is not empty,
-// IGD_HOME set to it.
-CommandRun RunIgd(const std::string& arguments, const std::string& igdHome = {});
+struct Ran {
+    int exitCode;
+    std::string out;
+    std::string err;
+    // Both outputs, for a test that looks for words wherever igd writes them.
+    std::string Said() const { return out + err; }
+};
 
-// Quotes a path for the shell.
-std::string ShellQuote(const std::string& text);
+// igd with the arguments, run to its end.
+Ran RunIgd(const std::vector<std::string>& arguments);
+
+// A home of its own and a tree of files for each test.
+class IgdCommandTest : public ::testing::Test {
+protected:
+    std::string Native(const std::string& relative) const { return tree.NativePath(relative); }
+
+    ScopedIgdHome home;
+    TempTree tree;
+};
 
 } // namespace igd::test

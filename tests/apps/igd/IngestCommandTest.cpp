@@ -1,19 +1,15 @@
 // `igd ingest` and `igd resume` as a user runs them: the real binary, a real card, a real kill.
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
-#include <set>
 #include <string>
 #include <vector>
 
-#include "platform/tasks/engine/EngineTestSupport.h"
+#include "apps/igd/IgdCommand.h"
 #include "Proj/Project.h"
 #include "QL/Engine/Journal.h"
 
@@ -21,97 +17,6 @@ namespace igd::test {
 namespace {
 
 using namespace QL::Engine;
-
-// A child igd whose standard output the test reads line by line.
-class IgdProcess {
-public:
-    explicit IgdProcess(const std::vector<std::string>& arguments) {
-        int out[2];
-        int err[2];
-        if (::pipe(out) != 0 || ::pipe(err) != 0)
-            throw std::runtime_error("pipe");
-        pid_ = ::fork();
-        if (pid_ == 0) {
-            ::dup2(out[1], STDOUT_FILENO);
-            ::dup2(err[1], STDERR_FILENO);
-            ::close(out[0]);
-            ::close(err[0]);
-            const int devNull = ::open("/dev/null", O_RDONLY);
-            ::dup2(devNull, STDIN_FILENO);
-            std::vector<char*> argv{const_cast<char*>(IGD_BINARY)};
-            for (const std::string& argument : arguments)
-                argv.push_back(const_cast<char*>(argument.c_str()));
-            argv.push_back(nullptr);
-            ::execv(IGD_BINARY, argv.data());
-            ::_exit(127);
-        }
-        ::close(out[1]);
-        ::close(err[1]);
-        out_ = ::fdopen(out[0], "r");
-        errFd_ = err[0];
-    }
-    ~IgdProcess() {
-        if (pid_ > 0 && !reaped_) {
-            ::kill(pid_, SIGKILL);
-            Wait();
-        }
-        if (out_)
-            std::fclose(out_);
-        ::close(errFd_);
-    }
-
-    // The next line of standard output without its end; false at the end.
-    bool ReadLine(std::string& line) {
-        char* buffer = nullptr;
-        std::size_t size = 0;
-        const ssize_t got = ::getline(&buffer, &size, out_);
-        if (got >= 0)
-            line.assign(buffer, static_cast<std::size_t>(got) - (got > 0 && buffer[got - 1] == '\n' ? 1 : 0));
-        std::free(buffer);
-        return got >= 0;
-    }
-    std::string RestOfOutput() {
-        std::string all;
-        std::string line;
-        while (ReadLine(line))
-            all += line + "\n";
-        return all;
-    }
-    std::string ErrorOutput() {
-        std::string all;
-        char buffer[4096];
-        for (ssize_t got; (got = ::read(errFd_, buffer, sizeof buffer)) > 0;)
-            all.append(buffer, static_cast<std::size_t>(got));
-        return all;
-    }
-    void Signal(int signal) { ::kill(pid_, signal); }
-    // The exit code, or 128 plus the signal that ended it.
-    int Wait() {
-        int status = 0;
-        ::waitpid(pid_, &status, 0);
-        reaped_ = true;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-    }
-
-private:
-    pid_t pid_ = -1;
-    bool reaped_ = false;
-    FILE* out_ = nullptr;
-    int errFd_ = -1;
-};
-
-struct Ran {
-    int exitCode;
-    std::string out;
-    std::string err;
-};
-
-Ran RunIgd(const std::vector<std::string>& arguments) {
-    IgdProcess igd(arguments);
-    std::string out = igd.RestOfOutput();
-    std::string err = igd.ErrorOutput();
-    return Ran{igd.Wait(), std::move(out), std::move(err)};
-}
 
 std::string JsonField(const std::string& line, const std::string& name) {
     const std::string key = "\"" + name + "\":\"";
@@ -141,12 +46,32 @@ std::vector<std::string> TemporariesBelow(const std::string& root) {
     return found;
 }
 
-class IgdIngestCommandTest : public ::testing::Test {
+class IgdIngestCommandTest : public IgdCommandTest {
 protected:
-    std::string Native(const std::string& relative) const { return tree.NativePath(relative); }
+    // A P2 card as a camera leaves it, with two clips, the card's own index file, and media put on it
+    // by hand: a clip with its sidecar, and a sound file.
+    void MakeCard() {
+        const std::string c = "SHOOT/CARD01/CONTENTS/";
+        for (const std::string id : {"0001AB", "0002AB"}) {
+            tree.MakeFile(c + "CLIP/" + id + ".XML",
+                          "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" + id +
+                              "</GlobalClipID></ClipContent></P2Main>");
+            tree.MakeFile(c + "VIDEO/" + id + ".MXF", "video " + id);
+            tree.MakeFile(c + "AUDIO/" + id + "00.MXF", "audio " + id);
+            tree.MakeFile(c + "ICON/" + id + ".BMP", "icon " + id);
+        }
+        tree.MakeFile("SHOOT/CARD01/LASTCLIP.TXT", "0002AB");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/B001.MOV", "b camera");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/B001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
+        tree.MakeFile("SHOOT/CARD01/EXTRA/sound.WAV", "sound");
+    }
 
-    ScopedIgdHome home;
-    TempTree tree;
+    Ran Ingest(std::vector<std::string> options) {
+        std::vector<std::string> arguments{"ingest", Native("SHOOT/CARD01")};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return RunIgd(arguments);
+    }
+
 };
 
 TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAgain) {
@@ -215,34 +140,8 @@ TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAg
     EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
 }
 
-// A P2 card as a camera leaves it, with two clips, the card's own index file, and media put on it
-// by hand: a clip with its sidecar, and a sound file.
-class IgdIngestCardTest : public IgdIngestCommandTest {
-protected:
-    void SetUp() override {
-        const std::string c = "SHOOT/CARD01/CONTENTS/";
-        for (const std::string id : {"0001AB", "0002AB"}) {
-            tree.MakeFile(c + "CLIP/" + id + ".XML",
-                          "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" + id +
-                              "</GlobalClipID></ClipContent></P2Main>");
-            tree.MakeFile(c + "VIDEO/" + id + ".MXF", "video " + id);
-            tree.MakeFile(c + "AUDIO/" + id + "00.MXF", "audio " + id);
-            tree.MakeFile(c + "ICON/" + id + ".BMP", "icon " + id);
-        }
-        tree.MakeFile("SHOOT/CARD01/LASTCLIP.TXT", "0002AB");
-        tree.MakeFile("SHOOT/CARD01/EXTRA/B001.MOV", "b camera");
-        tree.MakeFile("SHOOT/CARD01/EXTRA/B001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-        tree.MakeFile("SHOOT/CARD01/EXTRA/sound.WAV", "sound");
-    }
-
-    Ran Ingest(std::vector<std::string> options) {
-        std::vector<std::string> arguments{"ingest", Native("SHOOT/CARD01")};
-        arguments.insert(arguments.end(), options.begin(), options.end());
-        return RunIgd(arguments);
-    }
-};
-
-TEST_F(IgdIngestCardTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMetadataOnBothCopies) {
+TEST_F(IgdIngestCommandTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMetadataOnBothCopies) {
+    MakeCard();
     const Ran ran =
         Ingest({"--to", Native("main"), "--to", Native("backup"), "--rename-preset", "Camera roll",
                 "--metadata-preset", "Production", "--set", "scene=12", "--set", "take=3"});
@@ -291,7 +190,8 @@ TEST_F(IgdIngestCardTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMeta
         << "the next ingest numbers on from the last";
 }
 
-TEST_F(IgdIngestCardTest, AFolderOfCardsIsOpenedLikeACardReader) {
+TEST_F(IgdIngestCommandTest, AFolderOfCardsIsOpenedLikeACardReader) {
+    MakeCard();
     tree.MakeFile("SHOOT/Sound/ROLL1.WAV", "roll one");
     tree.MakeFile("SHOOT/Sound/notes.txt", "no media");
     const Ran ran = RunIgd({"ingest", Native("SHOOT"), "--to", Native("main")});
@@ -304,7 +204,8 @@ TEST_F(IgdIngestCardTest, AFolderOfCardsIsOpenedLikeACardReader) {
     EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), 5u) << "two card clips, three files";
 }
 
-TEST_F(IgdIngestCardTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
+TEST_F(IgdIngestCommandTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
+    MakeCard();
     struct Case {
         std::vector<std::string> options;
         std::string box;
@@ -329,24 +230,27 @@ TEST_F(IgdIngestCardTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
 
 TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndCopiesNothing) {
     tree.MakeFileOfSize("card/A001.MOV", 4u << 20);
-    const Ran missing = RunIgd({"ingest", Native("card/A009.MOV"), "--to", Native("main")});
-    EXPECT_EQ(missing.exitCode, 2);
-    EXPECT_EQ(missing.err, "igd: no such file or folder: " + Native("card/A009.MOV") + "\n");
+    const struct {
+        std::vector<std::string> arguments;
+        std::string err;
+    } cases[] = {
+        {{Native("card/A009.MOV"), "--to", Native("main")},
+         "igd: no such file or folder: " + Native("card/A009.MOV") + "\n"},
+        {{Native("card"), "--to", Native("main"), "--rename-preset", "Nope"},
+         "igd: no rename preset is named \"Nope\"\n"},
+        {{Native("card"), "--to", Native("main"), "--metadata-preset", "Production", "--set", "scen=1"},
+         "igd: no field of the chosen templates has the key \"scen\"\n"},
+        {{Native("card"), "--to", Native("card/backup")},
+         "igd: the destination lies inside a source: " + Native("card/backup") + "\n"},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> arguments{"ingest"};
+        arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+        const Ran ran = RunIgd(arguments);
+        EXPECT_EQ(ran.exitCode, 2) << c.err;
+        EXPECT_EQ(ran.err, c.err);
+    }
     EXPECT_FALSE(std::filesystem::exists(Native("main")));
-
-    const Ran noPreset =
-        RunIgd({"ingest", Native("card"), "--to", Native("main"), "--rename-preset", "Nope"});
-    EXPECT_EQ(noPreset.exitCode, 2);
-    EXPECT_EQ(noPreset.err, "igd: no rename preset is named \"Nope\"\n");
-    const Ran noField = RunIgd({"ingest", Native("card"), "--to", Native("main"), "--metadata-preset",
-                                "Production", "--set", "scen=1"});
-    EXPECT_EQ(noField.exitCode, 2);
-    EXPECT_EQ(noField.err, "igd: no field of the chosen templates has the key \"scen\"\n");
-    EXPECT_FALSE(std::filesystem::exists(Native("main")));
-
-    const Ran intoItself = RunIgd({"ingest", Native("card"), "--to", Native("card/backup")});
-    EXPECT_EQ(intoItself.exitCode, 2);
-    EXPECT_EQ(intoItself.err, "igd: the destination lies inside a source: " + Native("card/backup") + "\n");
     EXPECT_FALSE(std::filesystem::exists(Native("card/backup")));
 
     const std::string small = Fnd::ToUTF8(tree.MakeFolder("small"));

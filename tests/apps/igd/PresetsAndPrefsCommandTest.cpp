@@ -1,141 +1,111 @@
-// `igd presets` and `igd prefs` as a user meets them: fresh homes, round trips between homes, and
-// bad input refused with nothing written.
+// `igd presets`, `igd prefs` and `igd name` as a user meets them: fresh homes, round trips between
+// homes, and bad input refused with nothing written.
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "apps/igd/IgdCommand.h"
-#include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
-
-using igd::test::RunIgd;
-using igd::test::ShellQuote;
-
-std::string ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 // Every file below a folder, so that "nothing written" can be checked whole.
 std::vector<std::string> FilesBelow(const std::string& folder) {
     std::vector<std::string> files;
-    if (!std::filesystem::exists(folder))
-        return files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
-        files.push_back(entry.path().string());
+    if (std::filesystem::exists(folder))
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+            files.push_back(entry.path().string());
     return files;
 }
 
-class PresetsCommand : public ::testing::Test {
+class PresetsAndPrefsCommandTest : public IgdCommandTest {
 protected:
-    igd::test::TempTree tree_;
-    std::string first_ = tree_.NativePath("first");
-    std::string second_ = tree_.NativePath("second");
+    // Each command must fail, saying its reason (and, given, what else it must say), and write nothing.
+    void ExpectRefused(const std::vector<std::pair<std::vector<std::string>, std::string>>& cases,
+                       const std::string& alsoSaid = {}) {
+        for (const auto& [arguments, reason] : cases) {
+            const Ran run = RunIgd(arguments);
+            SCOPED_TRACE(arguments[0] + " " + arguments[1] + " " + arguments[2]);
+            EXPECT_NE(run.exitCode, 0);
+            EXPECT_NE(run.err.find(reason), std::string::npos) << run.err;
+            EXPECT_NE(run.err.find(alsoSaid), std::string::npos) << run.err;
+        }
+    }
+    const std::string scopeKey_ = "IGD.IngestDestinationSettingImpl.RenameApplyScope";
 };
 
-TEST_F(PresetsCommand, AFreshHomeListsTheSystemPresetsOfBothCategories) {
-    const auto run = RunIgd("presets list", first_);
-    ASSERT_EQ(run.exitCode, 0) << run.output;
+TEST_F(PresetsAndPrefsCommandTest, AFreshHomeListsTheSystemPresetsOfBothCategories) {
+    const Ran run = RunIgd({"presets", "list"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
     for (const char* name : {"Date_Counter", "Camera roll", "Shoot day", "Production", "Rights"})
-        EXPECT_NE(run.output.find(std::string("  ") + name + "  (system)"), std::string::npos) << name;
-    EXPECT_TRUE(FilesBelow(first_ + "/presets").empty()) << "listing wrote into the home";
+        EXPECT_NE(run.out.find(std::string("  ") + name + "  (system)"), std::string::npos) << name;
+    EXPECT_TRUE(FilesBelow(home.Path() + "/presets").empty()) << "listing wrote into the home";
 }
 
-TEST_F(PresetsCommand, ExportedPresetImportsIntoAnotherHomeByteForByte) {
-    const std::string file = tree_.NativePath("Production.igdmetadata");
-    ASSERT_EQ(RunIgd("presets export Production " + ShellQuote(file), first_).exitCode, 0);
-    const auto imported = RunIgd("presets import " + ShellQuote(file), second_);
-    ASSERT_EQ(imported.exitCode, 0) << imported.output;
+TEST_F(PresetsAndPrefsCommandTest, ExportedPresetImportsIntoAnotherHomeByteForByte) {
+    const std::string file = Native("Production.igdmetadata");
+    ASSERT_EQ(RunIgd({"presets", "export", "Production", file}).exitCode, 0);
+    ScopedIgdHome second;
+    const Ran imported = RunIgd({"presets", "import", file});
+    ASSERT_EQ(imported.exitCode, 0) << imported.err;
 
-    const std::string installed = second_ + "/presets/metadata/Production.igdmetadata";
-    EXPECT_EQ(ReadBytes(installed), ReadBytes(file));
-    const auto shown = RunIgd("presets show Production --category metadata", second_);
-    EXPECT_NE(shown.output.find("scene"), std::string::npos) << shown.output;
-    EXPECT_NE(shown.output.find("required"), std::string::npos) << shown.output;
+    EXPECT_EQ(ReadFileBytes(second.Path() + "/presets/metadata/Production.igdmetadata"), ReadFileBytes(file));
+    const Ran shown = RunIgd({"presets", "show", "Production", "--category", "metadata"});
+    EXPECT_NE(shown.out.find("scene"), std::string::npos) << shown.out;
+    EXPECT_NE(shown.out.find("required"), std::string::npos) << shown.out;
 
     // The same preset again stays one preset.
-    ASSERT_EQ(RunIgd("presets import " + ShellQuote(file), second_).exitCode, 0);
-    EXPECT_EQ(FilesBelow(second_ + "/presets/metadata").size(), 1u);
+    ASSERT_EQ(RunIgd({"presets", "import", file}).exitCode, 0);
+    EXPECT_EQ(FilesBelow(second.Path() + "/presets/metadata").size(), 1u);
 }
 
-TEST_F(PresetsCommand, BadInputIsRefusedWithItsReasonAndNothingWritten) {
-    tree_.MakeFile("empty.igdrename");
-    struct Case {
-        std::string arguments;
-        std::string reason;
-    };
-    const std::vector<Case> cases{
-        {"presets import " + ShellQuote(tree_.NativePath("empty.igdrename")), "the file is empty"},
-        {"presets delete 'a/b'", "is not a preset name"},
-        {"presets show 'Day:1'", "is not a preset name"},
-        {"presets export 'x/y' " + ShellQuote(tree_.NativePath("out.igdrename")), "is not a preset name"},
-    };
-    for (const Case& c : cases) {
-        const auto run = RunIgd(c.arguments, first_);
-        EXPECT_NE(run.exitCode, 0) << c.arguments;
-        EXPECT_NE(run.output.find(c.reason), std::string::npos) << c.arguments << ": " << run.output;
-    }
-    EXPECT_TRUE(FilesBelow(first_).empty());
-    EXPECT_FALSE(std::filesystem::exists(tree_.NativePath("out.igdrename")));
+TEST_F(PresetsAndPrefsCommandTest, BadPresetInputIsRefusedWithItsReasonAndNothingWritten) {
+    tree.MakeFile("empty.igdrename");
+    ExpectRefused({{{"presets", "import", Native("empty.igdrename")}, "the file is empty"},
+                   {{"presets", "delete", "a/b"}, "is not a preset name"},
+                   {{"presets", "show", "Day:1"}, "is not a preset name"},
+                   {{"presets", "export", "x/y", Native("out.igdrename")}, "is not a preset name"}});
+    EXPECT_TRUE(FilesBelow(home.Path()).empty());
+    EXPECT_FALSE(std::filesystem::exists(Native("out.igdrename")));
 }
 
-class PrefsCommand : public ::testing::Test {
-protected:
-    igd::test::TempTree tree_;
-    std::string home_ = tree_.NativePath("home");
-    const std::string key_ = "IGD.IngestDestinationSettingImpl.RenameApplyScope";
-};
-
-TEST_F(PrefsCommand, SetThenGetInANewProcess) {
-    ASSERT_EQ(RunIgd("prefs set " + key_ + " 1", home_).exitCode, 0);
-    const auto run = RunIgd("prefs get " + key_, home_);
+TEST_F(PresetsAndPrefsCommandTest, APreferenceSetIsReadInTheNextProcess) {
+    ASSERT_EQ(RunIgd({"prefs", "set", scopeKey_, "1"}).exitCode, 0);
+    const Ran run = RunIgd({"prefs", "get", scopeKey_});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.output, "1\n");
+    EXPECT_EQ(run.out, "1\n");
 }
 
-TEST_F(PrefsCommand, UnknownKeysWrongKindsAndLockedKeysWriteNothing) {
-    tree_.MakeFile("home/site/locked-preferences",
-                   "# the site decides\nIGD.IngestDestinationSettingImpl.Local.ImportOnly\n");
-    struct Case {
-        std::string arguments;
-        std::string reason;
-    };
-    const std::vector<Case> cases{
-        {"prefs set Foo.Bar 1", "unknown preference key: Foo.Bar"},
-        {"prefs set " + key_ + " abc", "not \"abc\""},
-        {"prefs set IGD.IngestDestinationSettingImpl.Local.ImportOnly false", "locked"},
-    };
-    for (const Case& c : cases) {
-        const auto run = RunIgd(c.arguments, home_);
-        EXPECT_NE(run.exitCode, 0) << c.arguments;
-        EXPECT_NE(run.output.find(c.reason), std::string::npos) << c.arguments << ": " << run.output;
-        EXPECT_NE(run.output.find("nothing was written"), std::string::npos) << run.output;
-    }
-    EXPECT_FALSE(std::filesystem::exists(home_ + "/preferences.db"));
-    const auto listing = RunIgd("prefs ls", home_);
-    EXPECT_NE(listing.output.find("locked"), std::string::npos) << listing.output;
+TEST_F(PresetsAndPrefsCommandTest, UnknownKeysWrongKindsAndLockedKeysWriteNothing) {
+    const std::string locked = "IGD.IngestDestinationSettingImpl.Local.ImportOnly";
+    std::filesystem::create_directories(home.Path() + "/site");
+    std::ofstream(home.Path() + "/site/locked-preferences") << "# the site decides\n" << locked << "\n";
+    ExpectRefused({{{"prefs", "set", "Foo.Bar", "1"}, "unknown preference key: Foo.Bar"},
+                   {{"prefs", "set", scopeKey_, "abc"}, "not \"abc\""},
+                   {{"prefs", "set", locked, "false"}, "locked"}},
+                  "nothing was written");
+    EXPECT_FALSE(std::filesystem::exists(home.Path() + "/preferences.db"));
+    EXPECT_NE(RunIgd({"prefs", "ls"}).out.find("locked"), std::string::npos);
 }
 
 // `igd name` renames with the template the settings store, and only while renaming is on.
-TEST_F(PrefsCommand, NameUsesTheStoredRenameTemplateWhileRenamingIsOn) {
-    tree_.MakeFile("shoot/A001.MOV", "frames");
-    const std::string file = ShellQuote(tree_.NativePath("shoot/A001.MOV"));
-    const std::string shown = RunIgd("presets show 'Camera roll'", home_).output;
+TEST_F(PresetsAndPrefsCommandTest, NameUsesTheStoredRenameTemplateWhileRenamingIsOn) {
+    const std::string file = Fnd::ToUTF8(tree.MakeFile("shoot/A001.MOV", "frames"));
+    const std::string shown = RunIgd({"presets", "show", "Camera roll"}).out;
     const std::string label = "  file:     ";
     const std::size_t at = shown.find(label);
     ASSERT_NE(at, std::string::npos) << shown;
     const std::string presetPath = shown.substr(at + label.size(), shown.find('\n', at) - at - label.size());
-    const std::string prefix = "prefs set IGD.IngestDestinationSettingImpl.";
-    ASSERT_EQ(RunIgd(prefix + "RenamePresetPath " + ShellQuote(presetPath), home_).exitCode, 0);
+    const std::string prefix = "IGD.IngestDestinationSettingImpl.";
+    ASSERT_EQ(RunIgd({"prefs", "set", prefix + "RenamePresetPath", presetPath}).exitCode, 0);
 
-    EXPECT_EQ(RunIgd("name " + file, home_).output, "A001.MOV\n");
-    ASSERT_EQ(RunIgd(prefix + "EnableRenameTemplate true", home_).exitCode, 0);
-    EXPECT_EQ(RunIgd("name " + file, home_).output, "A001_001.MOV\n");
+    EXPECT_EQ(RunIgd({"name", file}).out, "A001.MOV\n");
+    ASSERT_EQ(RunIgd({"prefs", "set", prefix + "EnableRenameTemplate", "true"}).exitCode, 0);
+    EXPECT_EQ(RunIgd({"name", file}).out, "A001_001.MOV\n");
 }
 
 } // namespace
+} // namespace igd::test

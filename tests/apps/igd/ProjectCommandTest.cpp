@@ -1,86 +1,61 @@
-// `igd project` through the real binary, when the build made one beside this test.
+// `igd project` as a user runs it: it makes and lists projects and never takes over another file.
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <array>
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <memory>
 #include <string>
 
 #include "Proj/Project.h"
-#include "platform/project/ProjectTestSupport.h"
 #include "apps/igd/IgdCommand.h"
-#include "support/TempTree.h"
+#include "platform/project/ProjectTestSupport.h"
 
+namespace igd::test {
 namespace {
 
-using igd::test::CommandRun;
+using ProjectCommandTest = IgdCommandTest;
 
-CommandRun Igd(const std::string& arguments) {
-    return igd::test::RunIgd(arguments);
-}
-
-std::string ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-class ProjectCommand : public ::testing::Test {
-protected:
-    igd::test::TempTree tree_;
-};
-
-TEST_F(ProjectCommand, InitCreatesAProjectAndTouchesNothingElse) {
-    const std::string path = tree_.NativePath("shoot.igdproj");
-    CommandRun run = Igd("project init " + path);
-    EXPECT_EQ(run.exitCode, 0) << run.output;
-    EXPECT_EQ(run.output, "created the empty project " + path + "\n");
+TEST_F(ProjectCommandTest, InitCreatesAProjectAndTouchesNothingElse) {
+    const std::string path = Native("shoot.igdproj");
+    Ran run = RunIgd({"project", "init", path});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(run.out, "created the empty project " + path + "\n");
     EXPECT_TRUE(Proj::Project::Open(path)->Items().empty());
 
-    Proj::Project::Open(path)->ImportItem(igd::test::MakeItem(u"/card/A001.MOV"));
-    run = Igd("project init " + path);
-    EXPECT_EQ(run.exitCode, 0) << run.output;
-    EXPECT_EQ(run.output, path + " is a project already (1 item); nothing was changed\n");
+    Proj::Project::Open(path)->ImportItem(MakeItem(u"/card/A001.MOV"));
+    run = RunIgd({"project", "init", path});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(run.out, path + " is a project already (1 item); nothing was changed\n");
 
-    struct Case {
-        const char* file;
-        const char* content;
-        std::string message;
-    };
-    for (const Case& c : {Case{"empty", "", " exists and is not a project; it was left as it is\n"},
-                          Case{"notes.txt", "A001 interview\n", "; it was left as it is\n"}}) {
-        SCOPED_TRACE(c.file);
-        tree_.MakeFile(c.file, c.content);
-        run = Igd(std::string("project init ") + tree_.NativePath(c.file));
+    for (const auto& [file, content, message] :
+         {std::tuple<std::string, std::string, std::string>{
+              "empty", "", " exists and is not a project; it was left as it is\n"},
+          {"notes.txt", "A001 interview\n", "; it was left as it is\n"}}) {
+        SCOPED_TRACE(file);
+        tree.MakeFile(file, content);
+        run = RunIgd({"project", "init", Native(file)});
         EXPECT_EQ(run.exitCode, 2);
-        EXPECT_TRUE(run.output.starts_with("igd: ")) << run.output;
-        EXPECT_TRUE(run.output.ends_with(c.message)) << run.output;
-        EXPECT_EQ(ReadBytes(tree_.NativePath(c.file)), c.content);
+        EXPECT_TRUE(run.err.starts_with("igd: ")) << run.err;
+        EXPECT_TRUE(run.err.ends_with(message)) << run.err;
+        EXPECT_EQ(ReadFileBytes(Native(file)), content);
     }
 }
 
-TEST_F(ProjectCommand, ListShowsBinsItemsAndMetadataForPeopleAndPrograms) {
-    const std::string path = tree_.NativePath("shoot.igdproj");
+TEST_F(ProjectCommandTest, ListShowsBinsItemsAndMetadataForPeopleAndPrograms) {
+    const std::string path = Native("shoot.igdproj");
     {
         auto project = Proj::Project::Open(path);
-        Proj::ProjectItem clip = igd::test::MakeItem(u"/card/A001.MOV", u"Day \"1\"");
+        Proj::ProjectItem clip = MakeItem(u"/card/A001.MOV", u"Day \"1\"");
         clip.name = u"Interview \u00E9t\u00E9";
         clip.clipGuid = *fluxcore::utility::Guid::FromString("38645337-a23d-4652-9c78-542163697f95");
         clip.extraPaths = {u"/card/A001.xmp"};
         clip.inPoint = 0;
         clip.metadata = {{u"http://ns.example.com/shoot/", "shoot", {{u"scene", u"12"}, {u"take", u"3"}}}};
         project->ImportItem(clip);
-        project->ImportItem(igd::test::MakeItem(u"/card/A002.MOV"));
+        project->ImportItem(MakeItem(u"/card/A002.MOV"));
     }
 
-    CommandRun run = Igd("project ls " + path);
-    EXPECT_EQ(run.exitCode, 0) << run.output;
-    EXPECT_EQ(run.output,
+    Ran run = RunIgd({"project", "ls", path});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(run.out,
               "project " + path +
                   ": 2 items\n"
                   "\n(root bin)\n"
@@ -91,9 +66,9 @@ TEST_F(ProjectCommand, ListShowsBinsItemsAndMetadataForPeopleAndPrograms) {
                   "    in/out   0 / - ticks\n    extra    /card/A001.xmp\n"
                   "    shoot <http://ns.example.com/shoot/>\n      scene: 12\n      take: 3\n");
 
-    run = Igd("project ls --json --bin 'Day \"1\"' " + path);
-    EXPECT_EQ(run.exitCode, 0) << run.output;
-    EXPECT_EQ(run.output,
+    run = RunIgd({"project", "ls", "--json", "--bin", "Day \"1\"", path});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(run.out,
               "{\"project\":\"" + path +
                   "\",\"bins\":[{\"name\":\"Day \\\"1\\\"\",\"items\":[{\"name\":\"Interview "
                   "\xC3\xA9t\xC3\xA9\",\"path\":\"/card/A001.MOV\",\"format\":\"File\","
@@ -103,17 +78,18 @@ TEST_F(ProjectCommand, ListShowsBinsItemsAndMetadataForPeopleAndPrograms) {
                   "\"values\":{\"scene\":\"12\",\"take\":\"3\"}}]}]}]}\n");
 }
 
-TEST_F(ProjectCommand, ListNeverCreatesOrTakesOverAFile) {
-    const std::string missing = tree_.NativePath("missing.igdproj");
-    CommandRun run = Igd("project ls " + missing);
+TEST_F(ProjectCommandTest, ListNeverCreatesOrTakesOverAFile) {
+    const std::string missing = Native("missing.igdproj");
+    Ran run = RunIgd({"project", "ls", missing});
     EXPECT_EQ(run.exitCode, 2);
-    EXPECT_EQ(run.output, "igd: there is no project at " + missing + "\n");
+    EXPECT_EQ(run.err, "igd: there is no project at " + missing + "\n");
     EXPECT_FALSE(std::filesystem::exists(missing));
 
-    tree_.MakeFile("notes.txt", "A001 interview\n");
-    run = Igd("project ls --json " + tree_.NativePath("notes.txt"));
+    tree.MakeFile("notes.txt", "A001 interview\n");
+    run = RunIgd({"project", "ls", "--json", Native("notes.txt")});
     EXPECT_EQ(run.exitCode, 2);
-    EXPECT_EQ(run.output, "igd: not a project file: " + tree_.NativePath("notes.txt") + "\n");
+    EXPECT_EQ(run.err, "igd: not a project file: " + Native("notes.txt") + "\n");
 }
 
 } // namespace
+} // namespace igd::test

@@ -6,7 +6,7 @@
 
 #include "TerminalInteractionDriver.h"
 
-namespace igd {
+namespace igd::test {
 namespace {
 
 Fnd::ExistingPathQuestion Question() {
@@ -16,46 +16,37 @@ Fnd::ExistingPathQuestion Question() {
     return question;
 }
 
-TEST(TerminalInteractionDriver, APolicyAnswersEveryQuestionForTheWholeRequest) {
-    std::istringstream in;
-    std::ostringstream out;
-    TerminalInteractionDriver replace(in, out, false, 3);
-    const Fnd::ExistingPathAnswer answer = replace.AskExistingPath(Question());
-    EXPECT_TRUE(answer.proceed);
-    EXPECT_EQ(answer.action, 3);
-    EXPECT_TRUE(answer.applyToAll);
-
-    TerminalInteractionDriver cancel(in, out, false, 0);
-    EXPECT_FALSE(cancel.AskExistingPath(Question()).proceed);
-}
-
-TEST(TerminalInteractionDriver, WithoutAPolicyOrATerminalTheRequestIsCancelled) {
-    std::istringstream in("r\n");
-    std::ostringstream out;
-    TerminalInteractionDriver driver(in, out, false, std::nullopt);
-    EXPECT_FALSE(driver.AskExistingPath(Question()).proceed);
-    EXPECT_NE(out.str().find("--on-conflict"), std::string::npos);
-}
-
-TEST(TerminalInteractionDriver, TheUsersKeyChoosesTheActionAndCapitalsApplyToAll) {
+// A policy answers every question for the whole request; without one, the user's key chooses
+// and a capital applies to all; without a terminal either, the request is cancelled.
+TEST(TerminalInteractionDriver, APolicyOrTheUsersKeyChoosesTheActionAndNothingElseProceeds) {
     struct Case {
         const char* typed;
+        bool terminal;
+        std::optional<int> policy;
         bool proceed;
         int action;
         bool applyToAll;
     };
-    for (const Case& c :
-         {Case{"s\n", true, 1, false}, Case{"K\n", true, 2, true}, Case{"r\n", true, 3, false},
-          Case{"c\n", false, 0, false}, Case{"x\n", false, 0, false}, Case{"", false, 0, false}}) {
+    for (const Case& c : {Case{"", false, 3, true, 3, true}, Case{"", false, 0, false, 0, false},
+                          Case{"r\n", false, std::nullopt, false, 0, false},
+                          Case{"s\n", true, std::nullopt, true, 1, false},
+                          Case{"K\n", true, std::nullopt, true, 2, true},
+                          Case{"r\n", true, std::nullopt, true, 3, false},
+                          Case{"c\n", true, std::nullopt, false, 0, false},
+                          Case{"x\n", true, std::nullopt, false, 0, false},
+                          Case{"", true, std::nullopt, false, 0, false}}) {
+        SCOPED_TRACE(std::string(c.typed) + (c.terminal ? " at a terminal" : " without a terminal"));
         std::istringstream in(c.typed);
         std::ostringstream out;
-        TerminalInteractionDriver driver(in, out, true, std::nullopt);
+        TerminalInteractionDriver driver(in, out, c.terminal, c.policy);
         const Fnd::ExistingPathAnswer answer = driver.AskExistingPath(Question());
-        EXPECT_EQ(answer.proceed, c.proceed) << c.typed;
+        EXPECT_EQ(answer.proceed, c.proceed);
         if (c.proceed) {
-            EXPECT_EQ(answer.action, c.action) << c.typed;
-            EXPECT_EQ(answer.applyToAll, c.applyToAll) << c.typed;
+            EXPECT_EQ(answer.action, c.action);
+            EXPECT_EQ(answer.applyToAll, c.applyToAll);
         }
+        if (!c.terminal && !c.policy)
+            EXPECT_NE(out.str().find("--on-conflict"), std::string::npos) << "the way out is named";
     }
 }
 
@@ -78,4 +69,4 @@ TEST(TerminalInteractionDriver, BoxesTakeTheDefaultUnlessTheUserPicksAnotherButt
 }
 
 } // namespace
-} // namespace igd
+} // namespace igd::test

@@ -55,38 +55,27 @@ private:
     std::deque<Shortage> shortages_;
 };
 
-class DiskSpaceTest : public ::testing::Test {
+class DiskSpaceTest : public PlanTest {
 protected:
     bool Check() { return IGD::CheckDiskSpace(sources_, bases_, disk.Measure()); }
-
-    // Each box as "title: text".
-    std::vector<std::string> Texts() const {
-        std::vector<std::string> texts;
-        for (const Fnd::MessageBoxRequest& box : ui->Boxes())
-            texts.push_back(Fnd::ToUTF8(box.title + u": " + box.text));
-        return texts;
-    }
 
     static std::string ShortOf(const std::string& path, const std::string& amount) {
         return "Clip Copy: There is not enough space to transfer to " + path +
                ". Please change the destination or release about " + amount + " space.";
     }
 
-    ScopedInteractionDriver ui;
     ScriptedDisk disk;
     const std::vector<Fnd::WString> sources_{u"/media/card/A001.MOV", u"/media/card/A002.MOV"};
     const std::vector<Fnd::WString> bases_{u"/mnt/raid", u"/mnt/shuttle"};
 };
 
-TEST_F(DiskSpaceTest, EnoughSpaceAsksNothingAndMeasuresTheGivenPathsOnce) {
+TEST_F(DiskSpaceTest, TheQuestionOffersRetryCancelContinueWithCancelTheDefaultAndContinueGoesOn) {
+    // Enough space asks nothing, and the given paths are measured once.
     EXPECT_TRUE(Check());
     EXPECT_TRUE(ui->Boxes().empty());
-    EXPECT_EQ(disk.measures, 1);
     EXPECT_EQ(disk.seenSources, sources_);
     EXPECT_EQ(disk.seenBases, bases_);
-}
 
-TEST_F(DiskSpaceTest, TheQuestionOffersRetryCancelContinueWithCancelTheDefaultAndContinueGoesOn) {
     disk.QueueShortage(u"/mnt/shuttle//day1/..", 3ull << 30);
     ui->QueueBoxAnswer(kCancel);
 
@@ -96,15 +85,15 @@ TEST_F(DiskSpaceTest, TheQuestionOffersRetryCancelContinueWithCancelTheDefaultAn
     EXPECT_EQ(box.buttons, (std::vector<Fnd::WString>{u"Retry", u"Cancel", u"Continue"}));
     EXPECT_EQ(box.defaultButton, kCancel);
     // The path as the user knows it, the amount as a person reads it.
-    EXPECT_EQ(Texts(), std::vector<std::string>{ShortOf("/mnt/shuttle", "3.0 GB")});
-    EXPECT_EQ(disk.measures, 1);
+    EXPECT_EQ(BoxTexts(), std::vector<std::string>{ShortOf("/mnt/shuttle", "3.0 GB")});
+    EXPECT_EQ(disk.measures, 2);
 
     // Continue goes on without the space.
     disk.QueueShortage(u"/mnt/raid", 1536);
     ui->QueueBoxAnswer(kContinue);
     EXPECT_TRUE(Check());
-    EXPECT_EQ(Texts().back(), ShortOf("/mnt/raid", "1.5 KB"));
-    EXPECT_EQ(disk.measures, 2);
+    EXPECT_EQ(BoxTexts().back(), ShortOf("/mnt/raid", "1.5 KB"));
+    EXPECT_EQ(disk.measures, 3);
 }
 
 // Retry measures again and asks again about whatever is still short, for as long as the user
@@ -119,7 +108,7 @@ TEST_F(DiskSpaceTest, RetryMeasuresAgainUntilItFitsOrTheUserDecides) {
 
     EXPECT_TRUE(Check());
     EXPECT_EQ(disk.measures, 4);
-    EXPECT_EQ(Texts(),
+    EXPECT_EQ(BoxTexts(),
               (std::vector<std::string>{ShortOf("/mnt/raid", "5.0 MB"), ShortOf("/mnt/shuttle", "512 bytes"),
                                         ShortOf("/mnt/shuttle", "100 bytes")}));
 
@@ -136,7 +125,7 @@ TEST_F(DiskSpaceTest, AnUnsetDestinationIsToldAndNotRetried) {
     ui->QueueBoxAnswer(0);
 
     EXPECT_FALSE(Check());
-    EXPECT_EQ(Texts(),
+    EXPECT_EQ(BoxTexts(),
               std::vector<std::string>{"Destination path is not set: Please specify the destination path."});
     EXPECT_EQ(ui->Boxes()[0].buttons.size(), 1u);
 
@@ -152,9 +141,7 @@ TEST_F(DiskSpaceTest, AnUnsetDestinationIsToldAndNotRetried) {
 
 // The real disk through the whole chain: a source far larger than any disk (a sparse file costs
 // nothing) makes the space step ask, and Continue leads on to the next step.
-class DiskSpaceChainTest : public PlanTest {};
-
-TEST_F(DiskSpaceChainTest, ContinueInTheSpaceQuestionLeadsOnToTheImportCheck) {
+TEST_F(DiskSpaceTest, ContinueInTheSpaceQuestionLeadsOnToTheImportCheck) {
     auto session = NewSession();
     session->SetSourceRoot(tree.Path("src"));
     tree.MakeFolder("src/card/CLIPS");
@@ -171,13 +158,11 @@ TEST_F(DiskSpaceChainTest, ContinueInTheSpaceQuestionLeadsOnToTheImportCheck) {
 
     EXPECT_FALSE(IGD::RunPreflightChain(session->GetSourceRoot(), session->GetSelectedItems(),
                                         session->GetDestinations()));
-    ASSERT_EQ(ui->Boxes().size(), 2u);
-    EXPECT_EQ(ui->Boxes()[0].title, u"Clip Copy");
-    EXPECT_EQ(Fnd::ToUTF8(ui->Boxes()[0].text)
-                  .rfind("There is not enough space to transfer to " + tree.NativePath("p") + ".", 0),
+    const Strings boxes = BoxTexts();
+    ASSERT_EQ(boxes.size(), 2u);
+    EXPECT_EQ(boxes[0].rfind("Clip Copy: There is not enough space to transfer to " + tree.NativePath("p") + ".", 0),
               0u);
-    EXPECT_EQ(Fnd::ToUTF8(ui->Boxes()[1].title + u": " + ui->Boxes()[1].text),
-              "Import Error: There's no item can be import.");
+    EXPECT_EQ(boxes[1], "Import Error: There's no item can be import.");
 
     // Cancel ends the chain at the space step.
     ui->QueueBoxAnswer(kCancel);

@@ -3,27 +3,18 @@
 #include "Fnd/PathUtils.h"
 #include "IGD/IngestApi.h"
 #include "tests/pipeline/PlanTestSupport.h"
-#include "QL/PresetFieldFactory.h"
-#include "QL/PresetObject.h"
-#include "settings/IngestSettingsController.h"
+#include "support/PresetFields.h"
 
 namespace igd::test {
 namespace {
 
 IGD::PresetRef CounterTemplate() {
-    auto counter = QL::CreatePresetField(QL::kQLFieldAutoIncrement);
-    counter->SetValue(u"000");
-    auto text = QL::CreatePresetField(QL::kQLFieldCustomText);
-    text->SetValue(u"_Day1");
-    return IGD::PresetRef(
-        QL::PresetObject::Create(QL::kQLPresetCategoryRename, u"Day", {counter, text}).get());
+    return Preset(QL::kQLPresetCategoryRename, {Field(QL::kQLFieldAutoIncrement, u"000"),
+                                                Field(QL::kQLFieldCustomText, u"_Day1")});
 }
 
 class IngestFileOutputNameTest : public PlanTest {
 protected:
-    IngestFileOutputNameTest() {
-        IGD::IngestSettingsController::GetInstance()->SetUserDefAutoIncStartNumber(1);
-    }
     const Fnd::Date date = Fnd::Date::FromSeconds(1709649059);
 };
 

@@ -6,72 +6,50 @@
 #include <vector>
 
 #include "tests/pipeline/PlanTestSupport.h"
-#include "QL/PresetFieldFactory.h"
-#include "QL/PresetObject.h"
 #include "pipeline/entry/IngestRequest.h"
 #include "pipeline/entry/AdvanceRenameCounter.h"
 #include "pipeline/naming/RenameCounter.h"
-#include "settings/IngestSettingsController.h"
+#include "support/PresetFields.h"
 
 namespace igd::test {
 namespace {
 
-IGD::PresetRef Preset(QL::_QLPresetCategory category, std::vector<QL::_QLPresetFieldType> types,
-                      std::u16string_view value = u"v") {
+// A template of one field of each type, its key "scene" and its value given.
+IGD::PresetRef Template(QL::_QLPresetCategory category, std::vector<QL::_QLPresetFieldType> types,
+                        std::u16string_view value = u"v") {
     QL::PresetFieldList fields;
     for (const QL::_QLPresetFieldType type : types) {
-        auto field = QL::CreatePresetField(type);
-        field->SetKey(u"scene");
-        field->SetValue(Fnd::WString(value));
-        fields.push_back(field);
+        fields.push_back(Field(type, {}, u"scene"));
+        fields.back()->SetValue(Fnd::WString(value));
     }
-    return IGD::PresetRef(QL::PresetObject::Create(category, u"Template", fields).get());
+    return Preset(category, fields);
 }
 
 class IngestRequestTest : public PlanTest {
 protected:
-    IngestRequestTest() : settings_(*IGD::IngestSettingsController::GetInstance()) {
-        settings_.ResetToDefaults();
-    }
-    ~IngestRequestTest() override { settings_.ResetToDefaults(); }
-
     void UseRenameTemplate(IGD::IIngestDialogData& session, std::vector<QL::_QLPresetFieldType> types) {
-        settings_.SetEnableRenameTemplate(true);
+        settings.SetEnableRenameTemplate(true);
         session.SetRenameEnabled(true);
-        session.SetRenamePreset(Preset(QL::kQLPresetCategoryRename, std::move(types), u"000"));
+        session.SetRenamePreset(Template(QL::kQLPresetCategoryRename, std::move(types), u"000"));
     }
     bool Check(IGD::IIngestDialogData& session, std::uint32_t firstCounter = 1) {
         return IGD::CheckIngestRequest(session, nullptr, Fnd::Date::Now(), firstCounter,
-                                       settings_.GetUserDefAutoIncStartNumber());
+                                       settings.GetUserDefAutoIncStartNumber());
     }
-    std::vector<std::string> BoxTexts() const {
-        std::vector<std::string> texts;
-        for (const Fnd::MessageBoxRequest& box : ui->Boxes())
-            texts.push_back(Fnd::ToUTF8(box.title + u": " + box.text));
-        return texts;
-    }
-    static std::vector<std::string> OutputNames(const IGD::IIngestDialogData& session) {
-        std::vector<std::string> names;
-        for (const IGD::SelectedItemRef& item : session.GetSelectedItems())
-            names.push_back(Fnd::ToUTF8(item->GetOutputName()));
-        return names;
-    }
-
-    IGD::IngestSettingsController& settings_;
 };
 
 TEST_F(IngestRequestTest, StopsAtTheFirstFailingStepWithItsBoxAndLeavesItemsUnnamed) {
     // A template still being edited stops everything before a name is made.
     auto session = SessionWithClips({"A001.MOV"});
     UseRenameTemplate(*session, {QL::kQLFieldAutoIncrement});
-    settings_.SetRenameEditMode(true);
+    settings.SetRenameEditMode(true);
     const fluxcore::utility::Guid id = session->GetSelectedItems().front()->GetClipGuid();
     ui->QueueBoxAnswer(0);
     EXPECT_FALSE(Check(*session));
-    EXPECT_EQ(OutputNames(*session), std::vector<std::string>{""});
+    EXPECT_EQ(OutputNames(*session), Strings{""});
     EXPECT_EQ(session->GetSelectedItems().front()->GetClipGuid(), id);
 
-    settings_.ResetToDefaults();
+    settings.ResetToDefaults();
     auto empty = NewSession();
     ui->QueueBoxAnswer(0);
     EXPECT_FALSE(Check(*empty));
@@ -94,22 +72,6 @@ TEST_F(IngestRequestTest, ImportOnlyPassesWithoutThePreflightChainAndGivesEveryI
     EXPECT_FALSE(items[0]->GetClipGuid().IsZero());
     EXPECT_NE(items[0]->GetClipGuid(), items[1]->GetClipGuid());
     EXPECT_TRUE(ui->Boxes().empty());
-}
-
-TEST_F(IngestRequestTest, CopiesGoThroughThePreflightChain) {
-    auto session = SessionWithClips({"A001.MOV"});
-    session->SetImportOnly(false);
-    auto destination = AddDestination(*session, "main", true);
-    destination->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
-    destination->SetSubFolder(u"  ");
-    ui->QueueBoxAnswer(0);
-    EXPECT_FALSE(Check(*session));
-    ASSERT_EQ(BoxTexts().size(), 1u);
-    EXPECT_EQ(BoxTexts()[0], "Invalid Folder Name:   \nThe folder name is not valid.");
-
-    destination->SetSubFolder(u" Day 1 ");
-    EXPECT_TRUE(Check(*session));
-    EXPECT_EQ(destination->GetSubFolder(), u"Day 1");
 }
 
 TEST_F(IngestRequestTest, AsksOnceAboutOldRoughCutsAndOnlyOKGoesOn) {
@@ -138,7 +100,7 @@ TEST_F(IngestRequestTest, NamesContinueFromTheGivenCounterOnlyWhenRenamingIsOn) 
 
     auto off = SessionWithClips({"B001.MOV"});
     off->SetImportOnly(true);
-    off->SetRenamePreset(Preset(QL::kQLPresetCategoryRename, {QL::kQLFieldAutoIncrement}, u"000"));
+    off->SetRenamePreset(Template(QL::kQLPresetCategoryRename, {QL::kQLFieldAutoIncrement}, u"000"));
     ASSERT_TRUE(Check(*off));
     EXPECT_EQ(OutputNames(*off), std::vector<std::string>{""});
 }
@@ -150,7 +112,7 @@ TEST_F(IngestRequestTest, CompletionStoresTheTemplateValuesBesideThePanelsAnswer
         auto session = SessionWithClips({"A001.MOV"});
         const IGD::IngestDestinationRef destination = AddDestination(*session, "main", true);
         session->SetMetadataEnabled(metadataOn);
-        session->SetMetadataPreset(Preset(QL::kQLPresetCategoryMetadata, {QL::kQLFieldMetadata}, u"12"));
+        session->SetMetadataPreset(Template(QL::kQLPresetCategoryMetadata, {QL::kQLFieldMetadata}, u"12"));
         ASSERT_TRUE(IGD::CompleteIngestRequest(*session, answer));
         const QL::IngestCustomData stored = session->GetCustomData();
         EXPECT_EQ(stored.minimumMetadata.keywords, answer.keywords);
@@ -181,11 +143,11 @@ TEST_F(IngestRequestTest, TheStartNumberMovesByItemsOrByOneForALoneStitch) {
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(each.what);
-        settings_.SetUserDefAutoIncStartNumber(10);
+        settings.SetUserDefAutoIncStartNumber(10);
         auto session = SessionWithClips({"A.MOV", "B.MOV", "C.MOV"});
         session->SetRenameEnabled(true);
         session->SetRenamePreset(
-            Preset(QL::kQLPresetCategoryRename,
+            Template(QL::kQLPresetCategoryRename,
                    {each.customCounter ? QL::kQLFieldUserDefinedAutoIncrement : QL::kQLFieldAutoIncrement}));
         session->SetRenameApplyScope(each.scope);
         for (int i = 0; i < each.destinations; ++i) {
@@ -195,11 +157,11 @@ TEST_F(IngestRequestTest, TheStartNumberMovesByItemsOrByOneForALoneStitch) {
         }
         EXPECT_EQ(IGD::RenameCounterStep(*session), each.step);
         IGD::AdvanceRenameCounter(*session);
-        EXPECT_EQ(settings_.GetUserDefAutoIncStartNumber(), 10 + each.step);
+        EXPECT_EQ(settings.GetUserDefAutoIncStartNumber(), 10 + each.step);
 
         session->SetRenameEnabled(false);
         IGD::AdvanceRenameCounter(*session);
-        EXPECT_EQ(settings_.GetUserDefAutoIncStartNumber(), 10 + each.step) << "renaming off moves nothing";
+        EXPECT_EQ(settings.GetUserDefAutoIncStartNumber(), 10 + each.step) << "renaming off moves nothing";
     }
 }
 

@@ -11,14 +11,10 @@
 #include "pipeline/gathering/ProviderFields.h"
 #include "support/TempTree.h"
 
-namespace IGD {
+namespace igd::test {
 namespace {
 
-using igd::test::TempTree;
-
-IngestDialogDataRef NewSession() {
-    return IngestDialogDataRef::Query(CreateIngestDialogData());
-}
+using namespace IGD;
 
 const SelectedClipItem* OnlyClip(const IngestDialogDataRef& session) {
     const SelectedItemList items = session->GetSelectedItems();
@@ -53,8 +49,14 @@ public:
     }
 };
 
-TEST(GatherPathItemsTest, ASpannedCardClipBecomesOneFolderBasedItem) {
+// Gathering into a fresh session from files of a fresh tree.
+class GatherTest : public ::testing::Test {
+protected:
     TempTree tree;
+    const IngestDialogDataRef session = IngestDialogDataRef::Query(CreateIngestDialogData());
+};
+
+TEST_F(GatherTest, ASpannedCardClipBecomesOneFolderBasedItem) {
     tree.MakeFile("shoot/CARD/CONTENTS/CLIP/000AB1.XML", P2Xml("G1", "G1", "G2"));
     tree.MakeFile("shoot/CARD/CONTENTS/CLIP/000AB2.XML", P2Xml("G2", "G1", ""));
     tree.MakeFile("shoot/CARD/CONTENTS/VIDEO/000AB1.MXF");
@@ -62,7 +64,6 @@ TEST(GatherPathItemsTest, ASpannedCardClipBecomesOneFolderBasedItem) {
     // A sidecar beside card media is not the clip's: cards carry their own metadata.
     tree.MakeFile("shoot/CARD/CONTENTS/VIDEO/000AB1.xmp");
 
-    const IngestDialogDataRef session = NewSession();
     GatherPathItems(*session, tree.Path("shoot/CARD/CONTENTS/VIDEO/000AB1.MXF"));
 
     const SelectedClipItem* item = OnlyClip(session);
@@ -80,8 +81,7 @@ TEST(GatherPathItemsTest, ASpannedCardClipBecomesOneFolderBasedItem) {
 }
 
 // Whichever file of a card clip a host names, the item is the clip, named by its media file.
-TEST(GatherPathItemsTest, AnyFileOfACardClipGivesTheClipByItsMediaFile) {
-    TempTree tree;
+TEST_F(GatherTest, AnyFileOfACardClipGivesTheClipByItsMediaFile) {
     tree.MakeFile("GOPRO/DCIM/100GOPRO/GH010042.MP4");
     tree.MakeFile("GOPRO/DCIM/100GOPRO/GH020042.MP4");
     tree.MakeFile("P2/CONTENTS/CLIP/000AB1.XML", P2Xml("G1", "G1", ""));
@@ -92,7 +92,7 @@ TEST(GatherPathItemsTest, AnyFileOfACardClipGivesTheClipByItsMediaFile) {
     };
     for (const auto& [named, media] : cases) {
         SCOPED_TRACE(named);
-        const IngestDialogDataRef session = NewSession();
+        const IngestDialogDataRef session = IngestDialogDataRef::Query(CreateIngestDialogData());
         GatherPathItems(*session, tree.Path(named));
         const SelectedClipItem* item = OnlyClip(session);
         ASSERT_NE(item, nullptr);
@@ -100,13 +100,11 @@ TEST(GatherPathItemsTest, AnyFileOfACardClipGivesTheClipByItsMediaFile) {
     }
 }
 
-TEST(GatherPathItemsTest, APlainFileTakesItsSidecarAndFullName) {
-    TempTree tree;
+TEST_F(GatherTest, APlainFileTakesItsSidecarAndFullName) {
     tree.MakeFile("media/A001.MOV");
     tree.MakeFile("media/A001.xmp");
     tree.MakeFile("media/B001.MOV");
 
-    const IngestDialogDataRef session = NewSession();
     GatherPathItems(*session, tree.Path("media/A001.MOV"));
 
     const SelectedClipItem* item = OnlyClip(session);
@@ -119,12 +117,10 @@ TEST(GatherPathItemsTest, APlainFileTakesItsSidecarAndFullName) {
     EXPECT_EQ(item->GetItemFormat(), u"com.veltrix.Kestrel.WinProviderDirectory");
 }
 
-TEST(GatherPathItemsTest, AFolderListsEverythingBelowIt) {
-    TempTree tree;
+TEST_F(GatherTest, AFolderListsEverythingBelowIt) {
     tree.MakeFile("media/day1/A001.MOV");
     tree.MakeFile("media/day1/sound/A001.WAV");
 
-    const IngestDialogDataRef session = NewSession();
     GatherPathItems(*session, tree.Path("media/day1"));
 
     const SelectedItemList items = session->GetSelectedItems();
@@ -136,17 +132,14 @@ TEST(GatherPathItemsTest, AFolderListsEverythingBelowIt) {
         EXPECT_NE(std::find(extras.begin(), extras.end(), expected), extras.end()) << Fnd::ToUTF8(expected);
 }
 
-TEST(GatherPathItemsTest, APathNoProviderKnowsGivesNothing) {
-    TempTree tree;
-    const IngestDialogDataRef session = NewSession();
+TEST_F(GatherTest, APathNoProviderKnowsGivesNothing) {
     session->SetSourceRoot(u"/kept");
     GatherPathItems(*session, tree.Path("missing/A001.MOV"));
     EXPECT_TRUE(session->GetSelectedItems().empty());
     EXPECT_EQ(session->GetSourceRoot(), u"/kept");
 }
 
-TEST(AddBrowserItemsTest, HiddenFilesNeverTravelAndNestedListsFlatten) {
-    TempTree tree;
+TEST_F(GatherTest, HiddenFilesNeverTravelAndNestedListsFlatten) {
     tree.MakeFile("CARD/CLIPS/A.MXF");
     ScriptedProvider provider;
     using Browse::any_regular_t;
@@ -156,7 +149,6 @@ TEST(AddBrowserItemsTest, HiddenFilesNeverTravelAndNestedListsFlatten) {
                                                  any_regular_t(tree.Path("CARD/CLIPS/A.XML"))})});
     provider.content[u"CLIPS/A.MXF"][Browse::kNameField] = any_regular_t(std::vector<any_regular_t>{});
 
-    const IngestDialogDataRef session = NewSession();
     AddBrowserItems(*session, {{tree.Path("CARD/CLIPS/A.MXF"), u"CLIPS/A.MXF"}}, {}, &provider,
                     tree.NativePath("CARD"));
 
@@ -169,15 +161,13 @@ TEST(AddBrowserItemsTest, HiddenFilesNeverTravelAndNestedListsFlatten) {
     EXPECT_EQ(provider.askedDirectories.front(), tree.Path("CARD"));
 }
 
-TEST(AddBrowserItemsTest, InAndOutPointsArriveOnlyThroughTheFullPath) {
-    TempTree tree;
+TEST_F(GatherTest, InAndOutPointsArriveOnlyThroughTheFullPath) {
     tree.MakeFile("media/A.MOV");
     tree.MakeFile("media/B.MOV");
     ClipSettings settings;
     settings[tree.Path("media/A.MOV")] = {24, 100, 200};
     settings[u"B.MOV"] = {24, 300, 400};
 
-    const IngestDialogDataRef session = NewSession();
     AddBrowserItems(*session, {{tree.Path("media/A.MOV"), u"A.MOV"}, {tree.Path("media/B.MOV"), u"B.MOV"}},
                     settings, &Browse::ProviderRegistry::PlainDirectory(), tree.NativePath("media"));
 
@@ -186,21 +176,18 @@ TEST(AddBrowserItemsTest, InAndOutPointsArriveOnlyThroughTheFullPath) {
     const auto* a = dynamic_cast<const SelectedClipItem*>(items[0].get());
     const auto* b = dynamic_cast<const SelectedClipItem*>(items[1].get());
     ASSERT_TRUE(a && b);
-    EXPECT_EQ(a->GetInPoint(), 100);
-    EXPECT_EQ(a->GetOutPoint(), 200);
-    EXPECT_EQ(a->GetFrameRate(), 24);
+    EXPECT_EQ((std::vector<std::int64_t>{a->GetInPoint(), a->GetOutPoint(), a->GetFrameRate()}),
+              (std::vector<std::int64_t>{100, 200, 24}));
     EXPECT_EQ(b->GetInPoint(), fluxmediatypes::kTime_Invalid);
 }
 
-TEST(AddBrowserItemsTest, ALinkOnTheSameFilesystemMovesTheDirectoryToItsFolder) {
-    TempTree tree;
+TEST_F(GatherTest, ALinkOnTheSameFilesystemMovesTheDirectoryToItsFolder) {
     tree.MakeFile("real/A.MOV");
     tree.MakeSymlink("links/A.MOV", tree.NativePath("real/A.MOV"));
     ScriptedProvider provider;
     provider.identification = Browse::PlainDirectoryProvider::kIdentification;
     provider.checkFilter = true;
 
-    const IngestDialogDataRef session = NewSession();
     AddBrowserItems(*session, {{tree.Path("real/A.MOV"), u"A.MOV"}}, {}, &provider, tree.NativePath("links"));
 
     EXPECT_EQ(session->GetSourceRoot(), tree.Path("real"));
@@ -208,16 +195,14 @@ TEST(AddBrowserItemsTest, ALinkOnTheSameFilesystemMovesTheDirectoryToItsFolder) 
     EXPECT_EQ(session->GetSelectedItems().front()->GetItemPath(), u"A.MOV");
 }
 
-TEST(ProviderFieldsTest, OnlyTheDirectoryProviderIsPlain) {
-    EXPECT_TRUE(IsPlainDirectoryProvider(""));
-    EXPECT_TRUE(IsPlainDirectoryProvider("noDots"));
-    EXPECT_TRUE(IsPlainDirectoryProvider("com.veltrix.Kestrel.WinProviderDirectory"));
-    EXPECT_TRUE(IsPlainDirectoryProvider("com.example.Browser"));
-    EXPECT_FALSE(IsPlainDirectoryProvider("com.veltrix.Kestrel.ProviderP2"));
-    EXPECT_FALSE(IsPlainDirectoryProvider("com.veltrix.Kestrel.WinProviderDirectoryX"));
-    // Only the last dotted part counts.
-    EXPECT_FALSE(IsPlainDirectoryProvider("com.ProviderDirectory.ProviderRED"));
+// Only the last dotted part counts.
+TEST(ProviderFields, OnlyTheDirectoryProviderIsPlain) {
+    for (const char* plain : {"", "noDots", "com.veltrix.Kestrel.WinProviderDirectory", "com.example.Browser"})
+        EXPECT_TRUE(IsPlainDirectoryProvider(plain)) << plain;
+    for (const char* card : {"com.veltrix.Kestrel.ProviderP2", "com.veltrix.Kestrel.WinProviderDirectoryX",
+                             "com.ProviderDirectory.ProviderRED"})
+        EXPECT_FALSE(IsPlainDirectoryProvider(card)) << card;
 }
 
 } // namespace
-} // namespace IGD
+} // namespace igd::test

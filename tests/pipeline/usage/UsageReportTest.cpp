@@ -1,18 +1,26 @@
-// The usage events the plan sends, and that it runs the same without them.
+// The usage events the plan sends, that it runs the same without them, and the log file a host
+// can have them written to.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <regex>
+#include <string>
+#include <system_error>
 #include <utility>
 
 #include "EncoderHost/IPreset.h"
 #include "HostApp/ApplicationType.h"
 #include "tests/pipeline/PlanTestSupport.h"
 #include "Plug/IExporterModule.h"
+#include "fluxcore/UsageLogFile.h"
 #include "fluxcore/UsageLogger.h"
 #include "pipeline/plan/IngestPlan.h"
 #include "support/CountedUnknown.h"
 
 namespace igd::test {
 namespace {
+
+using fluxcore::config::UsageLogFile;
 
 // Keeps every event it sent, with the number of submissions made by then; or, declining, wants
 // no events at all.
@@ -75,6 +83,21 @@ public:
 
 class UsageReportTest : public PlanTest {
 protected:
+    std::string LogPath() const { return tree.NativePath("usage.jsonl"); }
+    void InstallLogFile() { fluxcore::config::UsageLogger::Set(UsageLogFile::Open(LogPath())); }
+
+    // The lines of the log, each without its time stamp, which must be a UTC time of the ISO form.
+    Strings Lines() const {
+        std::ifstream in(LogPath());
+        Strings lines;
+        static const std::regex kTime(R"(^\{"time":"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ",)");
+        for (std::string line; std::getline(in, line);) {
+            EXPECT_TRUE(std::regex_search(line, kTime)) << line;
+            lines.push_back(std::regex_replace(line, kTime, "{"));
+        }
+        return lines;
+    }
+
     std::shared_ptr<RecordingUsageLogger> Install(bool declining = false) {
         auto logger = std::make_shared<RecordingUsageLogger>(tasks.Service(), declining);
         fluxcore::config::UsageLogger::Set(logger);
@@ -139,20 +162,6 @@ TEST_F(UsageReportTest, EachDestinationSendsOneEventAfterItsTasksNamedByItsPosit
                        "Concatenation:Yes"}));
 }
 
-TEST_F(UsageReportTest, AnImportOnlyRequestSendsOneEventOfTheSessionsSwitches) {
-    auto logger = Install();
-    auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
-    session->SetRenameEnabled(true);
-    AddClip(*session, "A002.MOV");
-
-    DecideAndRun(session);
-
-    ASSERT_EQ(logger->sent.size(), 1u);
-    EXPECT_EQ(logger->sent[0].name, "Ingest/IngestSetting/ImportOnlySetting");
-    EXPECT_EQ(logger->sent[0].values, (Strings{"MetadataPreset:Disabled", "RenamePreset:Enabled",
-                                               "IngestType:ImportOnly", "SelectItemCount:3"}));
-}
-
 class HostedUsageTest : public UsageReportTest, public ::testing::WithParamInterface<int> {};
 
 TEST_P(HostedUsageTest, AHostedApplicationSendsNothing) {
@@ -168,6 +177,49 @@ TEST_P(HostedUsageTest, AHostedApplicationSendsNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, HostedUsageTest, ::testing::Values(5, 8));
+
+// The log a host can ask for holds one JSON line per event, attributes in the order the plan adds
+// them; a host that opens the log again, in this run or the next, adds to it.
+TEST_F(UsageReportTest, AnImportOnlyRequestWritesOneLineAfterWhatTheFileHeld) {
+    auto session = SessionWithClips({"A001.MOV"});
+    session->SetMetadataEnabled(true);
+    const std::string line =
+        R"({"category":"Ingest","subcategory":"IngestSetting","name":"ImportOnlySetting","extra":"",)"
+        R"("attributes":{"MetadataPreset":"MetadataPreset:Enabled","RenamePreset":"RenamePreset:Disabled",)"
+        R"("IngestType":"IngestType:ImportOnly","SelectItemCount":"SelectItemCount:1"}})";
+    InstallLogFile();
+    DecideAndRun(session);
+    EXPECT_EQ(Lines(), Strings{line});
+
+    InstallLogFile();
+    DecideAndRun(session);
+    EXPECT_EQ(Lines(), (Strings{line, line}));
+}
+
+// An event is written when it is let go, even after the host replaced or removed the logger.
+TEST_F(UsageReportTest, AnEventIsWrittenWhenReleasedWithItsTextEscaped) {
+    auto log = UsageLogFile::Open(LogPath());
+    auto event = log->NewEvent("Ingest", "IngestSetting", "Name \"quoted\"", "tab\there");
+    event->AddAttribute("Path", "C:\\clips\nnext\x01");
+    log.reset();
+    EXPECT_TRUE(Lines().empty());
+
+    event.reset();
+    EXPECT_EQ(Lines(),
+              Strings{R"({"category":"Ingest","subcategory":"IngestSetting","name":"Name \"quoted\"",)"
+                      R"("extra":"tab\there","attributes":{"Path":"C:\\clips\nnext\u0001"}})"});
+}
+
+TEST_F(UsageReportTest, AFileThatCannotBeOpenedIsReportedByPath) {
+    const std::string path = tree.NativePath("missing/usage.jsonl");
+    try {
+        UsageLogFile::Open(path);
+        ADD_FAILURE() << "opened " << path;
+    } catch (const std::system_error& error) {
+        EXPECT_NE(std::string(error.what()).find(path), std::string::npos) << error.what();
+        EXPECT_EQ(error.code(), std::errc::no_such_file_or_directory);
+    }
+}
 
 } // namespace
 } // namespace igd::test
