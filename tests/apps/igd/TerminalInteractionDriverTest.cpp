@@ -45,8 +45,9 @@ TEST(TerminalInteractionDriver, APolicyOrTheUsersKeyChoosesTheActionAndNothingEl
             EXPECT_EQ(answer.action, c.action);
             EXPECT_EQ(answer.applyToAll, c.applyToAll);
         }
-        if (!c.terminal && !c.policy)
+        if (!c.terminal && !c.policy) {
             EXPECT_NE(out.str().find("--on-conflict"), std::string::npos) << "the way out is named";
+        }
     }
 }
 

@@ -118,9 +118,11 @@ TEST_P(StoredLayout, ResolvesEveryTextAndMarksOnlyHintEditsForTheFactory) {
     ForEachNode(*built.root, [](const UI_Node& node) {
         EXPECT_EQ(DisplayText(node).find(u"$$$"), Fnd::WString::npos) << node.UI_GetNodeID();
         EXPECT_EQ(node.UI_GetToolTip().find(u"$$$"), Fnd::WString::npos) << node.UI_GetNodeID();
-        if (auto* popup = dynamic_cast<const fluxui::controls::UI_Popup*>(&node))
-            for (const auto& item : popup->GetItems())
+        if (auto* popup = dynamic_cast<const fluxui::controls::UI_Popup*>(&node)) {
+            for (const auto& item : popup->GetItems()) {
                 EXPECT_EQ(item.text.find(u"$$$"), Fnd::WString::npos) << node.UI_GetNodeID();
+            }
+        }
     });
     for (const Fnd::WString& className : built.classesAsked)
         EXPECT_EQ(className, u"AutoHintTextEdit");

@@ -27,7 +27,7 @@ public:
         // Write-ahead log, switched on only once the file is known to be ours.
         bool writeAheadLog = false;
         // "NORMAL" or "FULL"; empty keeps SQLite's default.
-        std::string_view synchronous;
+        std::string_view synchronous = {};
         // Throws Error when not given.
         Raise raise = nullptr;
     };

@@ -18,7 +18,7 @@ struct Schema {
         HeaderFields,
     };
     Storage storage = Storage::MetaTable;
-    std::string_view name;          // MetaTable
+    std::string_view name = {};     // MetaTable
     std::int32_t applicationId = 0; // HeaderFields
     int version = 1;
     // Lays out the current version in an empty database.

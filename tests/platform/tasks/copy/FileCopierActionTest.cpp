@@ -193,12 +193,15 @@ TEST_F(FileCopierActions, FolderEntries) {
         const CopyOutcome outcome =
             FileCopier().CopyFolder(tree_.NativePath("card/CLIP"), {{Destination(c.target), c.action}})[0];
         EXPECT_EQ(outcome.status, c.status) << outcome.reason;
-        if (*c.finalName)
+        if (*c.finalName) {
             EXPECT_EQ(ModificationTime(Destination(c.finalName)).tv_sec, c.time);
-        if (c.status == CopyStatus::Copied)
+        }
+        if (c.status == CopyStatus::Copied) {
             EXPECT_EQ(outcome.finalPath, Destination(c.finalName));
-        if (c.status == CopyStatus::Failed)
+        }
+        if (c.status == CopyStatus::Failed) {
             EXPECT_EQ(outcome.reason, "target exists");
+        }
     }
     EXPECT_FALSE(Exists(Destination("SKIPPED")));
     EXPECT_EQ(ReadFileBytes(Destination("FILE")), "a file, not a folder");
