@@ -10,7 +10,7 @@
 
 namespace igd::test {
 
-enum class LayoutControlKind { SubView, StaticText, Checkbox };
+enum class LayoutControlKind { StaticText, Checkbox };
 
 struct LayoutControl {
     LayoutControlKind kind;
