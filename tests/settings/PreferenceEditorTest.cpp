@@ -16,13 +16,9 @@ TEST(FindPreferenceKey, KnowsTheLibrarysKeysInEveryFormTheyAreStored) {
         {K("TransferSectionOpened"), Proj::ValueKind::kBool, "true"},
         {K("Local.Backup.TranscodePreset12"), Proj::ValueKind::kString},
         {K("Local.Backup.DestPathMRU2") + K("PathsMRUItem0"), Proj::ValueKind::kString},
-        {K("Primary.DestPathMRU") + K("PathsMRUCount"), Proj::ValueKind::kUInt32, "0"},
         {"IngestDialog.mainDialog.SplitterPercent", Proj::ValueKind::kFloat, "0.68"},
-        {"IngestDialog.mainDialog.Left", Proj::ValueKind::kInt32, "computed from the main window"},
-        {K("Local.Backup.Enabled"), std::nullopt},
         {K("Local.Backup.Enabled0"), std::nullopt},
         {K("Local.Backup.Enabled01"), std::nullopt},
-        {K("Primary.DestPathMRU"), std::nullopt},
         {K("Local.Backup.DestPathMRU") + K("PathsMRUCount"), std::nullopt},
         {K("Primary.NeedSubFolder"), std::nullopt},
     };
