@@ -93,14 +93,10 @@ TEST_F(SectionChildren, FindingByLayoutNameLooksOneLevelDownWhenAsked) {
     SectionViewExRef deep = Make<SectionViewEx>(u"G", "igdTestDeep");
     Child(1)->InsertChildSection(deep);
     deep->InsertChildSection(Make<SectionViewEx>(u"H", "igdTestDeep"));
-    Child(2)->InsertChildSection(Make<SectionViewEx>(u"I", "igdTestDeep"));
-
     EXPECT_EQ(parent->FindChildSection("igdTestRow"), children[0]);
-    EXPECT_EQ(parent->FindChildSections("igdTestRow").size(), 3u);
     EXPECT_EQ(parent->FindChildSection("igdTestDeep"), nullptr);
-    EXPECT_EQ(parent->FindChildSection("igdTestDeep", true), deep);
-    EXPECT_EQ(parent->FindChildSections("igdTestDeep", true).size(), 2u) << "one level down only";
-    EXPECT_EQ(parent->FindChildSection("IGDTESTROW", true), nullptr);
+    EXPECT_EQ(parent->FindChildSections("igdTestDeep", true), std::vector<SectionViewExRef>{deep})
+        << "one level down only";
 }
 
 TEST_F(SectionChildren, EnablingReachesTheContentAndTheChildren) {

@@ -11,8 +11,8 @@ std::string LayoutXml(float width, float height, const std::vector<LayoutControl
         const fluxcore::geom::RectF& r = control.bounds;
         const std::string bounds = Rect(r.left, r.top, r.width, r.height);
         children.push_back(control.kind == LayoutControlKind::Checkbox
-                               ? Checkbox(control.id, "", "", bounds, control.className)
-                               : StaticText(control.id, bounds, control.className));
+                               ? Checkbox(control.id, "", "", bounds)
+                               : StaticText(control.id, bounds));
     }
     return Archive(SubView("", children, Rect(0, 0, width, height)));
 }

@@ -144,34 +144,5 @@ TEST(SectionBinding, BindsByClassAndAMistypedOrMissingControlRaisesTheConversion
     }
 }
 
-// Makes its own control for the class name the layout names.
-class CustomSection : public SectionViewEx {
-public:
-    CustomSection() : SectionViewEx(u"", "igdTestCustom") {}
-    std::vector<Fnd::WString> asked;
-    boost::intrusive_ptr<UI_StaticText> made;
-
-protected:
-    fluxui::ui::UI_NodeRef CreateCustomControl(const Fnd::WString& className) override {
-        asked.push_back(className);
-        if (className != u"Hinted")
-            return {};
-        made = Make<UI_StaticText>(u"made here");
-        return made;
-    }
-};
-
-TEST(SectionCustomControls, TheLayoutAsksTheSectionForItsCustomClasses) {
-    TestResources resources;
-    resources.AddLayout("igdTestCustom", 200, 40,
-                        {{LayoutControlKind::StaticText, "Mine", {5, 0, 100, 20}, "Hinted"},
-                         {LayoutControlKind::StaticText, "Plain", {5, 20, 100, 20}, "Other"}});
-    auto section = Make<CustomSection>();
-    wrangler::ui::BuildSectionTree(*section, resources, nullptr);
-    EXPECT_EQ(section->asked, (std::vector<Fnd::WString>{u"Hinted", u"Other"}));
-    EXPECT_EQ(section->FindControl("Mine").get(), section->made.get());
-    EXPECT_NE(dynamic_cast<UI_StaticText*>(section->FindControl("Plain").get()), nullptr);
-}
-
 } // namespace
 } // namespace igd::test
