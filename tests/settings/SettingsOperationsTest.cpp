@@ -45,17 +45,6 @@ TEST_F(SettingsOperations, InARemoteProjectOnlyTheLocalCopyDecidesTheDestination
     EXPECT_TRUE(controller.IsDestinationEnabled(0)) << "ignored outside a remote project";
 }
 
-TEST_F(SettingsOperations, DestinationIndicesOutsideTheListAreHarmless) {
-    EXPECT_THROW(controller.GetDestinationSetting(0), std::logic_error);
-    controller.LoadSettings();
-    const std::int32_t backup = controller.AddBackupDestination(u"/Volumes/Shuttle//");
-    EXPECT_EQ(&controller.GetDestinationSetting(7), &controller.GetDestinationSetting(0));
-    EXPECT_FALSE(controller.IsDestinationEnabled(7));
-    controller.RemoveDestination(7);
-    EXPECT_EQ(controller.GetDestinations().size(), 2u);
-    EXPECT_EQ(controller.GetDestinationSetting(backup).destination->GetDestinationPath(), u"/Volumes/Shuttle");
-}
-
 TEST_F(SettingsOperations, ANewRenamePresetNameRestartsTheCounterAndTheSameNameKeepsIt) {
     controller.SetUserDefAutoIncStartNumber(0);
     EXPECT_EQ(controller.GetUserDefAutoIncStartNumber(), 1u);
