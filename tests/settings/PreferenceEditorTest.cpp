@@ -7,35 +7,6 @@ namespace igd::test {
 using namespace IGD;
 namespace {
 
-TEST(FindPreferenceKey, KnowsTheLibrarysKeysInEveryFormTheyAreStored) {
-    const struct {
-        std::string key;
-        std::optional<Proj::ValueKind> kind;
-        const char* defaultText = "";
-    } cases[] = {
-        {K("TransferSectionOpened"), Proj::ValueKind::kBool, "true"},
-        {K("Local.Backup.TranscodePreset12"), Proj::ValueKind::kString},
-        {K("Local.Backup.DestPathMRU2") + K("PathsMRUItem0"), Proj::ValueKind::kString},
-        {K("Primary.DestPathMRU") + K("PathsMRUCount"), Proj::ValueKind::kUInt32, "0"},
-        {"IngestDialog.mainDialog.SplitterPercent", Proj::ValueKind::kFloat, "0.68"},
-        {"IngestDialog.mainDialog.Left", Proj::ValueKind::kInt32, "computed from the main window"},
-        {K("Local.Backup.Enabled"), std::nullopt},
-        {K("Local.Backup.Enabled0"), std::nullopt},
-        {K("Local.Backup.Enabled01"), std::nullopt},
-        {K("Primary.DestPathMRU"), std::nullopt},
-        {K("Local.Backup.DestPathMRU") + K("PathsMRUCount"), std::nullopt},
-        {K("Primary.NeedSubFolder"), std::nullopt},
-    };
-    for (const auto& c : cases) {
-        const auto found = FindPreferenceKey(c.key);
-        ASSERT_EQ(found.has_value(), c.kind.has_value()) << c.key;
-        if (found) {
-            EXPECT_EQ(std::pair(found->kind, found->defaultText),
-                      std::pair(*c.kind, std::string(c.defaultText)));
-        }
-    }
-}
-
 TEST(ListPreferences, ExpandsTheBackupsAndListsAsFarAsTheStoredCountsReach) {
     auto preferences = RecordingPreferences::Make();
     preferences->values[K("Local.Backup.Count")] = std::uint32_t{2};
@@ -80,6 +51,10 @@ TEST(PreferenceEditor, SetRefusesBadInputWithItsReasonAndWritesNothing) {
         std::string message;
     } cases[] = {
         {"IGD.Nothing", "true", "unknown preference key: IGD.Nothing; nothing was written"},
+        {K("Local.Backup.Enabled01"), "true",
+         "unknown preference key: " + K("Local.Backup.Enabled01") + "; nothing was written"},
+        {K("Local.Backup.DestPathMRU") + K("PathsMRUCount"), "1",
+         "unknown preference key: " + K("Local.Backup.DestPathMRU") + K("PathsMRUCount") + "; nothing was written"},
         {K("Local.Backup.Count"), "-1",
          K("Local.Backup.Count") +
              " holds uint32 (a whole number from 0 to 4294967295), not \"-1\"; nothing was written"},

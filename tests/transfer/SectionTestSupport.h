@@ -10,14 +10,12 @@
 
 namespace igd::test {
 
-enum class LayoutControlKind { SubView, StaticText, Checkbox };
+enum class LayoutControlKind { StaticText, Checkbox };
 
 struct LayoutControl {
     LayoutControlKind kind;
     std::string id;
     fluxcore::geom::RectF bounds;
-    // Offered to the section's custom control factory first, when not empty.
-    std::string className = {};
 };
 
 // A layout archive whose root is a plain view of the given size holding the controls.

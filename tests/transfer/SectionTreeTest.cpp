@@ -61,27 +61,18 @@ TEST(SectionTree, RunsTheProtocolDepthFirstInItsOrder) {
     EXPECT_TRUE(root->IsBuilt() && first->IsBuilt() && grandchild->IsBuilt());
 }
 
-TEST(SectionTree, BuildingAgainDoesNothing) {
+TEST(SectionTree, BuildingAgainDoesNothingAndALateSectionIsBuiltAlone) {
     Journal journal;
-    auto child = Make<ChildSection>("C", journal);
-    auto root = Make<ParentSection>("P", journal, std::vector<SectionViewExRef>{child});
+    auto root = Make<ParentSection>("P", journal, std::vector<SectionViewExRef>{Make<ChildSection>("C", journal)});
     TestResources resources;
     wrangler::ui::BuildSectionTree(*root, resources, nullptr);
-    journal.clear();
-    wrangler::ui::BuildSectionTree(*root, resources, nullptr);
-    EXPECT_TRUE(journal.empty());
-    EXPECT_EQ(root->GetChildSections().size(), 1u);
-
-    // A section added later is built alone; building the tree again leaves it be.
     auto late = Make<ChildSection>("L", journal);
     root->InsertChildSection(late);
-    wrangler::ui::BuildSectionTree(*late, resources, nullptr);
-    EXPECT_EQ(journal, (Journal{"L.Bind", "L.Wire", "L.Create", "L.ChildrenBuilt"}));
-    late->UI_Show(false);
     journal.clear();
+    wrangler::ui::BuildSectionTree(*late, resources, nullptr);
     wrangler::ui::BuildSectionTree(*root, resources, nullptr);
-    EXPECT_TRUE(journal.empty());
-    EXPECT_FALSE(late->UI_IsShown());
+    EXPECT_EQ(journal, (Journal{"L.Bind", "L.Wire", "L.Create", "L.ChildrenBuilt"}));
+    EXPECT_EQ(root->GetChildSections().size(), 2u);
 }
 
 // Adds a child the first time it loads, as a transfer section adds its backups.
@@ -127,73 +118,30 @@ private:
     std::string id_;
 };
 
-class SectionBinding : public ::testing::Test {
-protected:
-    SectionBinding() {
-        resources.AddLayout("igdTestBinding", 200, 40,
-                            {{LayoutControlKind::StaticText, "Label", {5, 0, 100, 20}},
-                             {LayoutControlKind::Checkbox, "Check", {5, 20, 100, 20}}});
-    }
-    template <typename Control> void ExpectBindError(const std::string& id) {
-        auto section = Make<BindingSection<Control>>(id);
+TEST(SectionBinding, BindsByClassAndAMistypedOrMissingControlRaisesTheConversionError) {
+    TestResources resources;
+    resources.AddLayout("igdTestBinding", 200, 40,
+                        {{LayoutControlKind::StaticText, "Label", {5, 0, 100, 20}},
+                         {LayoutControlKind::Checkbox, "Check", {5, 20, 100, 20}}});
+    auto section = Make<BindingSection<UI_Checkbox>>("Check");
+    wrangler::ui::BuildSectionTree(*section, resources, nullptr);
+    EXPECT_EQ(section->bound.get(), section->FindControl("Check").get());
+    ASSERT_NE(section->bound, nullptr);
+    auto general = Make<BindingSection<fluxui::controls::UI_ControlView>>("Label");
+    wrangler::ui::BuildSectionTree(*general, resources, nullptr);
+    EXPECT_NE(general->bound, nullptr) << "a base class of the control binds as well";
+
+    for (auto wrong : {SectionViewExRef(Make<BindingSection<UI_Checkbox>>("Label")),
+                       SectionViewExRef(Make<BindingSection<UI_StaticText>>("Missing"))}) {
         try {
-            wrangler::ui::BuildSectionTree(*section, resources, nullptr);
-            FAIL() << id << " was bound";
+            wrangler::ui::BuildSectionTree(*wrong, resources, nullptr);
+            ADD_FAILURE() << "bound";
         } catch (const fluxcore::config::Error& error) {
             EXPECT_EQ(error.Key(), "$$$/fluxcore/utility/Error/InvalidTypeConversion");
             EXPECT_EQ(error.Text(), u"Invalid type conversion.");
         }
-        EXPECT_FALSE(section->IsBuilt());
+        EXPECT_FALSE(wrong->IsBuilt());
     }
-    TestResources resources;
-};
-
-TEST_F(SectionBinding, BindsAControlOfTheExpectedClass) {
-    auto section = Make<BindingSection<UI_Checkbox>>("Check");
-    wrangler::ui::BuildSectionTree(*section, resources, nullptr);
-    ASSERT_NE(section->bound, nullptr);
-    EXPECT_EQ(section->bound.get(), section->FindControl("Check").get());
-    // A base class of the control binds as well.
-    auto general = Make<BindingSection<fluxui::controls::UI_ControlView>>("Label");
-    wrangler::ui::BuildSectionTree(*general, resources, nullptr);
-    EXPECT_NE(general->bound, nullptr);
-}
-
-TEST_F(SectionBinding, AMistypedOrMissingControlRaisesTheConversionError) {
-    ExpectBindError<UI_Checkbox>("Label");
-    ExpectBindError<UI_StaticText>("Missing");
-    auto section = Make<BindingSection<UI_Checkbox>>("Check");
-    wrangler::ui::BuildSectionTree(*section, resources, nullptr);
-    EXPECT_EQ(section->FindControl("Missing"), nullptr);
-}
-
-// Makes its own control for the class name the layout names.
-class CustomSection : public SectionViewEx {
-public:
-    CustomSection() : SectionViewEx(u"", "igdTestCustom") {}
-    std::vector<Fnd::WString> asked;
-    boost::intrusive_ptr<UI_StaticText> made;
-
-protected:
-    fluxui::ui::UI_NodeRef CreateCustomControl(const Fnd::WString& className) override {
-        asked.push_back(className);
-        if (className != u"Hinted")
-            return {};
-        made = Make<UI_StaticText>(u"made here");
-        return made;
-    }
-};
-
-TEST(SectionCustomControls, TheLayoutAsksTheSectionForItsCustomClasses) {
-    TestResources resources;
-    resources.AddLayout("igdTestCustom", 200, 40,
-                        {{LayoutControlKind::StaticText, "Mine", {5, 0, 100, 20}, "Hinted"},
-                         {LayoutControlKind::StaticText, "Plain", {5, 20, 100, 20}, "Other"}});
-    auto section = Make<CustomSection>();
-    wrangler::ui::BuildSectionTree(*section, resources, nullptr);
-    EXPECT_EQ(section->asked, (std::vector<Fnd::WString>{u"Hinted", u"Other"}));
-    EXPECT_EQ(section->FindControl("Mine").get(), section->made.get());
-    EXPECT_NE(dynamic_cast<UI_StaticText*>(section->FindControl("Plain").get()), nullptr);
 }
 
 } // namespace

@@ -3,13 +3,11 @@
 #include <sqlite3.h>
 
 #include <atomic>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <thread>
 
@@ -134,17 +132,6 @@ TEST(ProjectFile, ReadersOnOtherThreadsGoOnWhileAWriterImports) {
     reader.join();
     EXPECT_FALSE(readerFailure) << *readerFailure;
     EXPECT_EQ(writer->Items().size(), 200u);
-}
-
-TEST(ProjectFile, DefaultPathIsInTheDataFolder) {
-    const char* old = std::getenv("IGD_HOME");
-    const std::optional<std::string> saved = old ? std::optional<std::string>(old) : std::nullopt;
-    ::setenv("IGD_HOME", "/srv/igd-home", 1);
-    EXPECT_EQ(Proj::DefaultProjectPath(), "/srv/igd-home/project.igdproj");
-    if (saved)
-        ::setenv("IGD_HOME", saved->c_str(), 1);
-    else
-        ::unsetenv("IGD_HOME");
 }
 
 } // namespace

@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <thread>
@@ -23,7 +19,6 @@ using QL::WriteXmpSidecar;
 
 const Fnd::WString kShoot = u"http://ns.example.com/igd/shoot/1.0/";
 const Fnd::WString kPanel = u"http://ns.example.com/igd/minimum/1.0/";
-const Fnd::WString kDublinCore = u"http://purl.org/dc/elements/1.1/";
 
 std::shared_ptr<QL::MetadataFieldSet> FieldSet(const Fnd::WString& schema, const Fnd::WString& preset,
                                                std::map<Fnd::WString, Fnd::WString> values) {
@@ -67,16 +62,10 @@ TEST_F(XmpSidecar, WritesEverySetKeywordsAndReadsThemBack) {
     data.minimumMetadata.keywords = {u"interview", u"Stra\u00DFe", u""};
     WriteXmpSidecar(Sidecar(), data);
 
-    struct Expected {
-        Fnd::WString schema, key, value;
-    };
-    for (const Expected& e : {Expected{kShoot, u"scene", u"12"}, Expected{kShoot, u"Camera Roll", u"A007"},
-                              Expected{kShoot, u"note", u"\u00C9t\u00E9 <night> & \"rain\""},
-                              Expected{kPanel, u"operator", u"Jo"}, Expected{kShoot, u"missing", u""},
-                              Expected{u"http://ns.example.com/unused/", u"scene", u""}}) {
-        SCOPED_TRACE(Fnd::ToUTF8(e.key));
-        EXPECT_EQ(Read(e.schema, e.key), e.value);
-    }
+    EXPECT_EQ(Read(kShoot, u"Camera Roll"), u"A007");
+    EXPECT_EQ(Read(kShoot, u"note"), u"\u00C9t\u00E9 <night> & \"rain\"");
+    EXPECT_EQ(Read(kPanel, u"operator"), u"Jo");
+    EXPECT_EQ(Read(kShoot, u"missing"), u"");
     const std::string packet = ReadFileBytes(Sidecar());
     EXPECT_NE(packet.find("xmlns:ShootDay=\"" + Fnd::ToUTF8(kShoot) + "\""), std::string::npos) << packet;
     EXPECT_NE(packet.find("ShootDay:Camera_x0020_Roll"), std::string::npos) << packet;
@@ -143,12 +132,8 @@ TEST_F(XmpSidecar, RefusesToReplaceAFileThatIsNotXmp) {
     EXPECT_EQ(ReadFileBytes(Sidecar()), notes);
     EXPECT_THROW(Read(kShoot, u"scene"), QL::XmpSidecarError);
 
-    data.metadataSets = {FieldSet(u"", u"No namespace", {{u"scene", u"1"}})};
-    EXPECT_THROW(WriteXmpSidecar(tree_.NativePath("B001.xmp"), data), QL::XmpSidecarError);
     EXPECT_THROW(WriteXmpSidecar(tree_.NativePath("missing/folder/B001.xmp"), QL::IngestCustomData{}),
                  QL::XmpSidecarError);
-    EXPECT_THROW(WriteXmpSidecar(tree_.NativePath(""), QL::IngestCustomData{}), QL::XmpSidecarError)
-        << "a folder in place of the sidecar";
     EXPECT_EQ(ReadXmpProperty(tree_.NativePath("absent.xmp"), kShoot, u"scene"), u"");
 }
 
@@ -175,55 +160,35 @@ TEST_F(XmpSidecar, ExiftoolReadsTheNamespaceValuesAndKeywords) {
 }
 
 TEST_F(XmpSidecar, WritersOnManyThreadsDoNotDisturbEachOther) {
+    const auto n = [](int t, int i) { return Fnd::ToDecimal(static_cast<std::uint64_t>(t * 100 + i)); };
+    const auto schema = [](const Fnd::WString& n) { return u"http://ns.example.com/igd/t" + n + u"/"; };
+    const auto file = [&](const Fnd::WString& n) { return tree_.NativePath("t" + Fnd::ToUTF8(n) + ".xmp"); };
     std::vector<std::thread> writers;
     for (int t = 0; t < 4; ++t)
-        writers.emplace_back([this, t] {
+        writers.emplace_back([&, t] {
             for (int i = 0; i < 25; ++i) {
                 QL::IngestCustomData data;
-                const Fnd::WString n = Fnd::ToDecimal(static_cast<std::uint64_t>(t * 100 + i));
-                data.metadataSets.push_back(
-                    FieldSet(u"http://ns.example.com/igd/t" + n + u"/", u"T" + n, {{u"value", n}}));
-                WriteXmpSidecar(tree_.NativePath("t" + Fnd::ToUTF8(n) + ".xmp"), data);
+                data.metadataSets.push_back(FieldSet(schema(n(t, i)), u"T" + n(t, i), {{u"value", n(t, i)}}));
+                WriteXmpSidecar(file(n(t, i)), data);
             }
         });
     for (std::thread& writer : writers)
         writer.join();
     for (int t = 0; t < 4; ++t)
-        for (int i = 0; i < 25; i += 8) {
-            const Fnd::WString n = Fnd::ToDecimal(static_cast<std::uint64_t>(t * 100 + i));
-            EXPECT_EQ(ReadXmpProperty(tree_.NativePath("t" + Fnd::ToUTF8(n) + ".xmp"),
-                                      u"http://ns.example.com/igd/t" + n + u"/", u"value"),
-                      n);
-        }
+        EXPECT_EQ(ReadXmpProperty(file(n(t, 24)), schema(n(t, 24)), u"value"), n(t, 24));
 }
 
-TEST(XmpNames, KeysBecomeStableXmlNames) {
-    struct Case {
-        Fnd::WString key;
-        std::string name;
-    };
-    for (const Case& c :
-         {Case{u"scene", "scene"}, Case{u"Camera Roll", "Camera_x0020_Roll"}, Case{u"1st", "_x0031_st"},
-          Case{u"-take", "_x002D_take"}, Case{u"a-b.c_d", "a-b.c_d"}, Case{u"_private", "_private"},
-          Case{u"_x0020_", "_x005F_x0020_"}, Case{u"\u00E9t\u00E9", "_x00E9_t_x00E9_"},
-          Case{u"a:b", "a_x003A_b"}, Case{u"", "_"}}) {
-        SCOPED_TRACE(Fnd::ToUTF8(c.key));
-        EXPECT_EQ(QL::XmpPropertyNameFor(c.key), c.name);
-    }
-}
-
-TEST(XmpNames, PrefixesComeFromThePresetName) {
-    struct Case {
-        Fnd::WString preset;
-        std::string prefix;
-    };
-    for (const Case& c :
-         {Case{u"Shoot Day", "ShootDay"}, Case{u"2nd Unit", "_2ndUnit"}, Case{u"XMLish", "_XMLish"},
-          Case{u"\u00DCber-Team", "berTeam"}, Case{u"  ", "igd"}, Case{u"", "igd"}}) {
-        SCOPED_TRACE(Fnd::ToUTF8(c.preset));
+TEST(XmpNames, KeysAndPresetNamesBecomeStableXmlNames) {
+    for (const auto& [key, name] : std::vector<std::pair<Fnd::WString, std::string>>{
+             {u"Camera Roll", "Camera_x0020_Roll"}, {u"1st", "_x0031_st"}, {u"a-b.c_d", "a-b.c_d"},
+             {u"_x0020_", "_x005F_x0020_"}, {u"\u00E9t\u00E9", "_x00E9_t_x00E9_"}, {u"", "_"}})
+        EXPECT_EQ(QL::XmpPropertyNameFor(key), name) << Fnd::ToUTF8(key);
+    for (const auto& [preset, prefix] : std::vector<std::pair<Fnd::WString, std::string>>{
+             {u"Shoot Day", "ShootDay"}, {u"2nd Unit", "_2ndUnit"}, {u"XMLish", "_XMLish"},
+             {u"\u00DCber-Team", "berTeam"}, {u"  ", "igd"}}) {
         QL::MetadataFieldSet set;
-        set.presetName = c.preset;
-        EXPECT_EQ(QL::XmpPrefixFor(set), c.prefix);
+        set.presetName = preset;
+        EXPECT_EQ(QL::XmpPrefixFor(set), prefix) << Fnd::ToUTF8(preset);
     }
 }
 
