@@ -5,11 +5,9 @@
 #include <fstream>
 #include <regex>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "EncoderHost/IPreset.h"
-#include "HostApp/ApplicationType.h"
 #include "tests/pipeline/PlanTestSupport.h"
 #include "Plug/IExporterModule.h"
 #include "fluxcore/UsageLogFile.h"
@@ -162,22 +160,6 @@ TEST_F(UsageReportTest, EachDestinationSendsOneEventAfterItsTasksNamedByItsPosit
                        "Concatenation:Yes"}));
 }
 
-class HostedUsageTest : public UsageReportTest, public ::testing::WithParamInterface<int> {};
-
-TEST_P(HostedUsageTest, AHostedApplicationSendsNothing) {
-    auto logger = Install();
-    HostApp::SetApplicationType(GetParam());
-    DecideAndRun(TwoClipsToTwoCopies(0));
-    auto importing = SessionWithClips();
-    AddClip(*importing, "A001.MOV");
-    DecideAndRun(importing);
-
-    EXPECT_EQ(Kinds(), (KindList{TaskKind::Copy, TaskKind::Copy, TaskKind::Import}));
-    EXPECT_EQ(logger->opened, 0u);
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, HostedUsageTest, ::testing::Values(5, 8));
-
 // The log a host can ask for holds one JSON line per event, attributes in the order the plan adds
 // them; a host that opens the log again, in this run or the next, adds to it.
 TEST_F(UsageReportTest, AnImportOnlyRequestWritesOneLineAfterWhatTheFileHeld) {
@@ -208,17 +190,6 @@ TEST_F(UsageReportTest, AnEventIsWrittenWhenReleasedWithItsTextEscaped) {
     EXPECT_EQ(Lines(),
               Strings{R"({"category":"Ingest","subcategory":"IngestSetting","name":"Name \"quoted\"",)"
                       R"("extra":"tab\there","attributes":{"Path":"C:\\clips\nnext\u0001"}})"});
-}
-
-TEST_F(UsageReportTest, AFileThatCannotBeOpenedIsReportedByPath) {
-    const std::string path = tree.NativePath("missing/usage.jsonl");
-    try {
-        UsageLogFile::Open(path);
-        ADD_FAILURE() << "opened " << path;
-    } catch (const std::system_error& error) {
-        EXPECT_NE(std::string(error.what()).find(path), std::string::npos) << error.what();
-        EXPECT_EQ(error.code(), std::errc::no_such_file_or_directory);
-    }
 }
 
 } // namespace
