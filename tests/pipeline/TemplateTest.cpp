@@ -281,10 +281,6 @@ TEST_F(TemplateTest, CountersStepOnceForEachItemInOrder) {
          {Field(kQLFieldAutoIncrement, u"00"), Field(kQLFieldCustomText, u"-"),
           Field(kQLFieldUserDefinedAutoIncrement, u"0000"), Field(kQLFieldAutoIncrement, u"0")},
          {"01-01001", "02-01012", "03-01023"}},
-        {"no counter gives equal names",
-         1,
-         {Field(kQLFieldCustomText, u"Day1"), Field(QL::kQLFieldMetadata, u"ignored")},
-         {"Day1", "Day1", "Day1"}},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);

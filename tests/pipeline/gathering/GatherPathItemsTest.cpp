@@ -126,26 +126,6 @@ TEST_F(GatherTest, HiddenFilesNeverTravelAndNestedListsFlatten) {
     EXPECT_EQ(provider.askedDirectories.front(), tree.Path("CARD"));
 }
 
-TEST_F(GatherTest, InAndOutPointsArriveOnlyThroughTheFullPath) {
-    tree.MakeFile("media/A.MOV");
-    tree.MakeFile("media/B.MOV");
-    ClipSettings settings;
-    settings[tree.Path("media/A.MOV")] = {24, 100, 200};
-    settings[u"B.MOV"] = {24, 300, 400};
-
-    AddBrowserItems(*session, {{tree.Path("media/A.MOV"), u"A.MOV"}, {tree.Path("media/B.MOV"), u"B.MOV"}},
-                    settings, &Browse::ProviderRegistry::PlainDirectory(), tree.NativePath("media"));
-
-    const SelectedItemList items = session->GetSelectedItems();
-    ASSERT_EQ(items.size(), 2u);
-    const auto* a = dynamic_cast<const SelectedClipItem*>(items[0].get());
-    const auto* b = dynamic_cast<const SelectedClipItem*>(items[1].get());
-    ASSERT_TRUE(a && b);
-    EXPECT_EQ((std::vector<std::int64_t>{a->GetInPoint(), a->GetOutPoint(), a->GetFrameRate()}),
-              (std::vector<std::int64_t>{100, 200, 24}));
-    EXPECT_EQ(b->GetInPoint(), fluxmediatypes::kTime_Invalid);
-}
-
 TEST_F(GatherTest, ALinkOnTheSameFilesystemMovesTheDirectoryToItsFolder) {
     tree.MakeFile("real/A.MOV");
     tree.MakeSymlink("links/A.MOV", tree.NativePath("real/A.MOV"));

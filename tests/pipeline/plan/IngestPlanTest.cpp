@@ -329,7 +329,8 @@ TEST_F(TranscodePlanTest, AStitchHoldsAllClipsInOrderAndCarriesTheMetadataEveryw
     ASSERT_EQ(Kinds(), (KindList{TaskKind::Concatenate, TaskKind::Transcode, TaskKind::Transcode}));
     EXPECT_EQ(Summary(0),
               (Strings{"from src/day1 into the project", "src/day1/A001.MOV as *", "src/A002.MOV as *"}));
-    EXPECT_EQ(Timing(TaskAt(0).clips.front()), (Ints{1, 2, 3}));
+    const QL::IngestTask::TranscodeClipEntry& timed = TaskAt(0).clips.front();
+    EXPECT_EQ((std::vector<std::int64_t>{timed.inPoint, timed.outPoint, timed.frameRate}), (std::vector<std::int64_t>{1, 2, 3}));
     EXPECT_TRUE(own->clips.empty());
     EXPECT_EQ(Summary(1), (Strings{"from src/day1", "src/day1/A001.MOV as A001.MOV"}));
     // The stitch's destination does not apply the template, yet its values go along: unlike copy

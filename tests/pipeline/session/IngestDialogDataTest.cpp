@@ -58,32 +58,5 @@ TEST(IngestDialogDataState, ResetEmptiesTheListsAndKeepsEverythingElse) {
     EXPECT_EQ(session->GetCopyDecisions()->size(), 1u);
 }
 
-TEST(IngestDestinationCopy, DeepCopiesTheTranscodeSettingAndLeavesEnabledToTheCopier) {
-    IngestDestinationRef source(new IngestDestination());
-    source->SetDestinationPath(u"/dest/");
-    source->SetSubFolder(u"day1");
-    source->SetApplyMetadata(true);
-    source->SetEnabled(true);
-    auto setting = std::make_shared<QL::IngestTask::TranscodeSetting>();
-    setting->enabled = true;
-    setting->clips.push_back({u"/a.mov", false, u"", 0, 10, 1});
-    source->SetTranscodeSetting(setting);
-
-    IngestDestinationRef copy(new IngestDestination(*source));
-    EXPECT_FALSE(copy->IsEnabled());
-    EXPECT_EQ(copy->GetFullDestinationPath(), u"/dest/day1");
-    EXPECT_TRUE(copy->IsApplyMetadata());
-    ASSERT_TRUE(copy->GetTranscodeSetting());
-    EXPECT_EQ(copy->GetTranscodeSetting()->clips.size(), 1u);
-    copy->GetTranscodeSetting()->enabled = false;
-    EXPECT_TRUE(setting->enabled);
-
-    IngestDestination assigned;
-    assigned.SetEnabled(true);
-    assigned = *source;
-    EXPECT_TRUE(assigned.IsEnabled());
-    EXPECT_NE(assigned.GetTranscodeSetting(), setting);
-}
-
 } // namespace
 } // namespace igd::test
