@@ -29,7 +29,6 @@ namespace igd::test {
 
 using Strings = std::vector<std::string>;
 using NameMap = std::map<std::string, std::string>;
-using Ints = std::vector<std::int64_t>;
 using KindList = std::vector<TaskKind>;
 
 // Resets all global state the plan reads, before and after each test.
@@ -131,10 +130,6 @@ protected:
         for (const auto& [path, name] : renames)
             named[Rel(path)] = Fnd::ToUTF8(name);
         return named;
-    }
-    // In point, out point and frame rate of an import item or a transcode clip.
-    template <class Item> static Ints Timing(const Item& item) {
-        return {item.inPoint, item.outPoint, item.frameRate};
     }
 
     // The process-wide settings, back at their defaults for every test.

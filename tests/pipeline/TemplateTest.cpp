@@ -14,7 +14,6 @@
 #include "fluxcore/ApplicationName.h"
 #include "fluxmetadata/DynamicSchema.h"
 #include "pipeline/apply/ApplyFlags.h"
-#include "pipeline/apply/MetadataFieldSetBuilder.h"
 #include "pipeline/checks/TemplateChecks.h"
 #include "pipeline/naming/FileCreationTime.h"
 #include "pipeline/naming/OutputNameBuilder.h"
@@ -149,7 +148,6 @@ const std::vector<TemplateCase>& RenameCases() {
          {"Kiln Studio: Please save your rename preset before continuing. [OK]"}},
         {"no preset, and the user goes on", false, false, {}, {0}, true, {kEmptyRenameQuestion}},
         {"no preset, and the user stops", false, false, {}, {1}, false, {kEmptyRenameQuestion}},
-        {"a preset without fields asks the same", false, true, {}, {1}, false, {kEmptyRenameQuestion}},
         {"an empty text field alone has no effect", false, true, {Text(u"")}, {0}, false, {kNoEffect}},
         {"a text field of dots makes no name", false, true, {Text(u"."), Text(u"")}, {0}, false, {kNoEffect}},
         {"a date field with an empty text field passes", false, true,
@@ -166,26 +164,6 @@ const std::vector<TemplateCase>& RenameCases() {
 
 TEST_F(TemplateTest, RenameTemplateRows) {
     RunRows(QL::kQLPresetCategoryRename, RenameCases());
-}
-
-TEST_F(TemplateTest, TheEmptyPresetQuestionDefaultsToGoingOn) {
-    settings.SetEnableRenameTemplate(true);
-    ui->QueueBoxAnswer(0);
-    EXPECT_TRUE(IGD::CheckRenameTemplate(*session_, nullptr));
-    ASSERT_EQ(ui->Boxes().size(), 1u);
-    EXPECT_EQ(ui->Boxes()[0].defaultButton, 0);
-    EXPECT_EQ(ui->Boxes()[0].icon, Fnd::BoxIcon::Question);
-}
-
-TEST_F(TemplateTest, ARefusedRenamePresetIsLeftAsTheUserWroteIt) {
-    settings.SetEnableRenameTemplate(true);
-    const PresetRef preset = Preset(QL::kQLPresetCategoryRename, {Text(u"A/B")});
-    session_->SetRenamePreset(preset);
-    ui->QueueBoxAnswer(0);
-
-    EXPECT_FALSE(IGD::CheckRenameTemplate(*session_, nullptr));
-    EXPECT_EQ(preset->GetFields()[0]->GetValue(), u"A/B");
-    EXPECT_EQ(ui->Boxes()[0].icon, Fnd::BoxIcon::Stop);
 }
 
 // Off means off: neither the edit flag nor an empty or broken preset matters then.
@@ -223,125 +201,51 @@ TEST_F(TemplateTest, MetadataTemplateRows) {
     RunRows(QL::kQLPresetCategoryMetadata, MetadataCases());
 }
 
-PresetRef RenameWithFields() {
-    return Preset(QL::kQLPresetCategoryRename, {Field(QL::kQLFieldFileName)}, u"Day");
-}
-
-PresetRef MetadataWithFields() {
-    return Preset(QL::kQLPresetCategoryMetadata, {Metadata(u"scene", u"1")}, u"Production");
-}
-
-// One row: what the session holds, and what the primary and a backup then apply.
-struct ApplyCase {
-    const char* what;
-    bool renameEnabled;
-    PresetRef renamePreset;
-    std::uint32_t renameScope;
-    bool metadataEnabled;
-    PresetRef metadataPreset;
-    std::uint32_t metadataScope;
-    bool primaryRename, primaryMetadata, backupRename, backupMetadata;
-};
-
+// What the session holds, and what the primary and a backup then apply.
 TEST(ComputeApplyFlags, DecidesPerDestinationFromEnableFlagsPresetsAndScopes) {
-    const PresetRef emptyRename = Preset(QL::kQLPresetCategoryRename, {}, u"Empty");
-    const ApplyCase cases[] = {
-        {"both on, all destinations", true, RenameWithFields(), 0, true, MetadataWithFields(), 0, true, true,
-         true, true},
-        {"primary only scopes", true, RenameWithFields(), 1, true, MetadataWithFields(), 1, true, true, false,
-         false},
-        {"rename scope only", true, RenameWithFields(), 1, true, MetadataWithFields(), 0, true, true, false,
-         true},
-        {"a rename preset without fields is off", true, emptyRename, 0, false, nullptr, 0, false, false,
-         false, false},
-        {"enabled without preset", true, nullptr, 0, true, nullptr, 0, false, false, false, false},
-        {"preset without enable", false, RenameWithFields(), 0, false, MetadataWithFields(), 0, false, false,
-         false, false},
-        {"scope other than 0 or 1", true, RenameWithFields(), 7, true, MetadataWithFields(), 0, true, true,
-         false, true},
+    const struct {
+        const char* what;
+        bool enabled;
+        bool withPreset;
+        std::uint32_t renameScope;
+        bool primaryApplies, backupRenames, backupMetadata;
+    } cases[] = {
+        {"both on, all destinations", true, true, 0, true, true, true},
+        {"rename on the primary only", true, true, 1, true, false, true},
+        {"a scope other than 0 or 1 is the primary's", true, true, 7, true, false, true},
+        {"enabled without a preset", true, false, 0, false, false, false},
+        {"a preset without enable", false, true, 0, false, false, false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         IGD::IngestDialogData session;
-        session.SetRenameEnabled(c.renameEnabled);
-        session.SetRenamePreset(c.renamePreset);
+        session.SetRenameEnabled(c.enabled);
+        session.SetRenamePreset(c.withPreset ? Preset(QL::kQLPresetCategoryRename, {Field(QL::kQLFieldFileName)}) : nullptr);
         session.SetRenameApplyScope(c.renameScope);
-        session.SetMetadataEnabled(c.metadataEnabled);
-        session.SetMetadataPreset(c.metadataPreset);
-        session.SetMetadataApplyScope(c.metadataScope);
+        session.SetMetadataEnabled(c.enabled);
+        session.SetMetadataPreset(c.withPreset ? Preset(QL::kQLPresetCategoryMetadata, {Metadata(u"scene", u"1")}) : nullptr);
         IGD::IngestDestinationRef backup(new IGD::IngestDestination), primary(new IGD::IngestDestination);
         primary->SetPrimary(true);
         // Stale flags from an earlier run must be replaced, not kept.
         for (const auto& destination : {backup, primary}) {
             destination->SetApplyRename(true);
             destination->SetApplyMetadata(true);
+            session.AddDestination(destination);
         }
-        session.AddDestination(backup);
-        session.AddDestination(primary);
 
         IGD::ComputeApplyFlags(session);
-        EXPECT_EQ(primary->IsApplyRename(), c.primaryRename);
-        EXPECT_EQ(primary->IsApplyMetadata(), c.primaryMetadata);
-        EXPECT_EQ(backup->IsApplyRename(), c.backupRename);
+        EXPECT_EQ(primary->IsApplyRename(), c.primaryApplies);
+        EXPECT_EQ(primary->IsApplyMetadata(), c.primaryApplies);
+        EXPECT_EQ(backup->IsApplyRename(), c.backupRenames);
         EXPECT_EQ(backup->IsApplyMetadata(), c.backupMetadata);
     }
 }
 
-QL::IngestCustomData DataWithAStaleSet() {
-    QL::IngestCustomData data;
-    auto stale = std::make_shared<QL::MetadataFieldSet>();
-    stale->presetName = u"stale";
-    data.metadataSets.push_back(stale);
-    data.minimumMetadata.keywords.insert(u"panel answer");
-    return data;
-}
-
-TEST(BuildMetadataFieldSet, ANullOrEmptyPresetLeavesNoSetButKeepsThePanelsAnswer) {
-    for (const PresetRef& preset : {PresetRef(), Preset(QL::kQLPresetCategoryMetadata, {}, u"Empty")}) {
-        QL::IngestCustomData data = DataWithAStaleSet();
-        IGD::BuildMetadataFieldSet(preset, data);
-        EXPECT_TRUE(data.metadataSets.empty());
-        EXPECT_EQ(data.minimumMetadata.keywords.count(u"panel answer"), 1u);
-    }
-}
-
-TEST(BuildMetadataFieldSet, OneSetOfTypedValuesUnderTheNamesSchemaWithTheLaterDuplicateWinning) {
-    auto scene = Metadata(u"scene", u"");
-    scene->SetFormat(u"default scene");
-    scene->SetValue(u"14B"); // typed for this ingest: the value counts, not the preset's default
-    const PresetRef preset = Preset(QL::kQLPresetCategoryMetadata,
-                                    {scene, Metadata(u"take", u"1"), Metadata(u"Take", u"case differs"),
-                                     Metadata(u"take", u"3")},
-                                    u"Production");
-    QL::IngestCustomData data = DataWithAStaleSet();
-    IGD::BuildMetadataFieldSet(preset, data);
-
-    ASSERT_EQ(data.metadataSets.size(), 1u);
-    const QL::MetadataFieldSet& set = *data.metadataSets.front();
-    EXPECT_EQ(set.presetName, u"Production");
-    EXPECT_EQ(set.schemaNamespace, Fnd::FromUTF8(fluxmetadata::MakeDynamicSchemaNamespace("Production")));
-    const std::map<Fnd::WString, Fnd::WString> expected{
-        {u"scene", u"14B"}, {u"take", u"3"}, {u"Take", u"case differs"}};
-    EXPECT_EQ(set.values, expected);
-}
-
+// Each template's values live under a namespace of its name: two names must never share one.
 TEST(MakeDynamicSchemaNamespace, IsAStableUriUniquePerName) {
-    const std::vector<std::string> names{"Production", "production", "Rights",     "a b", "a%20b",
-                                         "a_b",        "",           ".",          "..",  "日本",
-                                         "a/b",        "a:b",        "Production "};
     std::set<std::string> seen;
-    for (const auto& name : names) {
-        const std::string uri = fluxmetadata::MakeDynamicSchemaNamespace(name);
-        EXPECT_EQ(uri, fluxmetadata::MakeDynamicSchemaNamespace(name));
-        EXPECT_TRUE(seen.insert(uri).second)
-            << "\"" << name << "\" gives a namespace another name has: " << uri;
-        EXPECT_EQ(uri.rfind("http://", 0), 0u) << uri;
-        EXPECT_EQ(uri.back(), '/') << uri;
-        for (unsigned char c : uri)
-            EXPECT_TRUE(std::isalnum(c) ||
-                        std::string_view(":/.-_%").find(static_cast<char>(c)) != std::string_view::npos)
-                << "\"" << name << "\" gives " << uri;
-    }
+    for (const char* name : {"Production", "production", "a b", "a%20b", "a_b", "", ".", "a/b", "Production "})
+        EXPECT_TRUE(seen.insert(fluxmetadata::MakeDynamicSchemaNamespace(name)).second) << name;
     EXPECT_EQ(fluxmetadata::MakeDynamicSchemaNamespace("Production"),
               "http://ns.igd.local/dynamic-schema/1.0/Production/");
 }
@@ -377,10 +281,6 @@ TEST_F(TemplateTest, CountersStepOnceForEachItemInOrder) {
          {Field(kQLFieldAutoIncrement, u"00"), Field(kQLFieldCustomText, u"-"),
           Field(kQLFieldUserDefinedAutoIncrement, u"0000"), Field(kQLFieldAutoIncrement, u"0")},
          {"01-01001", "02-01012", "03-01023"}},
-        {"no counter gives equal names",
-         1,
-         {Field(kQLFieldCustomText, u"Day1"), Field(QL::kQLFieldMetadata, u"ignored")},
-         {"Day1", "Day1", "Day1"}},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.what);
@@ -416,16 +316,6 @@ TEST_F(TemplateTest, BaseNameIsTheClipNameOnlyWhenItDiffersFromTheFileName) {
     EXPECT_EQ(OutputNames(*session), (Strings{"A001", "Interview Take 2", "CARD_01"}));
 }
 
-TEST_F(TemplateTest, SessionWithoutTemplateKeepsItsNames) {
-    auto session = SessionWithClips({"a.mov"});
-    session->GetSelectedItems().front()->SetOutputName(u"kept");
-    Name(*session);
-    EXPECT_EQ(OutputNames(*session), (Strings{"kept"}));
-    session->SetRenamePreset(Template({}));
-    Name(*session);
-    EXPECT_EQ(OutputNames(*session), (Strings{"kept"}));
-}
-
 TEST_F(TemplateTest, EachStitchingDestinationCountsOnItsOwn) {
     auto session = SessionWithClips({"a.mov", "b.mov", "c.mov"});
     session->SetRenamePreset(
@@ -441,10 +331,6 @@ TEST_F(TemplateTest, EachStitchingDestinationCountsOnItsOwn) {
     EXPECT_EQ(plain->concatenateName, u"Stitched") << "a transcode that does not stitch keeps its name";
     EXPECT_EQ(OutputNames(*session), (Strings{"a  _01 \t", "b  _02 \t", "c  _03 \t"}))
         << "only stitched names are trimmed";
-}
-
-TEST_F(TemplateTest, AMissingFileHasNoCreationTime) {
-    EXPECT_FALSE(IGD::ReadFileCreationTime(tree.Path("missing.mov")).has_value());
 }
 
 TEST_F(TemplateTest, SampleShowsMasksPlaceholdersAndTheStartNumber) {

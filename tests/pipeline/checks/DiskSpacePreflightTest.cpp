@@ -2,9 +2,6 @@
 // goes on at the user's risk, and an unset destination is told as such.
 #include <gtest/gtest.h>
 
-#include <sys/types.h>
-#include <unistd.h>
-
 #include <cstdint>
 #include <deque>
 #include <string>
@@ -12,7 +9,6 @@
 
 #include "tests/pipeline/PlanTestSupport.h"
 #include "pipeline/checks/DiskSpaceCheck.h"
-#include "pipeline/checks/PreflightChain.h"
 
 namespace igd::test {
 namespace {
@@ -137,38 +133,6 @@ TEST_F(DiskSpaceTest, AnUnsetDestinationIsToldAndNotRetried) {
     EXPECT_FALSE(Check());
     EXPECT_EQ(ui->Boxes().size(), 3u);
     EXPECT_EQ(Fnd::ToUTF8(ui->Boxes().back().title), "Destination path is not set");
-}
-
-// The real disk through the whole chain: a source far larger than any disk (a sparse file costs
-// nothing) makes the space step ask, and Continue leads on to the next step.
-TEST_F(DiskSpaceTest, ContinueInTheSpaceQuestionLeadsOnToTheImportCheck) {
-    auto session = NewSession();
-    session->SetSourceRoot(tree.Path("src"));
-    tree.MakeFolder("src/card/CLIPS");
-    const std::string huge = tree.NativePath("src/card/huge.bin");
-    tree.MakeFile("src/card/huge.bin");
-    if (::truncate(huge.c_str(), static_cast<off_t>(8ull << 40)) != 0)
-        GTEST_SKIP() << "this filesystem holds no 8 TiB sparse file";
-    // Only the folder is listed as content, so nothing is importable.
-    AddFolder(*session, "card", {"card/CLIPS"});
-    AddDestination(*session, "p", true)
-        ->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
-    ui->QueueBoxAnswer(kContinue);
-    ui->QueueBoxAnswer(0);
-
-    EXPECT_FALSE(IGD::RunPreflightChain(session->GetSourceRoot(), session->GetSelectedItems(),
-                                        session->GetDestinations()));
-    const Strings boxes = BoxTexts();
-    ASSERT_EQ(boxes.size(), 2u);
-    EXPECT_EQ(boxes[0].rfind("Clip Copy: There is not enough space to transfer to " + tree.NativePath("p") + ".", 0),
-              0u);
-    EXPECT_EQ(boxes[1], "Import Error: There's no item can be import.");
-
-    // Cancel ends the chain at the space step.
-    ui->QueueBoxAnswer(kCancel);
-    EXPECT_FALSE(IGD::RunPreflightChain(session->GetSourceRoot(), session->GetSelectedItems(),
-                                        session->GetDestinations()));
-    EXPECT_EQ(ui->Boxes().size(), 3u);
 }
 
 } // namespace

@@ -54,20 +54,6 @@ TEST_F(IngestFileOutputNameTest, SingleFileBecomesAnItemOfItsFolder) {
     EXPECT_EQ(Fnd::ToUTF8(item.GetItemPath()), "B002.MXF");
 }
 
-TEST_F(IngestFileOutputNameTest, OtherProvidersKeepTheirNamesUnlessForced) {
-    auto session = NewSession();
-    session->SetSourceRoot(tree.Path("card"));
-    tree.MakeFile("card/CONTENTS/CLIP/C0001.MXF", "frames");
-    AddClip(*session, "CONTENTS/CLIP/C0001.MXF")->SetItemFormat(u"com.example.CardProvider");
-    session->SetRenamePreset(CounterTemplate());
-    const Fnd::WString path = tree.Path("card/CONTENTS/CLIP/C0001.MXF");
-
-    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(path, session, date, false)),
-              "CONTENTS/CLIP/C0001.MXF");
-    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(path, session, date, true)),
-              "CONTENTS/CLIP/001_Day1.MXF");
-}
-
 TEST_F(IngestFileOutputNameTest, WithoutATemplateOrAnythingToTakeTheFileNameStays) {
     const Fnd::WString file = tree.MakeFile("shoot/A.MOV", "x");
     EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(file, NewSession(), date, true)), "A.MOV");

@@ -91,20 +91,6 @@ TEST_F(IngestRequestTest, AsksOnceAboutOldRoughCutsAndOnlyOKGoesOn) {
     }
 }
 
-TEST_F(IngestRequestTest, NamesContinueFromTheGivenCounterOnlyWhenRenamingIsOn) {
-    auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
-    session->SetImportOnly(true);
-    UseRenameTemplate(*session, {QL::kQLFieldAutoIncrement});
-    ASSERT_TRUE(Check(*session, 7));
-    EXPECT_EQ(OutputNames(*session), (std::vector<std::string>{"007", "008"}));
-
-    auto off = SessionWithClips({"B001.MOV"});
-    off->SetImportOnly(true);
-    off->SetRenamePreset(Template(QL::kQLPresetCategoryRename, {QL::kQLFieldAutoIncrement}, u"000"));
-    ASSERT_TRUE(Check(*off));
-    EXPECT_EQ(OutputNames(*off), std::vector<std::string>{""});
-}
-
 TEST_F(IngestRequestTest, CompletionStoresTheTemplateValuesBesideThePanelsAnswer) {
     QL::MinimumMetadataResult answer;
     answer.keywords = {u"night"};
@@ -136,7 +122,6 @@ TEST_F(IngestRequestTest, TheStartNumberMovesByItemsOrByOneForALoneStitch) {
     };
     const std::vector<Case> cases{
         {"no custom counter", false, 1, false, 0, 0},
-        {"one per item", true, 2, false, 0, 3},
         {"a stitch alone", true, 1, true, 0, 1},
         {"a stitch renamed on the primary only", true, 2, true, 1, 1},
         {"a stitch beside a renamed copy", true, 2, true, 0, 3},

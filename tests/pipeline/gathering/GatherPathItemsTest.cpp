@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 
 #include "Browse/ProviderRegistry.h"
 #include "IGD/SelectedClipItem.h"
-#include "IGD/SelectedFolderItem.h"
 #include "pipeline/gathering/AddBrowserItems.h"
 #include "pipeline/gathering/GatherPathItems.h"
 #include "pipeline/session/IngestDialogData.h"
-#include "pipeline/gathering/ProviderFields.h"
 #include "support/TempTree.h"
 
 namespace igd::test {
@@ -100,38 +97,6 @@ TEST_F(GatherTest, AnyFileOfACardClipGivesTheClipByItsMediaFile) {
     }
 }
 
-TEST_F(GatherTest, APlainFileTakesItsSidecarAndFullName) {
-    tree.MakeFile("media/A001.MOV");
-    tree.MakeFile("media/A001.xmp");
-    tree.MakeFile("media/B001.MOV");
-
-    GatherPathItems(*session, tree.Path("media/A001.MOV"));
-
-    const SelectedClipItem* item = OnlyClip(session);
-    ASSERT_NE(item, nullptr);
-    EXPECT_EQ(session->GetSourceRoot(), tree.Path("media"));
-    EXPECT_EQ(item->GetItemPath(), u"A001.MOV");
-    EXPECT_TRUE(item->IsSingleFileType());
-    EXPECT_EQ(item->GetClipName(), u"A001.MOV");
-    EXPECT_EQ(item->ExtraPaths(), (std::vector<Fnd::WString>{u"A001.MOV", u"A001.xmp"}));
-    EXPECT_EQ(item->GetItemFormat(), u"com.veltrix.Kestrel.WinProviderDirectory");
-}
-
-TEST_F(GatherTest, AFolderListsEverythingBelowIt) {
-    tree.MakeFile("media/day1/A001.MOV");
-    tree.MakeFile("media/day1/sound/A001.WAV");
-
-    GatherPathItems(*session, tree.Path("media/day1"));
-
-    const SelectedItemList items = session->GetSelectedItems();
-    ASSERT_EQ(items.size(), 1u);
-    EXPECT_NE(dynamic_cast<const SelectedFolderItem*>(items.front().get()), nullptr);
-    EXPECT_EQ(items.front()->GetItemPath(), u"day1");
-    const std::vector<Fnd::WString>& extras = items.front()->ExtraPaths();
-    for (const char16_t* expected : {u"day1/A001.MOV", u"day1/sound/A001.WAV"})
-        EXPECT_NE(std::find(extras.begin(), extras.end(), expected), extras.end()) << Fnd::ToUTF8(expected);
-}
-
 TEST_F(GatherTest, APathNoProviderKnowsGivesNothing) {
     session->SetSourceRoot(u"/kept");
     GatherPathItems(*session, tree.Path("missing/A001.MOV"));
@@ -161,26 +126,6 @@ TEST_F(GatherTest, HiddenFilesNeverTravelAndNestedListsFlatten) {
     EXPECT_EQ(provider.askedDirectories.front(), tree.Path("CARD"));
 }
 
-TEST_F(GatherTest, InAndOutPointsArriveOnlyThroughTheFullPath) {
-    tree.MakeFile("media/A.MOV");
-    tree.MakeFile("media/B.MOV");
-    ClipSettings settings;
-    settings[tree.Path("media/A.MOV")] = {24, 100, 200};
-    settings[u"B.MOV"] = {24, 300, 400};
-
-    AddBrowserItems(*session, {{tree.Path("media/A.MOV"), u"A.MOV"}, {tree.Path("media/B.MOV"), u"B.MOV"}},
-                    settings, &Browse::ProviderRegistry::PlainDirectory(), tree.NativePath("media"));
-
-    const SelectedItemList items = session->GetSelectedItems();
-    ASSERT_EQ(items.size(), 2u);
-    const auto* a = dynamic_cast<const SelectedClipItem*>(items[0].get());
-    const auto* b = dynamic_cast<const SelectedClipItem*>(items[1].get());
-    ASSERT_TRUE(a && b);
-    EXPECT_EQ((std::vector<std::int64_t>{a->GetInPoint(), a->GetOutPoint(), a->GetFrameRate()}),
-              (std::vector<std::int64_t>{100, 200, 24}));
-    EXPECT_EQ(b->GetInPoint(), fluxmediatypes::kTime_Invalid);
-}
-
 TEST_F(GatherTest, ALinkOnTheSameFilesystemMovesTheDirectoryToItsFolder) {
     tree.MakeFile("real/A.MOV");
     tree.MakeSymlink("links/A.MOV", tree.NativePath("real/A.MOV"));
@@ -193,15 +138,6 @@ TEST_F(GatherTest, ALinkOnTheSameFilesystemMovesTheDirectoryToItsFolder) {
     EXPECT_EQ(session->GetSourceRoot(), tree.Path("real"));
     ASSERT_EQ(session->GetSelectedItems().size(), 1u);
     EXPECT_EQ(session->GetSelectedItems().front()->GetItemPath(), u"A.MOV");
-}
-
-// Only the last dotted part counts.
-TEST(ProviderFields, OnlyTheDirectoryProviderIsPlain) {
-    for (const char* plain : {"", "noDots", "com.veltrix.Kestrel.WinProviderDirectory", "com.example.Browser"})
-        EXPECT_TRUE(IsPlainDirectoryProvider(plain)) << plain;
-    for (const char* card : {"com.veltrix.Kestrel.ProviderP2", "com.veltrix.Kestrel.WinProviderDirectoryX",
-                             "com.ProviderDirectory.ProviderRED"})
-        EXPECT_FALSE(IsPlainDirectoryProvider(card)) << card;
 }
 
 } // namespace

@@ -5,11 +5,9 @@
 #include <fstream>
 #include <regex>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "EncoderHost/IPreset.h"
-#include "HostApp/ApplicationType.h"
 #include "tests/pipeline/PlanTestSupport.h"
 #include "Plug/IExporterModule.h"
 #include "fluxcore/UsageLogFile.h"
@@ -22,8 +20,7 @@ namespace {
 
 using fluxcore::config::UsageLogFile;
 
-// Keeps every event it sent, with the number of submissions made by then; or, declining, wants
-// no events at all.
+// Keeps every event it sent, with the number of submissions made by then.
 class RecordingUsageLogger : public fluxcore::config::UsageLogger {
 public:
     struct Event {
@@ -32,19 +29,14 @@ public:
         std::size_t tasksAtSend = 0;
     };
 
-    RecordingUsageLogger(const RecordingTaskService& tasks, bool declining)
-        : tasks_(tasks), declining_(declining) {}
+    explicit RecordingUsageLogger(const RecordingTaskService& tasks) : tasks_(tasks) {}
 
     fluxcore::config::UsageEventRef NewEvent(std::string_view category, std::string_view subcategory,
                                              std::string_view name, std::string_view extra) override {
-        ++opened;
-        if (declining_)
-            return nullptr;
         std::string full = std::string(category).append("/").append(subcategory).append("/").append(name);
         return std::make_shared<Pending>(*this, extra.empty() ? full : full.append(" ").append(extra));
     }
 
-    std::size_t opened = 0;
     std::vector<Event> sent;
 
 private:
@@ -67,7 +59,6 @@ private:
     };
 
     const RecordingTaskService& tasks_;
-    const bool declining_;
 };
 
 class FakeExporter : public CountedUnknown<Plug::IExporterModule> {
@@ -98,8 +89,8 @@ protected:
         return lines;
     }
 
-    std::shared_ptr<RecordingUsageLogger> Install(bool declining = false) {
-        auto logger = std::make_shared<RecordingUsageLogger>(tasks.Service(), declining);
+    std::shared_ptr<RecordingUsageLogger> Install() {
+        auto logger = std::make_shared<RecordingUsageLogger>(tasks.Service());
         fluxcore::config::UsageLogger::Set(logger);
         return logger;
     }
@@ -126,12 +117,6 @@ TEST_F(UsageReportTest, EachDestinationSendsOneEventAfterItsTasksNamedByItsPosit
                          TaskKind::Concatenate};
     ASSERT_EQ(Kinds(), kinds);
     EXPECT_EQ(UnitAt(CopyAt(0)).renames.size(), 1u);
-
-    auto declining = Install(/*declining=*/true);
-    tasks->Clear();
-    IGD::RunIngestPlan(session, batch_);
-    EXPECT_EQ(declining->opened, 4u);
-    EXPECT_EQ(Kinds(), kinds);
 
     auto logger = Install();
     tasks->Clear();
@@ -161,22 +146,6 @@ TEST_F(UsageReportTest, EachDestinationSendsOneEventAfterItsTasksNamedByItsPosit
               (Strings{"IngestType:Transcode", "TranscodeFormat:", "TranscodePresetName:Custom",
                        "Concatenation:Yes"}));
 }
-
-class HostedUsageTest : public UsageReportTest, public ::testing::WithParamInterface<int> {};
-
-TEST_P(HostedUsageTest, AHostedApplicationSendsNothing) {
-    auto logger = Install();
-    HostApp::SetApplicationType(GetParam());
-    DecideAndRun(TwoClipsToTwoCopies(0));
-    auto importing = SessionWithClips();
-    AddClip(*importing, "A001.MOV");
-    DecideAndRun(importing);
-
-    EXPECT_EQ(Kinds(), (KindList{TaskKind::Copy, TaskKind::Copy, TaskKind::Import}));
-    EXPECT_EQ(logger->opened, 0u);
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, HostedUsageTest, ::testing::Values(5, 8));
 
 // The log a host can ask for holds one JSON line per event, attributes in the order the plan adds
 // them; a host that opens the log again, in this run or the next, adds to it.
@@ -208,17 +177,6 @@ TEST_F(UsageReportTest, AnEventIsWrittenWhenReleasedWithItsTextEscaped) {
     EXPECT_EQ(Lines(),
               Strings{R"({"category":"Ingest","subcategory":"IngestSetting","name":"Name \"quoted\"",)"
                       R"("extra":"tab\there","attributes":{"Path":"C:\\clips\nnext\u0001"}})"});
-}
-
-TEST_F(UsageReportTest, AFileThatCannotBeOpenedIsReportedByPath) {
-    const std::string path = tree.NativePath("missing/usage.jsonl");
-    try {
-        UsageLogFile::Open(path);
-        ADD_FAILURE() << "opened " << path;
-    } catch (const std::system_error& error) {
-        EXPECT_NE(std::string(error.what()).find(path), std::string::npos) << error.what();
-        EXPECT_EQ(error.code(), std::errc::no_such_file_or_directory);
-    }
 }
 
 } // namespace
