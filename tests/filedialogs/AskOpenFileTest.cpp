@@ -8,12 +8,12 @@
 #include <boost/intrusive_ptr.hpp>
 #include <gtest/gtest.h>
 
+#include "AppFrame/PlayerControl.h"
+#include "AppFrame/Workspace.h"
 #include "HostApp/ApplicationType.h"
 #include "IGD/FileDialogs.h"
 #include "Proj/Backend.h"
 #include "Proj/LastUsedDirectory.h"
-#include "AppFrame/PlayerControl.h"
-#include "AppFrame/Workspace.h"
 #include "fluxui/ui/UI_NodeManager.h"
 #include "support/ScriptedInteractionDriver.h"
 #include "support/TempTree.h"
@@ -45,7 +45,9 @@ protected:
         HostApp::SetApplicationType(0);
     }
 
-    void RememberFolder(const Fnd::WString& folder) { preferences->values[kLastUsedKey] = Fnd::ToUTF8(folder); }
+    void RememberFolder(const Fnd::WString& folder) {
+        preferences->values[kLastUsedKey] = Fnd::ToUTF8(folder);
+    }
     Fnd::WString Remembered() const {
         const auto found = preferences->values.find(kLastUsedKey);
         const std::string* text =
@@ -79,10 +81,12 @@ TEST_F(AskOpenFileTest, BothFormsReturnTheChosenFilesNormalisedAndCancelKeepsThe
     EXPECT_EQ(path, clip);
     EXPECT_EQ(dialog->FileOkAnswers(), (std::vector<HRESULT>{S_FALSE, S_OK}));
     ASSERT_EQ(ui->Boxes().size(), 1u);
-    EXPECT_EQ(std::pair(ui->Boxes()[0].title, ui->Boxes()[0].text), std::pair(u"Invalid File Path"s, u"Invalid File Path"s));
+    EXPECT_EQ(std::pair(ui->Boxes()[0].title, ui->Boxes()[0].text),
+              std::pair(u"Invalid File Path"s, u"Invalid File Path"s));
     EXPECT_EQ(ui->Boxes()[0].buttons.size(), 1u);
     EXPECT_EQ(dialog->Title(), u"Import");
-    EXPECT_EQ(dialog->Rows(), (std::vector<ScriptedFileDialog::Row>{{u"Movies", u"*.mov"}, {u"Audio", u"*.wav"}}));
+    EXPECT_EQ(dialog->Rows(),
+              (std::vector<ScriptedFileDialog::Row>{{u"Movies", u"*.mov"}, {u"Audio", u"*.wav"}}));
     EXPECT_EQ(dialog->Options() & kFileDialogAllowMultiSelect, 0u);
     EXPECT_EQ(dialog->AdvisedCount(), 0u) << "the wrapper must be unadvised before it dies";
 
@@ -140,7 +144,8 @@ TEST_F(AskOpenFileTest, StartFolderComesFromTheCallerElseFromTheLastUsedFolderWh
             paths.push_back(tree.Path(c.given) + (c.given.back() == '/' ? u"/" : u""));
         ASSERT_TRUE(AskMany(paths));
         EXPECT_EQ(paths, Paths{otherClip});
-        EXPECT_EQ(fresh->FoldersSet(), c.expectedFolder.empty() ? Paths{} : Paths{tree.Path(c.expectedFolder)});
+        EXPECT_EQ(fresh->FoldersSet(),
+                  c.expectedFolder.empty() ? Paths{} : Paths{tree.Path(c.expectedFolder)});
         if (c.rememberedAfter)
             EXPECT_EQ(Remembered(), other + u"/");
         else

@@ -78,8 +78,8 @@ TEST(SaveDialogOk, CompletesTheNameAsksBeforeReplacingAndRefusesWhatCannotBeSave
         const Fnd::MessageBoxRequest& box = ui->Boxes()[0];
         const std::map<Box, std::pair<Fnd::WString, Fnd::WString>> seen = {
             {Box::Replace,
-             {u"Confirm File Replacement",
-              u"The file \"" + tree.Path("take.mov") + u"\" already exists. Are you sure you want to replace it?"}},
+             {u"Confirm File Replacement", u"The file \"" + tree.Path("take.mov") +
+                                               u"\" already exists. Are you sure you want to replace it?"}},
             {Box::InvalidPath, {u"Invalid File Path", u"Invalid File Path"}},
             {Box::NotWriteable,
              {u"Veltrix Quillon", u"You do not have write access to this directory. Please choose a new "

@@ -87,8 +87,8 @@ TEST_F(FileTypes, AllSupportedMediaRowComesFirstAndListsWhatProvidersImportNow) 
         EXPECT_EQ(dialog->Rows()[1], (Row{u"Movies", u"*.mov"}));
         const std::vector<Fnd::WString> items = allMediaItems();
         EXPECT_TRUE(std::is_sorted(items.begin(), items.end()));
-        for (const Fnd::WStringView expected : {u"*.mov", u"*.mxf", u"*.braw", u"*.wav", u"*.jpg", u"*.zzq",
-                                                u"*.zzr", u"*.zzs"})
+        for (const Fnd::WStringView expected :
+             {u"*.mov", u"*.mxf", u"*.braw", u"*.wav", u"*.jpg", u"*.zzq", u"*.zzr", u"*.zzs"})
             EXPECT_NE(std::find(items.begin(), items.end(), expected), items.end()) << Fnd::ToUTF8(expected);
         for (const Fnd::WStringView unwanted : {u"*", u"*.*", u""})
             EXPECT_EQ(std::find(items.begin(), items.end(), unwanted), items.end()) << Fnd::ToUTF8(unwanted);

@@ -4,10 +4,10 @@
 #include <set>
 #include <string>
 
-#include "IGD/IngestDialogApi.h"
-#include "shell/resources/IngestResources.h"
 #include "AppFrame/Workspace.h"
+#include "IGD/IngestDialogApi.h"
 #include "fluxui/controls/UI_PictureButton.h"
+#include "shell/resources/IngestResources.h"
 
 namespace igd::test {
 namespace {
