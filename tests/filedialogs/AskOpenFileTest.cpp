@@ -79,22 +79,22 @@ TEST_F(AskOpenFileTest, BothFormsReturnTheChosenFilesNormalisedAndCancelKeepsThe
     Fnd::WString path;
     EXPECT_TRUE(AskOne(path));
     EXPECT_EQ(path, clip);
-    EXPECT_EQ(dialog->FileOkAnswers(), (std::vector<HRESULT>{S_FALSE, S_OK}));
+    EXPECT_EQ(dialog->fileOkAnswers, (std::vector<HRESULT>{S_FALSE, S_OK}));
     ASSERT_EQ(ui->Boxes().size(), 1u);
     EXPECT_EQ(std::pair(ui->Boxes()[0].title, ui->Boxes()[0].text),
               std::pair(u"Invalid File Path"s, u"Invalid File Path"s));
     EXPECT_EQ(ui->Boxes()[0].buttons.size(), 1u);
-    EXPECT_EQ(dialog->Title(), u"Import");
-    EXPECT_EQ(dialog->Rows(),
+    EXPECT_EQ(dialog->title, u"Import");
+    EXPECT_EQ(dialog->rows,
               (std::vector<ScriptedFileDialog::Row>{{u"Movies", u"*.mov"}, {u"Audio", u"*.wav"}}));
-    EXPECT_EQ(dialog->Options() & kFileDialogAllowMultiSelect, 0u);
-    EXPECT_EQ(dialog->AdvisedCount(), 0u) << "the wrapper must be unadvised before it dies";
+    EXPECT_EQ(dialog->options & kFileDialogAllowMultiSelect, 0u);
+    EXPECT_EQ(dialog->advised.size(), 0u) << "the wrapper must be unadvised before it dies";
 
     dialog->QueueChoose({otherClip, card + u"//A001.MOV"});
     Paths paths = {clip};
     EXPECT_TRUE(AskMany(paths));
     EXPECT_EQ(paths, (Paths{otherClip, clip}));
-    EXPECT_NE(dialog->Options() & kFileDialogAllowMultiSelect, 0u);
+    EXPECT_NE(dialog->options & kFileDialogAllowMultiSelect, 0u);
 
     RememberFolder(other);
     preferences->calls.clear();
@@ -144,8 +144,7 @@ TEST_F(AskOpenFileTest, StartFolderComesFromTheCallerElseFromTheLastUsedFolderWh
             paths.push_back(tree.Path(c.given) + (c.given.back() == '/' ? u"/" : u""));
         ASSERT_TRUE(AskMany(paths));
         EXPECT_EQ(paths, Paths{otherClip});
-        EXPECT_EQ(fresh->FoldersSet(),
-                  c.expectedFolder.empty() ? Paths{} : Paths{tree.Path(c.expectedFolder)});
+        EXPECT_EQ(fresh->foldersSet, c.expectedFolder.empty() ? Paths{} : Paths{tree.Path(c.expectedFolder)});
         if (c.rememberedAfter)
             EXPECT_EQ(Remembered(), other + u"/");
         else
@@ -180,7 +179,7 @@ TEST_F(AskOpenFileTest, TheOwningWindowIsDisabledWhileTheDialogIsUpUnlessTheHost
     dialog->QueueChoose({clip});
     Fnd::WString path;
     EXPECT_TRUE(AskOne(path));
-    EXPECT_EQ(dialog->ShownParent(), mainWindow->GetPlatformWindow());
+    EXPECT_EQ(dialog->shownParent, mainWindow->GetPlatformWindow());
     EXPECT_EQ(mainEnabled, false);
     EXPECT_TRUE(mainWindow->UI_IsEnabled());
     EXPECT_EQ(stoppedBeforeShow, 1);
@@ -188,7 +187,7 @@ TEST_F(AskOpenFileTest, TheOwningWindowIsDisabledWhileTheDialogIsUpUnlessTheHost
 
     dialog->QueueCancel();
     EXPECT_FALSE(IGD::AskOpenFile(u"Import", path, u"", filter, 0, ownWindow->GetPlatformWindow()));
-    EXPECT_EQ(dialog->ShownParent(), ownWindow->GetPlatformWindow());
+    EXPECT_EQ(dialog->shownParent, ownWindow->GetPlatformWindow());
     EXPECT_EQ(ownEnabled, false);
     EXPECT_EQ(mainEnabled, true);
     EXPECT_TRUE(ownWindow->UI_IsEnabled());

@@ -61,8 +61,8 @@ TEST(SaveDialogOk, CompletesTheNameAsksBeforeReplacingAndRefusesWhatCannotBeSave
             continue; // root may write to any folder
         auto dialog = std::make_shared<ScriptedFileDialog>();
         dialog->SetOptions(c.dialogPrompts ? kFileDialogOverwritePrompt : 0);
-        dialog->SetChosenItems(
-            {c.chosen ? MakeFileSystemShellItem(tree.Path(*c.chosen)) : MakeItemWithoutPath()});
+        dialog->chosen =
+            IShellItemArray{c.chosen ? MakeFileSystemShellItem(tree.Path(*c.chosen)) : MakeItemWithoutPath()};
         IGD::WinCommonSaveDialogWrapper wrapper;
         wrapper.SetFileSaveDialog(dialog);
         wrapper.SetDefaultExtension(c.defaultExtension);
@@ -101,7 +101,7 @@ TEST(SaveDialogOptions, CustomOverwriteConfirmationTurnsOffOnlyTheDialogsPrompt)
     IGD::WinCommonSaveDialogWrapper wrapper;
     wrapper.SetFileSaveDialog(dialog);
     wrapper.UseCustomOverwiteConfirmation();
-    EXPECT_EQ(dialog->Options(), kFileDialogAllowMultiSelect);
+    EXPECT_EQ(dialog->options, kFileDialogAllowMultiSelect);
 }
 
 } // namespace

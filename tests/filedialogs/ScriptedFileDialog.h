@@ -34,104 +34,93 @@ public:
     void WhileShown(std::function<void()> probe) { whileShown_ = std::move(probe); }
 
     HRESULT Show(std::uintptr_t parent) override {
-        shownParent_ = parent;
+        shownParent = parent;
         if (whileShown_)
             whileShown_();
         while (true) {
-            chosen_.reset();
+            chosen.reset();
             if (answers_.empty()) {
                 ADD_FAILURE() << "a file dialog was shown with no answer queued";
                 return kFileDialogCancelled;
             }
-            chosen_ = std::move(answers_.front());
+            chosen = std::move(answers_.front());
             answers_.pop_front();
-            if (!chosen_)
+            if (!chosen)
                 return kFileDialogCancelled;
             HRESULT verdict = S_OK;
-            const auto events = events_; // a handler may unadvise while it runs
+            const auto events = advised; // a handler may unadvise while it runs
             for (const auto& [cookie, handler] : events) {
-                fileOkAnswers_.push_back(handler->OnFileOk(*this));
-                if (fileOkAnswers_.back() != S_OK)
-                    verdict = fileOkAnswers_.back();
+                fileOkAnswers.push_back(handler->OnFileOk(*this));
+                if (fileOkAnswers.back() != S_OK)
+                    verdict = fileOkAnswers.back();
             }
             if (verdict == S_OK)
                 return S_OK;
         }
     }
-    HRESULT SetFileTypes(unsigned count, const FileDialogFilterRow* rows) override {
-        rows_.clear();
+    HRESULT SetFileTypes(unsigned count, const FileDialogFilterRow* given) override {
+        rows.clear();
         for (unsigned i = 0; i < count; ++i)
-            rows_.emplace_back(rows[i].name, rows[i].pattern);
-        typeIndex_ = 1;
+            rows.emplace_back(given[i].name, given[i].pattern);
+        typeIndex = 1;
         return S_OK;
     }
-    HRESULT GetFileTypeIndex(unsigned& index) override { return index = typeIndex_, S_OK; }
+    HRESULT GetFileTypeIndex(unsigned& index) override { return index = typeIndex, S_OK; }
     HRESULT SetFileTypeIndex(unsigned index) override {
-        EXPECT_TRUE(index >= 1 && index <= rows_.size()) << "row " << index << " of " << rows_.size();
-        return typeIndex_ = index, S_OK;
+        EXPECT_TRUE(index >= 1 && index <= rows.size()) << "row " << index << " of " << rows.size();
+        return typeIndex = index, S_OK;
     }
     HRESULT Advise(IFileDialogEvents* events, unsigned& cookie) override {
-        events_.emplace_back(cookie = nextCookie_++, events);
+        advised.emplace_back(cookie = nextCookie_++, events);
         return S_OK;
     }
     HRESULT Unadvise(unsigned cookie) override {
-        return std::erase_if(events_, [cookie](const auto& entry) { return entry.first == cookie; }) == 1
+        return std::erase_if(advised, [cookie](const auto& entry) { return entry.first == cookie; }) == 1
                    ? S_OK
                    : kFileDialogFailed;
     }
-    HRESULT GetOptions(FileDialogOptions& options) override { return options = options_, S_OK; }
-    HRESULT SetOptions(FileDialogOptions options) override { return options_ = options, S_OK; }
+    HRESULT GetOptions(FileDialogOptions& out) override { return out = options, S_OK; }
+    HRESULT SetOptions(FileDialogOptions value) override { return options = value, S_OK; }
     HRESULT SetFolder(const ShellItemRef& folder) override {
         Fnd::WString path;
         if (!folder || folder->GetDisplayName(SIGDN_FILESYSPATH, path) != S_OK)
             return kFileDialogFailed;
         folder_ = folder;
-        foldersSet_.push_back(path);
+        foldersSet.push_back(path);
         return S_OK;
     }
     HRESULT GetFolder(ShellItemRef& folder) override { return (folder = folder_) ? S_OK : kFileDialogFailed; }
     HRESULT SetFileName(const Fnd::WString&) override { return S_OK; }
-    HRESULT SetTitle(const Fnd::WString& title) override { return title_ = title, S_OK; }
+    HRESULT SetTitle(const Fnd::WString& value) override { return title = value, S_OK; }
     HRESULT GetResult(ShellItemRef& item) override {
-        if (!chosen_ || chosen_->empty())
+        if (!chosen || chosen->empty())
             return kFileDialogFailed;
-        return item = chosen_->front(), S_OK;
+        return item = chosen->front(), S_OK;
     }
     HRESULT GetResults(IShellItemArray& items) override {
-        if (!chosen_)
+        if (!chosen)
             return kFileDialogFailed;
-        return items = *chosen_, S_OK;
+        return items = *chosen, S_OK;
     }
 
-    // What the library set, and what happened.
-    const std::vector<Row>& Rows() const { return rows_; }
-    unsigned TypeIndex() const { return typeIndex_; }
-    FileDialogOptions Options() const { return options_; }
-    const std::vector<Fnd::WString>& FoldersSet() const { return foldersSet_; }
-    const Fnd::WString& Title() const { return title_; }
-    std::uintptr_t ShownParent() const { return shownParent_; }
-    const std::vector<HRESULT>& FileOkAnswers() const { return fileOkAnswers_; }
-    std::size_t AdvisedCount() const { return events_.size(); }
+    // What the library set and what happened; a test may also set them, to call a wrapper's
+    // OnFileOk or SelectExtension itself.
+    std::vector<Row> rows;
+    unsigned typeIndex = 1;
+    FileDialogOptions options = kFileDialogOverwritePrompt;
+    std::vector<Fnd::WString> foldersSet;
+    Fnd::WString title;
+    std::uintptr_t shownParent = 0;
+    std::vector<HRESULT> fileOkAnswers; // of each OnFileOk call, in order
+    std::optional<IShellItemArray> chosen;
+    std::vector<std::pair<unsigned, IFileDialogEvents*>> advised;
     std::size_t UnusedAnswers() const { return answers_.size(); }
-
-    // For tests that call a wrapper's OnFileOk or SelectExtension themselves.
-    void SetChosenItems(IShellItemArray items) { chosen_ = std::move(items); }
-    void SetTypeIndexDirectly(unsigned index) { typeIndex_ = index; }
 
 private:
     std::deque<std::optional<IShellItemArray>> answers_; // nothing: cancel
     std::function<void()> whileShown_;
-    std::vector<std::pair<unsigned, IFileDialogEvents*>> events_;
     unsigned nextCookie_ = 1;
-    std::vector<Row> rows_;
-    unsigned typeIndex_ = 1;
-    FileDialogOptions options_ = kFileDialogOverwritePrompt;
-    std::vector<Fnd::WString> foldersSet_;
     ShellItemRef folder_;
-    Fnd::WString title_;
-    std::uintptr_t shownParent_ = 0;
-    std::vector<HRESULT> fileOkAnswers_;
-    std::optional<IShellItemArray> chosen_;
 };
 
 // Makes every dialog the library creates the given one (none for null), for its lifetime. Fails the
