@@ -8,13 +8,12 @@
 #include <boost/intrusive_ptr.hpp>
 #include <gtest/gtest.h>
 
-#include "Fnd/NullInterfaceException.h"
+#include "AppFrame/PlayerControl.h"
+#include "AppFrame/Workspace.h"
 #include "HostApp/ApplicationType.h"
 #include "IGD/FileDialogs.h"
 #include "Proj/Backend.h"
 #include "Proj/LastUsedDirectory.h"
-#include "AppFrame/PlayerControl.h"
-#include "AppFrame/Workspace.h"
 #include "fluxui/ui/UI_NodeManager.h"
 #include "support/ScriptedInteractionDriver.h"
 #include "support/TempTree.h"
@@ -67,72 +66,75 @@ protected:
     std::shared_ptr<ScriptedFileDialog> dialog = std::make_shared<ScriptedFileDialog>();
     const Fnd::WString filter = u"Movies\0*.mov\0Audio\0*.wav"s;
     boost::intrusive_ptr<fluxui::ui::OS_Window> mainWindow{new fluxui::ui::OS_Window()};
-    boost::intrusive_ptr<fluxui::ui::OS_Window> ownWindow{new fluxui::ui::OS_Window()};
     int player = 0;
     int playersStopped = 0;
 };
 
-TEST_F(AskOpenFileTest, ThePathFormReturnsTheChosenFileNormalised) {
+TEST_F(AskOpenFileTest, BothFormsReturnTheChosenFilesNormalisedAndCancelKeepsThem) {
     ScopedFileDialogFactory factory(dialog);
+    ScopedInteractionDriver ui;
+    ui->QueueBoxAnswer(0);
+    dialog->QueueChooseItems({MakeItemWithoutPath()}); // refused with a box; the dialog stays open
     dialog->QueueChoose({card + u"/./../card/A001.MOV"});
     Fnd::WString path;
     EXPECT_TRUE(AskOne(path));
     EXPECT_EQ(path, clip);
-    EXPECT_EQ(dialog->Title(), u"Import");
-    EXPECT_EQ(dialog->Rows(),
+    EXPECT_EQ(dialog->fileOkAnswers, (std::vector<HRESULT>{S_FALSE, S_OK}));
+    ASSERT_EQ(ui->Boxes().size(), 1u);
+    EXPECT_EQ(std::pair(ui->Boxes()[0].title, ui->Boxes()[0].text),
+              std::pair(u"Invalid File Path"s, u"Invalid File Path"s));
+    EXPECT_EQ(ui->Boxes()[0].buttons.size(), 1u);
+    EXPECT_EQ(dialog->title, u"Import");
+    EXPECT_EQ(dialog->rows,
               (std::vector<ScriptedFileDialog::Row>{{u"Movies", u"*.mov"}, {u"Audio", u"*.wav"}}));
-    EXPECT_EQ(dialog->Options() & kFileDialogAllowMultiSelect, 0u);
-    EXPECT_EQ(dialog->AdvisedCount(), 0u) << "the wrapper must be unadvised before it dies";
-}
+    EXPECT_EQ(dialog->options & kFileDialogAllowMultiSelect, 0u);
+    EXPECT_EQ(dialog->advised.size(), 0u) << "the wrapper must be unadvised before it dies";
 
-TEST_F(AskOpenFileTest, TheListFormAllowsSeveralFilesAndNormalisesEach) {
-    ScopedFileDialogFactory factory(dialog);
     dialog->QueueChoose({otherClip, card + u"//A001.MOV"});
     Paths paths = {clip};
     EXPECT_TRUE(AskMany(paths));
     EXPECT_EQ(paths, (Paths{otherClip, clip}));
-    EXPECT_NE(dialog->Options() & kFileDialogAllowMultiSelect, 0u);
-}
+    EXPECT_NE(dialog->options & kFileDialogAllowMultiSelect, 0u);
 
-TEST_F(AskOpenFileTest, CancelLeavesThePathsAndTheRememberedFolder) {
     RememberFolder(other);
-    ScopedFileDialogFactory factory(dialog);
+    preferences->calls.clear();
     dialog->QueueCancel();
     dialog->QueueCancel();
-    Fnd::WString path = clip;
     EXPECT_FALSE(AskOne(path));
     EXPECT_EQ(path, clip);
-    Paths paths = {tree.Path("missing.mov"), clip};
+    paths = {tree.Path("missing.mov"), clip};
     EXPECT_FALSE(AskMany(paths));
     EXPECT_EQ(paths, (Paths{tree.Path("missing.mov"), clip}));
     EXPECT_EQ(Writes(), 0u);
 }
 
-struct StartCase {
-    const char* label;
-    std::string given;            // relative to the tree; "" for none
-    std::string remembered;       // relative to the tree; "" for nothing stored
-    std::string expectedFolder;   // where the dialog starts; "" for its own default
-    bool rememberedAfter = false; // the chosen file's folder is stored
-};
-
-TEST_F(AskOpenFileTest, StartFolderComesFromTheCallerElseFromTheLastUsedFolder) {
-    const std::vector<StartCase> cases = {
-        {"caller's folder ending in a separator", "card/", "other", "card", false},
+TEST_F(AskOpenFileTest, StartFolderComesFromTheCallerElseFromTheLastUsedFolderWhichIsThenUpdated) {
+    struct Case {
+        const char* label;
+        std::string given;          // relative to the tree; "" for none
+        std::string remembered;     // relative to the tree; "" for nothing stored
+        std::string expectedFolder; // where the dialog starts; "" for its own default
+        bool rememberedAfter;       // the chosen file's folder is stored
+        bool locked = false;
+    };
+    const std::vector<Case> cases = {
+        {"caller's folder", "card/", "other", "card", false},
         {"caller's folder that does not exist", "gone/", "other", "", false},
         {"caller's existing file", "card/A001.MOV", "other", "card", false},
-        {"caller's missing file falls back", "card/A002.MOV", "other", "other", true},
-        {"nothing given", "", "other", "other", true},
+        {"caller's missing file falls back", "card/A002.MOV", "card", "card", true},
         {"nothing given, nothing remembered", "", "", "", true},
-        {"remembered folder is gone", "", "gone", "", true},
         {"remembered path is a file", "", "card/A001.MOV", "", true},
+        {"a locked last used folder is not written", "", "card", "card", false, true},
     };
-    for (const StartCase& c : cases) {
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
         preferences->values.clear();
         preferences->calls.clear();
+        preferences->locked.clear();
         if (!c.remembered.empty())
             RememberFolder(tree.Path(c.remembered));
+        if (c.locked)
+            preferences->locked.insert(kLastUsedKey);
         auto fresh = std::make_shared<ScriptedFileDialog>();
         ScopedFileDialogFactory factory(fresh);
         fresh->QueueChoose({otherClip});
@@ -142,87 +144,50 @@ TEST_F(AskOpenFileTest, StartFolderComesFromTheCallerElseFromTheLastUsedFolder) 
             paths.push_back(tree.Path(c.given) + (c.given.back() == '/' ? u"/" : u""));
         ASSERT_TRUE(AskMany(paths));
         EXPECT_EQ(paths, Paths{otherClip});
-        EXPECT_EQ(fresh->FoldersSet(),
-                  c.expectedFolder.empty() ? Paths{} : Paths{tree.Path(c.expectedFolder)});
-        if (c.rememberedAfter) {
+        EXPECT_EQ(fresh->foldersSet, c.expectedFolder.empty() ? Paths{} : Paths{tree.Path(c.expectedFolder)});
+        if (c.rememberedAfter)
             EXPECT_EQ(Remembered(), other + u"/");
-        } else {
+        else
             EXPECT_EQ(Writes(), 0u);
-        }
     }
-}
-
-TEST_F(AskOpenFileTest, ALockedLastUsedFolderIsNotWritten) {
-    RememberFolder(card);
-    preferences->locked.insert(kLastUsedKey);
-    ScopedFileDialogFactory factory(dialog);
-    dialog->QueueChoose({otherClip});
-    Fnd::WString path;
-    EXPECT_TRUE(AskOne(path));
-    EXPECT_EQ(Writes(), 0u);
-    EXPECT_EQ(Remembered(), card);
 }
 
 TEST_F(AskOpenFileTest, WithoutADialogNothingIsChosenAndNothingAsked) {
     ScopedInteractionDriver ui;
-    const std::shared_ptr<IFileDialogFactory> previous = SetFileDialogFactory(nullptr);
+    ScopedFileDialogFactory none(nullptr);
     Fnd::WString path = clip;
     EXPECT_FALSE(AskOne(path));
     EXPECT_EQ(path, clip);
-    ScopedFileDialogFactory none(nullptr);
     Paths paths;
     EXPECT_FALSE(AskMany(paths));
     EXPECT_TRUE(paths.empty());
     EXPECT_TRUE(ui->Boxes().empty());
-    SetFileDialogFactory(previous);
 }
 
-TEST_F(AskOpenFileTest, WithoutPreferencesTheLastUsedFolderCannotBeRead) {
+TEST_F(AskOpenFileTest, TheOwningWindowIsDisabledWhileTheDialogIsUpUnlessTheHostIsOfKind8) {
+    boost::intrusive_ptr<fluxui::ui::OS_Window> ownWindow{new fluxui::ui::OS_Window()};
     ScopedFileDialogFactory factory(dialog);
-    Proj::ScopedBackend noPreferences(nullptr);
-    Paths paths;
-    EXPECT_THROW(AskMany(paths), Fnd::NullInterfaceException);
-    // A caller's start needs no preferences at all.
-    dialog->QueueCancel();
-    paths = {clip};
-    EXPECT_FALSE(AskMany(paths));
-}
-
-TEST_F(AskOpenFileTest, TheMainWindowIsDisabledWhileTheDialogIsUp) {
-    ScopedFileDialogFactory factory(dialog);
-    std::optional<bool> enabledDuringShow;
+    std::optional<bool> ownEnabled, mainEnabled;
     int stoppedBeforeShow = -1;
-    std::size_t advisedDuringShow = 0;
     dialog->WhileShown([&] {
-        enabledDuringShow = mainWindow->UI_IsEnabled();
+        ownEnabled = ownWindow->UI_IsEnabled();
+        mainEnabled = mainWindow->UI_IsEnabled();
         stoppedBeforeShow = playersStopped;
-        advisedDuringShow = dialog->AdvisedCount();
     });
     auto capturing = boost::intrusive_ptr<fluxui::ui::OS_Window>(new fluxui::ui::OS_Window());
     fluxui::ui::UI_NodeManager::Get(true).BeginInputCapture(capturing.get());
     dialog->QueueChoose({clip});
     Fnd::WString path;
     EXPECT_TRUE(AskOne(path));
-
-    EXPECT_EQ(dialog->ShownParent(), mainWindow->GetPlatformWindow());
-    EXPECT_EQ(enabledDuringShow, false);
+    EXPECT_EQ(dialog->shownParent, mainWindow->GetPlatformWindow());
+    EXPECT_EQ(mainEnabled, false);
     EXPECT_TRUE(mainWindow->UI_IsEnabled());
     EXPECT_EQ(stoppedBeforeShow, 1);
-    EXPECT_EQ(advisedDuringShow, 1u);
     EXPECT_EQ(fluxui::ui::UI_NodeManager::Get(true).GetInputCapture(), nullptr);
-}
 
-TEST_F(AskOpenFileTest, TheCallersWindowIsTheParentAndAHostOfKind8KeepsItsWindowsAsTheyAre) {
-    ScopedFileDialogFactory factory(dialog);
-    std::optional<bool> ownEnabled, mainEnabled;
-    dialog->WhileShown([&] {
-        ownEnabled = ownWindow->UI_IsEnabled();
-        mainEnabled = mainWindow->UI_IsEnabled();
-    });
     dialog->QueueCancel();
-    Paths paths = {clip};
-    EXPECT_FALSE(IGD::AskOpenFile(u"Import", paths, u"", filter, 0, ownWindow->GetPlatformWindow()));
-    EXPECT_EQ(dialog->ShownParent(), ownWindow->GetPlatformWindow());
+    EXPECT_FALSE(IGD::AskOpenFile(u"Import", path, u"", filter, 0, ownWindow->GetPlatformWindow()));
+    EXPECT_EQ(dialog->shownParent, ownWindow->GetPlatformWindow());
     EXPECT_EQ(ownEnabled, false);
     EXPECT_EQ(mainEnabled, true);
     EXPECT_TRUE(ownWindow->UI_IsEnabled());
@@ -230,7 +195,7 @@ TEST_F(AskOpenFileTest, TheCallersWindowIsTheParentAndAHostOfKind8KeepsItsWindow
     HostApp::SetApplicationType(8);
     mainEnabled.reset();
     dialog->QueueCancel();
-    EXPECT_FALSE(AskMany(paths));
+    EXPECT_FALSE(AskOne(path));
     EXPECT_EQ(mainEnabled, true);
 }
 
