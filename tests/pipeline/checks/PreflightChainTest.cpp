@@ -1,5 +1,6 @@
 // The checks before a transfer: which one speaks, with which words, and where the chain stops.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <functional>
 #include <string>
@@ -9,6 +10,7 @@
 #include "tests/pipeline/PlanTestSupport.h"
 #include "pipeline/checks/ConcatenateChecks.h"
 #include "pipeline/checks/PreflightChain.h"
+#include "pipeline/checks/TransferConflictCheck.h"
 
 namespace igd::test {
 namespace {
@@ -178,6 +180,25 @@ TEST_F(PreflightChainTest, EachRefusalIsTheEarliestFailingStepInItsOwnWords) {
         row.spoil();
         EXPECT_EQ(Refusal(), row.box);
     }
+}
+
+// Mount points nest: a destination on a filesystem of its own is still inside the selected folder
+// that holds its mount point.
+TEST_F(PreflightChainTest, ADestinationMountedInsideASelectedFolderIsRefused) {
+    struct stat folder {};
+    struct stat mounted {};
+    if (stat("/dev", &folder) != 0 || stat("/dev/shm", &mounted) != 0 || folder.st_dev == mounted.st_dev)
+        GTEST_SKIP() << "needs /dev/shm mounted inside /dev";
+    session_ = NewSession();
+    AddFolder(*session_, "dev", {});
+    const IGD::IngestDestinationRef destination(new IGD::IngestDestination);
+    destination->SetDestinationPath(u"/dev/shm");
+    ui->QueueBoxAnswer(0);
+    EXPECT_FALSE(IGD::CheckTransferConflicts(u"/", session_->GetSelectedItems(), {destination}));
+    ASSERT_EQ(ui->Boxes().size(), 1u);
+    EXPECT_EQ(Fnd::ToUTF8(ui->Boxes().back().text),
+              "The source folder path /dev contains the destination folder /dev/shm. Cannot transfer to "
+              "the sub-folder of the source folder.");
 }
 
 // On a server project the transfer goes to the server: local folders cannot clash there.
