@@ -131,8 +131,9 @@ public:
         : dialog_(std::move(dialog)), previous_(SetFileDialogFactory({std::shared_ptr<void>(), this})) {}
     ~ScopedFileDialogFactory() override {
         SetFileDialogFactory(previous_);
-        if (dialog_)
+        if (dialog_) {
             EXPECT_EQ(dialog_->UnusedAnswers(), 0u) << "the file dialog was shown fewer times than scripted";
+        }
     }
     ScopedFileDialogFactory(const ScopedFileDialogFactory&) = delete;
     ScopedFileDialogFactory& operator=(const ScopedFileDialogFactory&) = delete;

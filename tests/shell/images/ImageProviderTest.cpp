@@ -88,8 +88,9 @@ TEST_F(ImageProviderTest, PicksTheSmallestRasterNotScaledUpElseFallsBackAsTheSto
         const UI_PictureSupplyMessage message = Provide(c.name, c.displayScale, c.preferVector);
         EXPECT_TRUE(provided);
         EXPECT_EQ(message.resourceName, c.resource);
-        if (c.pixels)
+        if (c.pixels) {
             EXPECT_EQ(std::tuple(message.imageScale, message.pixelWidth), std::tuple(c.imageScale, c.pixels));
+        }
     }
 }
 
