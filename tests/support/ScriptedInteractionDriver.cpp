@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "Fnd/RunLoop.h"
-
 namespace igd::test {
 
 void ScriptedInteractionDriver::QueueExistingPathAnswer(int action, bool applyToAll) {
@@ -44,20 +42,8 @@ ScriptedInteractionDriver::AskExistingPath(const Fnd::ExistingPathQuestion& ques
 }
 
 void ScriptedInteractionDriver::RunModal(Fnd::IModalSession& session) {
-    modalTitles_.push_back(session.ModalTitle());
-    if (modalActions_.empty()) {
-        ADD_FAILURE() << "unscripted modal run of \"" << Fnd::ToUTF8(session.ModalTitle()) << "\"";
-        session.CloseByUser();
-        return;
-    }
-    const auto action = std::move(modalActions_.front());
-    modalActions_.pop_front();
-    action(session);
-    Fnd::GetDefaultQueue().Drain();
-    if (!session.IsCloseRequested()) {
-        ADD_FAILURE() << "the scripted action left \"" << Fnd::ToUTF8(session.ModalTitle()) << "\" open";
-        session.CloseByUser();
-    }
+    ADD_FAILURE() << "unscripted modal run of \"" << Fnd::ToUTF8(session.ModalTitle()) << "\"";
+    session.CloseByUser();
 }
 
 bool ScriptedInteractionDriver::AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) {

@@ -8,13 +8,12 @@
 //     ASSERT_EQ(ui->Boxes().size(), 1u);
 //     EXPECT_EQ(ui->Boxes()[0].title, u"Destination path does not exist");
 //
-// Box answers, existing-path answers, modal actions and folder answers are separate queues, each used in
+// Box answers, existing-path answers and folder answers are separate queues, each used in
 // order. A question with no answer queued is a test failure (ADD_FAILURE naming the question) and gets the
 // safe answer: the box's default button, or cancel for an existing path. ScopedInteractionDriver also fails
 // the test if answers are left over when it ends: the code did not ask what the test expected it to ask.
 #include <cstddef>
 #include <deque>
-#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -32,30 +31,24 @@ public:
     // The next existing-path question is cancelled: the user gives up the request.
     void QueueExistingPathCancel();
 
-    // The next modal run performs this action (what the person does in the window), then runs
-    // the posted work; the action must leave a close requested.
-    void QueueModalAction(std::function<void(Fnd::IModalSession&)> action) {
-        modalActions_.push_back(std::move(action));
-    }
     // The next folder question answers this folder, or is cancelled.
     void QueueFolderAnswer(Fnd::WString folder) { folderAnswers_.push_back({true, std::move(folder)}); }
     void QueueFolderCancel() { folderAnswers_.push_back({false, {}}); }
 
     int AskMessageBox(const Fnd::MessageBoxRequest& request) override;
     Fnd::ExistingPathAnswer AskExistingPath(const Fnd::ExistingPathQuestion& question) override;
+    // Dialogs are worked by the front end's tests; a modal run here is a failure, and cancelled.
     void RunModal(Fnd::IModalSession& session) override;
     bool AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) override;
 
     // Every question asked, in order.
     const std::vector<Fnd::MessageBoxRequest>& Boxes() const { return boxes_; }
     const std::vector<Fnd::ExistingPathQuestion>& ExistingPathQuestions() const { return existingPaths_; }
-    const std::vector<Fnd::WString>& ModalTitles() const { return modalTitles_; }
     const std::vector<Fnd::FolderQuestion>& FolderQuestions() const { return folders_; }
 
     // Answers queued and not asked for yet.
     std::size_t UnusedAnswers() const {
-        return boxAnswers_.size() + existingPathAnswers_.size() + modalActions_.size() +
-               folderAnswers_.size();
+        return boxAnswers_.size() + existingPathAnswers_.size() + folderAnswers_.size();
     }
 
 private:
@@ -63,8 +56,6 @@ private:
     std::deque<Fnd::ExistingPathAnswer> existingPathAnswers_;
     std::vector<Fnd::MessageBoxRequest> boxes_;
     std::vector<Fnd::ExistingPathQuestion> existingPaths_;
-    std::deque<std::function<void(Fnd::IModalSession&)>> modalActions_;
-    std::vector<Fnd::WString> modalTitles_;
     std::deque<std::pair<bool, Fnd::WString>> folderAnswers_;
     std::vector<Fnd::FolderQuestion> folders_;
 };

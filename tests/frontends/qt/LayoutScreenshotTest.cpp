@@ -97,12 +97,8 @@ TEST(LayoutScreenshotTest, ASectionStackFoldsAndScrolls) {
     first.ToggleByUser();
     EXPECT_FALSE(first.GetOpened());
     EXPECT_LT(secondWidget->y(), secondTop) << "the sections below move up";
-    EXPECT_EQ(secondWidget->y(), static_cast<int>(first.GetHeaderHeight()));
     EXPECT_LT(scroll.GetContentRectF().height, tall);
     EXPECT_EQ(scroll.GetContentRectF().Bottom(), 200.0f) << "scrolled to the end, the view stays in range";
-    const int scrolledTo = static_cast<int>(-scroll.GetContentRectF().top + 0.5f);
-    EXPECT_GT(scrolledTo, 0);
-    EXPECT_EQ(presenter.WidgetFor(stack)->y(), -scrolledTo);
     const QImage image = presenter.RootWidget()->grab().toImage();
     EXPECT_TRUE(
         image.save(QDir(QStringLiteral(IGD_SCREENSHOT_DIR)).filePath(QStringLiteral("sections.png")), "PNG"));

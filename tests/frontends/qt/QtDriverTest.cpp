@@ -102,10 +102,11 @@ TEST_F(QtDriverTest, InputBoxRunsAsAToolkitDialogInANestedLoop) {
         auto* edit = dialog.findChild<QLineEdit*>();
         ASSERT_NE(edit, nullptr);
         EXPECT_EQ(edit->text(), QStringLiteral("Untitled"));
-        edit->setFocus();
+        EXPECT_TRUE(edit->hasFocus()) << "the person starts typing in the field";
         edit->selectAll();
         QTest::keyClicks(edit, QStringLiteral("Day 2 cards"));
-        Find<QPushButton>(dialog, QStringLiteral("OK"))->click();
+        QTest::keyClick(edit, Qt::Key_Return); // ends the edit
+        QTest::keyClick(edit, Qt::Key_Return); // then presses the default button
     });
     Fnd::WString text = u"Untitled";
     ASSERT_TRUE(fluxui::dialogs::SimpleInputBox::Ask(u"Save Preset", u"Preset name:", text));

@@ -1,39 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "AppFrame/ColorManager.h"
-#include "AppFrame/DC.h"
 #include "AppFrame/ParentAndChildWindowDisabler.h"
 #include "AppFrame/PlayerControl.h"
 #include "fluxui/ui/UI_NodeManager.h"
 #include "fluxui/ui/UI_SubView.h"
-#include "fluxui/utils/DrawOutline.h"
 #include "tests/shell/toolkit/ToolkitTestSupport.h"
 
 namespace igd::test {
 namespace {
-
-using fluxcore::geom::PointF;
-using fluxcore::geom::RectF;
-using fluxui::sketcher::ColorRGBA;
-
-TEST(FrameDrawing, ADCDrawsInTheViewsSpaceAtItsOrigin) {
-    RecordingSketcher sketcher;
-    AppFrame::DC dc(sketcher, 2.0f, {100, 50});
-    const ColorRGBA divider = AppFrame::ColorManager::GetColor(AppFrame::kColor_PanelDivider);
-    dc.DrawLine({-6, 1}, {200, 1}, divider, 1.0f, 0.5f);
-    ASSERT_EQ(sketcher.lines.size(), 1u);
-    EXPECT_EQ(sketcher.lines[0].from, (PointF{94, 51}));
-    EXPECT_EQ(sketcher.lines[0].to, (PointF{300, 51}));
-    EXPECT_FLOAT_EQ(sketcher.lines[0].color.alpha, divider.alpha * 0.5f);
-    EXPECT_EQ(fluxui::ui::GetColor(fluxui::skins::core::utilities::GetDividerColorID(0)), divider);
-    EXPECT_THROW(fluxui::ui::GetColor(-1), std::invalid_argument);
-}
-
-TEST(FrameDrawing, ThickOutlinesStepInwardsAndStopAtTheMiddle) {
-    RecordingSketcher sketcher;
-    fluxui::utils::DrawOutline(sketcher, {0, 0, 10, 4}, {}, 5.0f);
-    EXPECT_EQ(sketcher.OutlinesIn({}), (std::vector<RectF>{{0, 0, 10, 4}, {1, 1, 8, 2}}));
-}
 
 TEST(WindowDisabler, RestoresTheStateTheWindowHad) {
     auto window = Make<fluxui::ui::OS_Window>();
