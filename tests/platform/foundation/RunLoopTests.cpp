@@ -81,27 +81,7 @@ protected:
 
 } // namespace
 
-TEST_F(RunLoopTest, DrainRunsInOrderIncludingWhatTasksPostUpToMaxTasks) {
-    queue.Post(Record(1), false);
-    queue.Post(
-        [this] {
-            ran.push_back(2);
-            queue.Post(Record(4), false);
-        },
-        false);
-    queue.Post(Record(3), false);
-    EXPECT_EQ(queue.Drain(2), 2u);
-    EXPECT_EQ(ran, (std::vector<int>{1, 2}));
-    EXPECT_EQ(queue.Pending(), 2u);
-    EXPECT_EQ(queue.Drain(), 2u);
-    EXPECT_EQ(ran, (std::vector<int>{1, 2, 3, 4}));
-
-    // An empty task would fail only when drained, far from the code that posted it.
-    EXPECT_THROW(queue.Post(Fnd::Task(), false), std::invalid_argument);
-    EXPECT_EQ(queue.Pending(), 0u);
-}
-
-TEST_F(RunLoopTest, UrgentTasksGoAheadInTheOrderPosted) {
+TEST_F(RunLoopTest, DrainRunsUrgentTasksFirstThenTheRestInOrderUpToMaxTasks) {
     queue.Post(Record(1), false);
     queue.Post(Record(2), true);
     queue.Post(
@@ -111,8 +91,15 @@ TEST_F(RunLoopTest, UrgentTasksGoAheadInTheOrderPosted) {
         },
         true);
     queue.Post(Record(4), false);
-    queue.Drain();
+    EXPECT_EQ(queue.Drain(3), 3u);
+    EXPECT_EQ(ran, (std::vector<int>{2, 3, 5}));
+    EXPECT_EQ(queue.Pending(), 2u);
+    EXPECT_EQ(queue.Drain(), 2u);
     EXPECT_EQ(ran, (std::vector<int>{2, 3, 5, 1, 4}));
+
+    // An empty task would fail only when drained, far from the code that posted it.
+    EXPECT_THROW(queue.Post(Fnd::Task(), false), std::invalid_argument);
+    EXPECT_EQ(queue.Pending(), 0u);
 }
 
 TEST_F(RunLoopTest, InstalledLoopReceivesPostsUntilRemoved) {
@@ -185,8 +172,3 @@ TEST_F(StationTest, PostsFromOtherThreadsArriveInOrderWhenDrainedAndUrgentOnesFi
     }
 }
 
-TEST(MessageID, IsTheFNV1aHashOfTheTypeName) {
-    EXPECT_EQ(Fnd::HashMessageTypeNameToMessageID("foobar"), 0xBF9CF968u);
-    EXPECT_EQ(TakeMessage(5).GetMessageID(), Fnd::HashMessageTypeNameToMessageID("Test.TakeMessage"));
-    EXPECT_NE(OtherMessage::ID(), TakeMessage::ID());
-}

@@ -5,7 +5,6 @@
 #include <functional>
 #include <iterator>
 
-#include "Proj/Backend.h"
 #include "Proj/PreferenceStore.h"
 #include "support/TempTree.h"
 
@@ -113,37 +112,6 @@ TEST_F(PreferenceStoreTest, AValueForThisProcessOnlyIsNotStored) {
     Write<float>(*store, "t.split", 0.25f, /*persistent=*/false);
     EXPECT_EQ(Read<float>(*store, "t.split"), 0.25f);
     EXPECT_EQ(Read<float>(*OpenStore(), "t.split"), 0.5f);
-}
-
-TEST_F(PreferenceStoreTest, KeysOfTheLockListAreReadOnlyAndKeepTheirValueAsTheListChanges) {
-    auto store = OpenStore();
-    Write<bool>(*store, "t.locked", true);
-    tree_.MakeFile("home/site/locked-preferences", "# fixed by the site\n  t.locked \n\n");
-    EXPECT_TRUE(store->IsReadOnly(PreferenceKey("t.locked")));
-    EXPECT_FALSE(store->IsReadOnly(PreferenceKey("# fixed by the site")));
-    Write<bool>(*store, "t.locked", false);
-    EXPECT_EQ(Read<bool>(*OpenStore(), "t.locked"), true);
-    EXPECT_EQ(store->LockedKeysFile(), LockPath());
-
-    tree_.MakeFile("home/site/locked-preferences", "t.other\n");
-    EXPECT_FALSE(store->IsReadOnly(PreferenceKey("t.locked")));
-}
-
-TEST_F(PreferenceStoreTest, IgdHomeGivesTheFileTheLockListAndTheInstalledBackend) {
-    const char* previous = std::getenv("IGD_HOME");
-    const std::string saved = previous ? previous : "";
-    ::setenv("IGD_HOME", tree_.NativePath("home").c_str(), 1);
-    tree_.MakeFile("home/site/locked-preferences", "t.site\n");
-
-    InstallPreferenceStore();
-    auto installed = Fnd::InterfaceRef<IPreferences>::Query(GetBackend());
-    ASSERT_TRUE(installed);
-    EXPECT_TRUE(installed->IsReadOnly(PreferenceKey("t.site")));
-    Write<bool>(*installed, "t.free", true);
-    EXPECT_EQ(Read<bool>(*OpenStore(), "t.free"), true);
-    SetBackend(nullptr);
-    EXPECT_FALSE(Fnd::InterfaceRef<IPreferences>::Query(GetBackend()));
-    previous ? ::setenv("IGD_HOME", saved.c_str(), 1) : ::unsetenv("IGD_HOME");
 }
 
 TEST_F(PreferenceStoreTest, FilesThatAreNotOursAreRefusedAndLeftAlone) {
