@@ -50,39 +50,8 @@ protected:
     }
 };
 
-// The command line's tests see renamed clips imported from the primary copy only; here, what the
-// service adds: the start message's bin, the clip's identity and the sidecar under the new name.
-TEST_F(TaskServiceImportTest, ThePrimaryCopyIsImportedIntoTheStartBinWithGuidAndRenamedSideFiles) {
-    tree.MakeFile("card/A001.MOV", "frames");
-    tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-    // The sidecar follows the new name; the item records it under its old name, as the plan does.
-    QL::IngestTask::CopyUnitRef renamed = FileUnit(source, primary, "A001.MOV", {"A001.xmp"});
-    renamed->entries.front().target = In(primary, u"Day1_Scene12.MOV");
-    renamed->entries.back().target = In(primary, u"Day1_Scene12.xmp");
-    auto item = renamed->importItems.begin()->second;
-    item->path = In(primary, u"Day1_Scene12.MOV");
-    const fluxcore::utility::Guid clip = renamed->clipGuids.begin()->second;
-    renamed->importItems = {{item->path, item}};
-    renamed->clipGuids = {{item->path, clip}};
-    renamed->renames = {{item->path, u"Day1_Scene12"}};
-
-    TaskService service(TestOptions(home));
-    tree.MakeFile("card/A002.MOV", "more frames");
-    service.SubmitCopyTask(
-        CopyOf({renamed, FileUnit(source, primary, "A002.MOV")}, QL::IngestTask::kVerifyMD5, true), batch, {});
-    EXPECT_EQ(Run(service, u"Day 1").itemsImported, 2u);
-    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(primary, u"A002.xmp"), false)) << "no metadata, no sidecar";
-
-    const std::vector<Proj::ProjectItem> items = ProjectItems();
-    ASSERT_EQ(items.size(), 2u);
-    EXPECT_EQ(items[0].path, In(primary, u"Day1_Scene12.MOV"));
-    EXPECT_EQ(items[0].name, u"Day1_Scene12");
-    EXPECT_EQ(items[0].clipGuid, clip);
-    EXPECT_EQ(items[0].bin, u"Day 1");
-    EXPECT_EQ(items[0].extraPaths, std::vector<Fnd::WString>{In(primary, u"Day1_Scene12.xmp")});
-    EXPECT_TRUE(items[0].metadata.empty());
-}
-
+// Renamed clips imported from the primary copy with their sidecars under the new name are checked by
+// the command line's ingest test; the start message's bin by ResumeTest and the import task below.
 TEST_F(TaskServiceImportTest, MetadataGoesToSidecarsAndProjectAndThePanelAnswersOnlyToThePrimary) {
     tree.MakeFile("card/A001.MOV", "frames");
     tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
