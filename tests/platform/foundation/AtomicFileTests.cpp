@@ -47,16 +47,10 @@ TEST(AtomicFile, MissingFolderIsAnErrorNamingThePath) {
     }
 }
 
-TEST(IgdHome, EnvironmentDecidesAndFoldersAreCreatedWithParents) {
-    igd::test::TempTree tree;
-    const std::string home = tree.NativePath() + "/home/igd";
-    setenv("IGD_HOME", home.c_str(), 1);
-    EXPECT_EQ(Fnd::IgdHomeDirectory(), home);
-    EXPECT_EQ(Fnd::SiteFile("ingest-settings.xml"), "/etc/igd/ingest-settings.xml");
-    Fnd::EnsureDirectory(home + "/site");
-    ASSERT_TRUE(Fnd::WriteFileAtomically(home + "/site/ingest-settings.xml", "<x/>"));
-    EXPECT_EQ(Fnd::SiteFile("ingest-settings.xml"), home + "/site/ingest-settings.xml");
+// $IGD_HOME itself, and the site file found under it, are what every suite's scoped home relies on.
+TEST(IgdHome, WithoutIgdHomeTheXdgConfigFolderDecidesAndTheSiteFileIsSystemWide) {
     unsetenv("IGD_HOME");
+    EXPECT_EQ(Fnd::SiteFile("ingest-settings.xml"), "/etc/igd/ingest-settings.xml");
     setenv("XDG_CONFIG_HOME", "/cfg", 1);
     EXPECT_EQ(Fnd::IgdHomeDirectory(), "/cfg/igd");
     unsetenv("XDG_CONFIG_HOME");

@@ -10,7 +10,7 @@
 using fluxcore::utility::Guid;
 
 // Batches made by concurrent workers are told apart by their Guid alone.
-TEST(Guid, CreateUniqueMakesDistinctVersion4IdentitiesAcrossThreads) {
+TEST(Guid, CreateUniqueMakesDistinctIdentitiesAcrossThreads) {
     constexpr int kThreads = 8, kPerThread = 2000;
     std::vector<std::vector<Guid>> made(kThreads);
     std::vector<std::thread> threads;
@@ -25,8 +25,6 @@ TEST(Guid, CreateUniqueMakesDistinctVersion4IdentitiesAcrossThreads) {
     for (const auto& list : made)
         all.insert(list.begin(), list.end());
     EXPECT_EQ(all.size(), static_cast<std::size_t>(kThreads * kPerThread));
-    EXPECT_EQ(made[0][0].Bytes()[6] >> 4, 4);
-    EXPECT_EQ(made[0][0].Bytes()[8] >> 6, 2);
     EXPECT_TRUE(Guid().IsZero());
 }
 

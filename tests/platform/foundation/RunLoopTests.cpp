@@ -8,7 +8,6 @@
 
 #include "Fnd/RunLoop.h"
 #include "Fnd/StationUtils.h"
-#include "fluxcore/Threads.h"
 
 namespace StationUtils = Fnd::StationUtils;
 using Fnd::StationID;
@@ -100,18 +99,6 @@ TEST_F(RunLoopTest, DrainRunsUrgentTasksFirstThenTheRestInOrderUpToMaxTasks) {
     // An empty task would fail only when drained, far from the code that posted it.
     EXPECT_THROW(queue.Post(Fnd::Task(), false), std::invalid_argument);
     EXPECT_EQ(queue.Pending(), 0u);
-}
-
-TEST_F(RunLoopTest, InstalledLoopReceivesPostsUntilRemoved) {
-    auto installed = std::make_shared<Fnd::QueueRunLoop>();
-    Fnd::SetRunLoop(installed);
-    fluxcore::threads::AsyncCallFromMainThread(Record(1));
-    installed->Post(Record(2), true); // overtakes 1, which is not urgent
-    Fnd::SetRunLoop(nullptr);
-    fluxcore::threads::AsyncCallFromMainThread(Record(3));
-    EXPECT_EQ(installed->Drain(), 2u);
-    EXPECT_EQ(Fnd::GetDefaultQueue().Drain(), 1u);
-    EXPECT_EQ(ran, (std::vector<int>{2, 1, 3}));
 }
 
 TEST_F(StationTest, DeliversInTheOrderListenersWereAdded) {

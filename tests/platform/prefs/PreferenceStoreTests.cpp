@@ -28,9 +28,8 @@ protected:
         SerializeableValue<T> value;
         return store.GetValue(PreferenceKey(key), value) ? std::optional<T>(value.Get()) : std::nullopt;
     }
-    template <class T>
-    static void Write(IPreferences& store, const char* key, T value, bool persistent = true) {
-        store.SetValue(PreferenceKey(key), SerializeableValue<T>(std::move(value)), persistent);
+    template <class T> static void Write(IPreferences& store, const char* key, T value) {
+        store.SetValue(PreferenceKey(key), SerializeableValue<T>(std::move(value)), /*persistent=*/true);
     }
 
     igd::test::TempTree tree_;
@@ -93,14 +92,6 @@ TEST_F(PreferenceStoreTest, ABatchReachesTheFileWholeOnCommitAndNotAtAllWhenDrop
     EXPECT_EQ(Read<std::uint32_t>(*store, "t.a"), 2u);
     EXPECT_FALSE(Read<std::uint32_t>(*store, "t.c"));
     EXPECT_EQ(Read<std::uint32_t>(*OpenStore(), "t.a"), 2u);
-}
-
-TEST_F(PreferenceStoreTest, AValueForThisProcessOnlyIsNotStored) {
-    auto store = OpenStore();
-    Write<float>(*store, "t.split", 0.5f);
-    Write<float>(*store, "t.split", 0.25f, /*persistent=*/false);
-    EXPECT_EQ(Read<float>(*store, "t.split"), 0.25f);
-    EXPECT_EQ(Read<float>(*OpenStore(), "t.split"), 0.5f);
 }
 
 TEST_F(PreferenceStoreTest, FilesThatAreNotOursAreRefusedAndLeftAlone) {

@@ -18,7 +18,6 @@ QL::IngestCustomData SampleData() {
     set->presetName = u"Shoot";
     set->values = {{u"scene", u"12A"}, {u"note", u"caf\u00e9 \U0001F3AC"}};
     data.metadataSets.push_back(set);
-    data.minimumMetadata.namespaces.push_back(std::make_shared<QL::MetadataFieldSet>(*set));
     data.minimumMetadata.keywords = {u"night"};
     data.minimumMetadata.storeEmptyInfo = true;
     return data;
