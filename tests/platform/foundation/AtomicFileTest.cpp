@@ -8,6 +8,8 @@
 #include "Fnd/IgdHome.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
+
 namespace {
 
 std::string Read(const std::string& path) {
@@ -26,7 +28,7 @@ std::vector<std::string> Names(const std::string& folder) {
 
 // Without replace the existing file is kept byte for byte; either way no temporary is left.
 TEST(AtomicFile, ReplacesContentOnlyWhenAskedAndLeavesNoTemporary) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::string path = tree.NativePath() + "/settings.xml";
     ASSERT_TRUE(Fnd::WriteFileAtomically(path, "old"));
     EXPECT_FALSE(Fnd::WriteFileAtomically(path, "second", /*replace=*/false));
@@ -37,7 +39,7 @@ TEST(AtomicFile, ReplacesContentOnlyWhenAskedAndLeavesNoTemporary) {
 }
 
 TEST(AtomicFile, MissingFolderIsAnErrorNamingThePath) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::string path = tree.NativePath() + "/absent/file";
     try {
         Fnd::WriteFileAtomically(path, "x");
@@ -57,3 +59,5 @@ TEST(IgdHome, WithoutIgdHomeTheXdgConfigFolderDecidesAndTheSiteFileIsSystemWide)
 }
 
 } // namespace
+
+} // namespace igd::test

@@ -2,6 +2,8 @@
 
 #include "Fnd/WString.h"
 
+namespace igd::test {
+
 using Fnd::FromUTF8;
 using Fnd::ToUTF8;
 using Fnd::WString;
@@ -53,3 +55,5 @@ TEST(WideStringHelpers, CaseFoldingAndTrim) {
     EXPECT_EQ(Fnd::Trim(u"    ", u" "), WString());
     EXPECT_EQ(Fnd::Trim(u" x ", u""), WString(u" x "));
 }
+
+} // namespace igd::test

@@ -2,6 +2,8 @@
 
 #include "Fnd/InterfaceRef.h"
 
+namespace igd::test {
+
 namespace {
 
 struct IClip : Fnd::FndUnknown {
@@ -69,3 +71,5 @@ TEST(InterfaceRef, CountsReferencesReleasesTheLastAndRefusesUseWhenNull) {
     EXPECT_THROW(empty->FrameCount(), Fnd::NullInterfaceException);
     EXPECT_FALSE(Fnd::InterfaceRef<IClip>::Query(Fnd::InterfaceRef<IAudio>()));
 }
+
+} // namespace igd::test

@@ -5,6 +5,8 @@
 #include "fluxcore/ZString.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
+
 using fluxcore::Localize;
 using fluxcore::ZString;
 using fluxcore::config::Localizer;
@@ -38,7 +40,7 @@ TEST_F(LocalizedTextTest, ReplacesPlaceholdersAndLineBreaksInOnePass) {
 }
 
 TEST_F(LocalizedTextTest, LoadsACatalogueFile) {
-    igd::test::TempTree folder;
+    TempTree folder;
     // A byte-order mark, a comment, a Windows line end, a line of no key, and a value with "=".
     folder.MakeFile("de.txt", "\xEF\xBB\xBF$$$/IGD/Title=Aufnahme\n# a comment\n\n$$$/IGD/Windows=Zeile\r\n"
                               "not a catalogue line=ignored\n$$$/IGD/Formula=a=b \xC3\xA4\n");
@@ -70,3 +72,5 @@ TEST_F(LocalizedTextTest, TranslationOverridesTheDefaultInTextsAndErrors) {
         EXPECT_STREQ(error.what(), "Ung\xC3\xBCltige Umwandlung");
     }
 }
+
+} // namespace igd::test

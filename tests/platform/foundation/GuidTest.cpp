@@ -7,6 +7,8 @@
 #include "Fnd/FndUnknown.h"
 #include "fluxcore/Guid.h"
 
+namespace igd::test {
+
 using fluxcore::utility::Guid;
 
 // Batches made by concurrent workers are told apart by their Guid alone.
@@ -48,3 +50,5 @@ TEST(Guid, TextFormRoundTripsInByteOrderAndMalformedTextIsRefused) {
     }
     EXPECT_THROW(Fnd::MakeInterfaceID("{38645337-A23D}"), std::invalid_argument);
 }
+
+} // namespace igd::test

@@ -8,6 +8,8 @@
 #include "fluxcore/FileUtils.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
+
 using Fnd::WString;
 namespace PathUtils = Fnd::PathUtils;
 namespace FileUtils = fluxcore::utility::FileUtils;
@@ -97,7 +99,7 @@ TEST(PathValidity, ChecksComponentAndWholeLength) {
 }
 
 TEST(ExistsOnDisk, FollowsLinksAndHonoursRequireDirectory) {
-    igd::test::TempTree tree;
+    TempTree tree;
     tree.MakeFile("file.MOV", "data");
     tree.MakeFile("Caf\xC3\xA9 \xF0\x9F\x8E\xAC.mov", "x");
     tree.MakeFolder("folder");
@@ -143,7 +145,7 @@ TEST(NormalizePathWithoutUNC, ResolvesLexically) {
 
 // Gathering asks only whether two paths share a filesystem, to follow a link to its folder there.
 TEST(ArePathsRelative, OnlyOnTheSameFilesystemPlacingPathsNotYetMadeByTheirNearestAncestor) {
-    igd::test::TempTree tree;
+    TempTree tree;
     tree.MakeFile("a/clip.MOV", "x");
     WString way;
     EXPECT_TRUE(Utilities::ArePathsRelative(tree.Path("b/not/yet"), true, tree.Path("a/clip.MOV"), false, way));
@@ -194,3 +196,5 @@ TEST(PathParts, FolderAndNameHaveOneAnswerForEveryShapeOfPath) {
         EXPECT_EQ(PathUtils::StemOf(wide), c.stem);
     }
 }
+
+} // namespace igd::test

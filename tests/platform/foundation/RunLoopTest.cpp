@@ -9,6 +9,8 @@
 #include "Fnd/RunLoop.h"
 #include "Fnd/StationUtils.h"
 
+namespace igd::test {
+
 namespace StationUtils = Fnd::StationUtils;
 using Fnd::StationID;
 using Log = std::vector<std::string>;
@@ -159,3 +161,4 @@ TEST_F(StationTest, PostsFromOtherThreadsArriveInOrderWhenDrainedAndUrgentOnesFi
     }
 }
 
+} // namespace igd::test

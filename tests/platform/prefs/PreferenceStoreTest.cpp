@@ -8,8 +8,10 @@
 #include "Proj/PreferenceStore.h"
 #include "support/TempTree.h"
 
-namespace Proj {
+namespace igd::test {
 namespace {
+
+using namespace Proj;
 
 // A store in a temporary home whose lock list the test writes.
 class PreferenceStoreTest : public ::testing::Test {
@@ -32,7 +34,7 @@ protected:
         store.SetValue(PreferenceKey(key), SerializeableValue<T>(std::move(value)), /*persistent=*/true);
     }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
 };
 
 TEST_F(PreferenceStoreTest, EveryKindSurvivesReopeningAndReadingMakesNoFile) {
@@ -133,4 +135,4 @@ TEST_F(PreferenceStoreTest, FilesThatAreNotOursAreRefusedAndLeftAlone) {
 }
 
 } // namespace
-} // namespace Proj
+} // namespace igd::test

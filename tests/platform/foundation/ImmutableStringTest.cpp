@@ -4,6 +4,8 @@
 
 #include "fluxcore/ImmutableString.h"
 
+namespace igd::test {
+
 using fluxcore::utility::ImmutableString;
 
 namespace {
@@ -20,3 +22,5 @@ TEST(ImmutableString, EqualTextsShareOneAddress) {
     EXPECT_EQ(kStaticKey, ImmutableString("IGD.IngestDestinationSettingImpl.static"));
     EXPECT_TRUE(ImmutableString() == ImmutableString(""));
 }
+
+} // namespace igd::test
