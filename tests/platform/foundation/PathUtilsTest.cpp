@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "Fnd/PathUtils.h"
 #include "Mid/Utilities.h"
@@ -159,23 +158,7 @@ TEST(ArePathsRelative, OnlyOnTheSameFilesystemPlacingPathsNotYetMadeByTheirNeare
     EXPECT_FALSE(Utilities::ArePathsRelative(u"/proc/self/not-there", true, tree.Path("a"), true, way));
 }
 
-TEST(NormalizedPath, AbsoluteAndCleanWithRelativePathsTakenFromTheCurrentDirectory) {
-    EXPECT_EQ(PathUtils::ToNormalizedPath(u"/a/./b/../c//d/"), u"/a/c/d");
-    EXPECT_EQ(PathUtils::ToNormalizedPath(u""), u"");
-    char cwd[4096];
-    ASSERT_NE(::getcwd(cwd, sizeof cwd), nullptr);
-    EXPECT_EQ(PathUtils::ToNormalizedPath(u"x/../y"),
-              PathUtils::ToNormalizedPath(Fnd::FromUTF8(cwd) + u"/y"));
-
-    EXPECT_TRUE(PathUtils::IsNormalizedPath(u"/a/c"));
-    EXPECT_FALSE(PathUtils::IsNormalizedPath(u"/a/c/"));
-    EXPECT_FALSE(PathUtils::IsNormalizedPath(u"/a/./c"));
-    EXPECT_FALSE(PathUtils::IsNormalizedPath(u"relative"));
-    EXPECT_FALSE(PathUtils::IsNormalizedPath(u""));
-    // A POSIX path carries no extended-length prefix to take off.
-    EXPECT_EQ(PathUtils::Win::StripUNC(u"/media/card"), u"/media/card");
-}
-
+// Normalising a chosen path is checked where a user chooses one, in the open-file dialog's tests.
 TEST(PathParts, FolderAndNameHaveOneAnswerForEveryShapeOfPath) {
     struct Case {
         std::string path, folder, name;
