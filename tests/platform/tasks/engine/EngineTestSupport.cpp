@@ -130,7 +130,6 @@ std::vector<CopyOutcome> CountingBackend::CopyFile(const std::string& source,
     {
         std::lock_guard lock(mutex_);
         ++reads_[source];
-        targetsPerRead_.push_back(targets.size());
     }
     if (beforeCopy)
         beforeCopy(source);
@@ -146,11 +145,6 @@ int CountingBackend::Reads(const std::string& source) const {
     std::lock_guard lock(mutex_);
     const auto found = reads_.find(source);
     return found == reads_.end() ? 0 : found->second;
-}
-
-std::vector<std::size_t> CountingBackend::TargetsPerRead() const {
-    std::lock_guard lock(mutex_);
-    return targetsPerRead_;
 }
 
 TaskServiceOptions TestOptions(const ScopedIgdHome& home, std::shared_ptr<CopyBackend> backend) {

@@ -78,15 +78,13 @@ public:
 
     std::function<void(const std::string& source)> beforeCopy;
 
-    // How many times the source was read, and the targets it was read for each time.
+    // How many times the source was read.
     int Reads(const std::string& source) const;
-    std::vector<std::size_t> TargetsPerRead() const;
 
 private:
     std::shared_ptr<QL::Engine::CopyBackend> copier_;
     mutable std::mutex mutex_;
     std::map<std::string, int> reads_;
-    std::vector<std::size_t> targetsPerRead_;
 };
 
 // What a test of the service works in: a temporary home, a card folder with two destinations

@@ -1,45 +1,12 @@
-// The pure parts of the scheduler: grouping copies by source, and measuring progress.
+// Measuring progress: the rate a host shows must follow the medium, not the whole run's average.
 #include <gtest/gtest.h>
 
 #include "platform/tasks/engine/src/ProgressMeter.h"
-#include "platform/tasks/engine/src/SourceGroups.h"
 
 namespace igd::test {
 namespace {
 
-using namespace QL::Engine;
-
-FileRecord File(std::int64_t task, const char16_t* source, FileState state = FileState::Pending) {
-    FileRecord file;
-    file.task = task;
-    file.source = source;
-    file.state = state;
-    return file;
-}
-
-TEST(SourceGroupsTest, OneGroupPerSourceAndVerifyModeInTheOrderOfFirstUse) {
-    // Task 1 is the primary, task 2 a backup with the same mode, task 3 a backup checked by size.
-    const std::vector<FileRecord> files{File(1, u"/card/B"),
-                                        File(1, u"/card/A"),
-                                        File(1, u"/card/C", FileState::Verified),
-                                        File(2, u"/card/B"),
-                                        File(2, u"/card/A"),
-                                        File(2, u"/card/C"),
-                                        File(3, u"/card/A"),
-                                        File(2, u"/card/D", FileState::Skipped)};
-    const std::unordered_map<std::int64_t, std::uint32_t> modes{{1, 0}, {2, 0}, {3, 1}};
-    const std::vector<SourceGroup> groups = GroupBySource(files, modes);
-    ASSERT_EQ(groups.size(), 4u);
-    EXPECT_EQ(groups[0].source, u"/card/B");
-    EXPECT_EQ(groups[0].files, (std::vector<std::size_t>{0, 3}));
-    EXPECT_EQ(groups[1].source, u"/card/A");
-    EXPECT_EQ(groups[1].files, (std::vector<std::size_t>{1, 4}));
-    EXPECT_EQ(groups[2].source, u"/card/C");
-    EXPECT_EQ(groups[2].files, (std::vector<std::size_t>{5})) << "what is done is not copied again";
-    EXPECT_EQ(groups[3].source, u"/card/A");
-    EXPECT_EQ(groups[3].verifyMode, 1u);
-    EXPECT_EQ(groups[3].files, (std::vector<std::size_t>{6}));
-}
+using QL::Engine::ProgressMeter;
 
 TEST(ProgressMeterTest, ThrottlesMessagesAndMeasuresTheRecentRate) {
     using namespace std::chrono_literals;

@@ -50,39 +50,8 @@ protected:
     }
 };
 
-// The command line's tests see renamed clips imported from the primary copy only; here, what the
-// service adds: the start message's bin, the clip's identity and the sidecar under the new name.
-TEST_F(TaskServiceImportTest, ThePrimaryCopyIsImportedIntoTheStartBinWithGuidAndRenamedSideFiles) {
-    tree.MakeFile("card/A001.MOV", "frames");
-    tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-    // The sidecar follows the new name; the item records it under its old name, as the plan does.
-    QL::IngestTask::CopyUnitRef renamed = FileUnit(source, primary, "A001.MOV", {"A001.xmp"});
-    renamed->entries.front().target = In(primary, u"Day1_Scene12.MOV");
-    renamed->entries.back().target = In(primary, u"Day1_Scene12.xmp");
-    auto item = renamed->importItems.begin()->second;
-    item->path = In(primary, u"Day1_Scene12.MOV");
-    const fluxcore::utility::Guid clip = renamed->clipGuids.begin()->second;
-    renamed->importItems = {{item->path, item}};
-    renamed->clipGuids = {{item->path, clip}};
-    renamed->renames = {{item->path, u"Day1_Scene12"}};
-
-    TaskService service(TestOptions(home));
-    tree.MakeFile("card/A002.MOV", "more frames");
-    service.SubmitCopyTask(
-        CopyOf({renamed, FileUnit(source, primary, "A002.MOV")}, QL::IngestTask::kVerifyMD5, true), batch, {});
-    EXPECT_EQ(Run(service, u"Day 1").itemsImported, 2u);
-    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(primary, u"A002.xmp"), false)) << "no metadata, no sidecar";
-
-    const std::vector<Proj::ProjectItem> items = ProjectItems();
-    ASSERT_EQ(items.size(), 2u);
-    EXPECT_EQ(items[0].path, In(primary, u"Day1_Scene12.MOV"));
-    EXPECT_EQ(items[0].name, u"Day1_Scene12");
-    EXPECT_EQ(items[0].clipGuid, clip);
-    EXPECT_EQ(items[0].bin, u"Day 1");
-    EXPECT_EQ(items[0].extraPaths, std::vector<Fnd::WString>{In(primary, u"Day1_Scene12.xmp")});
-    EXPECT_TRUE(items[0].metadata.empty());
-}
-
+// Renamed clips imported from the primary copy with their sidecars under the new name are checked by
+// the command line's ingest test; the start message's bin by ResumeTest and the import task below.
 TEST_F(TaskServiceImportTest, MetadataGoesToSidecarsAndProjectAndThePanelAnswersOnlyToThePrimary) {
     tree.MakeFile("card/A001.MOV", "frames");
     tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
@@ -162,26 +131,9 @@ TEST_F(TaskServiceImportTest, AnImportTaskImportsInPlaceAndNamesWhatIsMissing) {
     EXPECT_EQ(items[0].bin, u"Selects");
 }
 
+// Without import only the items the project holds are named; with it the rest are added. The media
+// on disk keep their names either way.
 TEST_F(TaskServiceImportTest, UpdateMetadataNamesItemsWithoutRenamingMediaOnDisk) {
-    const Fnd::WString clip = tree.MakeFile("card/A001.MOV", "frames");
-    QL::IngestTask::UpdateMetadataSetting setting;
-    setting.importItems = {{clip, InPlaceItem(clip, u"A001.MOV")}};
-    setting.renames = {{clip, u"Day1_Scene12"}};
-    TaskService service(TestOptions(home));
-    service.SubmitUpdateMetadataTask(setting, batch, ShootMetadata());
-    EXPECT_EQ(Run(service).status, OutcomeStatus::Succeeded);
-
-    EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(clip, false));
-    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(source, u"Day1_Scene12.MOV"), false));
-    EXPECT_EQ(QL::ReadXmpProperty(Fnd::ToUTF8(In(source, u"A001.xmp")), kShootNamespace, u"scene"), u"12A");
-    const std::vector<Proj::ProjectItem> items = ProjectItems();
-    ASSERT_EQ(items.size(), 1u);
-    EXPECT_EQ(items[0].path, clip);
-    EXPECT_EQ(items[0].name, u"Day1_Scene12");
-    EXPECT_EQ(items[0].extraPaths, std::vector<Fnd::WString>{In(source, u"A001.xmp")});
-}
-
-TEST_F(TaskServiceImportTest, UpdateMetadataWithoutImportOnlyTouchesItemsTheProjectHolds) {
     const Fnd::WString known = tree.MakeFile("card/A001.MOV", "frames");
     const Fnd::WString unknown = tree.MakeFile("card/A002.MOV", "frames");
     Proj::ProjectItem existing;
@@ -189,19 +141,28 @@ TEST_F(TaskServiceImportTest, UpdateMetadataWithoutImportOnlyTouchesItemsTheProj
     existing.name = u"A001.MOV";
     Proj::Project::Open(home.ProjectPath())->ImportItem(existing);
 
-    QL::IngestTask::UpdateMetadataSetting setting;
-    setting.addToProject = false;
-    setting.importItems = {{known, InPlaceItem(known, u"A001.MOV")},
-                           {unknown, InPlaceItem(unknown, u"A002.MOV")}};
-    setting.renames = {{known, u"Hero"}, {unknown, u"Villain"}};
-    TaskService service(TestOptions(home));
-    service.SubmitUpdateMetadataTask(setting, batch, ShootMetadata());
-    EXPECT_EQ(Run(service).status, OutcomeStatus::Succeeded);
+    for (const bool addToProject : {false, true}) {
+        SCOPED_TRACE(addToProject);
+        QL::IngestTask::UpdateMetadataSetting setting;
+        setting.addToProject = addToProject;
+        setting.importItems = {{known, InPlaceItem(known, u"A001.MOV")},
+                               {unknown, InPlaceItem(unknown, u"A002.MOV")}};
+        setting.renames = {{known, u"Hero"}, {unknown, u"Villain"}};
+        TaskService service(TestOptions(home));
+        batch = fluxcore::utility::Guid::CreateUnique();
+        service.SubmitUpdateMetadataTask(setting, batch, ShootMetadata());
+        EXPECT_EQ(Run(service).status, OutcomeStatus::Succeeded);
 
-    const std::vector<Proj::ProjectItem> items = ProjectItems();
-    ASSERT_EQ(items.size(), 1u);
-    EXPECT_EQ(items[0].name, u"Hero");
-    EXPECT_FALSE(items[0].metadata.empty());
+        const std::vector<Proj::ProjectItem> items = ProjectItems();
+        ASSERT_EQ(items.size(), addToProject ? 2u : 1u);
+        EXPECT_EQ(items[0].name, u"Hero");
+        EXPECT_FALSE(items[0].metadata.empty());
+        EXPECT_EQ(items.back().path, addToProject ? unknown : known);
+        if (addToProject)
+            EXPECT_EQ(items.back().extraPaths, std::vector<Fnd::WString>{In(source, u"A002.xmp")});
+    }
+    EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(known, false));
+    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(source, u"Hero.MOV"), false));
     EXPECT_EQ(QL::ReadXmpProperty(Fnd::ToUTF8(In(source, u"A002.xmp")), kShootNamespace, u"take"), u"3");
 }
 

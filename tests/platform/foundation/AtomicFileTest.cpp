@@ -8,6 +8,8 @@
 #include "Fnd/IgdHome.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
+
 namespace {
 
 std::string Read(const std::string& path) {
@@ -26,7 +28,7 @@ std::vector<std::string> Names(const std::string& folder) {
 
 // Without replace the existing file is kept byte for byte; either way no temporary is left.
 TEST(AtomicFile, ReplacesContentOnlyWhenAskedAndLeavesNoTemporary) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::string path = tree.NativePath() + "/settings.xml";
     ASSERT_TRUE(Fnd::WriteFileAtomically(path, "old"));
     EXPECT_FALSE(Fnd::WriteFileAtomically(path, "second", /*replace=*/false));
@@ -37,7 +39,7 @@ TEST(AtomicFile, ReplacesContentOnlyWhenAskedAndLeavesNoTemporary) {
 }
 
 TEST(AtomicFile, MissingFolderIsAnErrorNamingThePath) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::string path = tree.NativePath() + "/absent/file";
     try {
         Fnd::WriteFileAtomically(path, "x");
@@ -47,19 +49,15 @@ TEST(AtomicFile, MissingFolderIsAnErrorNamingThePath) {
     }
 }
 
-TEST(IgdHome, EnvironmentDecidesAndFoldersAreCreatedWithParents) {
-    igd::test::TempTree tree;
-    const std::string home = tree.NativePath() + "/home/igd";
-    setenv("IGD_HOME", home.c_str(), 1);
-    EXPECT_EQ(Fnd::IgdHomeDirectory(), home);
-    EXPECT_EQ(Fnd::SiteFile("ingest-settings.xml"), "/etc/igd/ingest-settings.xml");
-    Fnd::EnsureDirectory(home + "/site");
-    ASSERT_TRUE(Fnd::WriteFileAtomically(home + "/site/ingest-settings.xml", "<x/>"));
-    EXPECT_EQ(Fnd::SiteFile("ingest-settings.xml"), home + "/site/ingest-settings.xml");
+// $IGD_HOME itself, and the site file found under it, are what every suite's scoped home relies on.
+TEST(IgdHome, WithoutIgdHomeTheXdgConfigFolderDecidesAndTheSiteFileIsSystemWide) {
     unsetenv("IGD_HOME");
+    EXPECT_EQ(Fnd::SiteFile("ingest-settings.xml"), "/etc/igd/ingest-settings.xml");
     setenv("XDG_CONFIG_HOME", "/cfg", 1);
     EXPECT_EQ(Fnd::IgdHomeDirectory(), "/cfg/igd");
     unsetenv("XDG_CONFIG_HOME");
 }
 
 } // namespace
+
+} // namespace igd::test

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "Fnd/WString.h"
+
+namespace igd::test {
 
 using Fnd::FromUTF8;
 using Fnd::ToUTF8;
@@ -44,12 +44,7 @@ TEST(UTF8Conversion, UnpairedSurrogatesBecomeReplacementCharacters) {
     EXPECT_EQ(ToUTF8(u"\xD800\xD800\xDC00"), replacement + "\xF0\x90\x80\x80");
 }
 
-TEST(WideStringHelpers, ASCIIConversionCaseFoldingAndTrim) {
-    EXPECT_EQ(Fnd::FromASCII("Clip 12"), WString(u"Clip 12"));
-    EXPECT_EQ(Fnd::FromASCII("\xE9"), WString(u"\xFFFD"));
-    EXPECT_EQ(Fnd::ToDecimal(0), WString(u"0"));
-    EXPECT_EQ(Fnd::ToDecimal(std::numeric_limits<std::uint64_t>::max()), WString(u"18446744073709551615"));
-
+TEST(WideStringHelpers, CaseFoldingAndTrim) {
     EXPECT_TRUE(Fnd::EqualsIgnoringASCIICase(u".MOV", u".mov"));
     EXPECT_FALSE(Fnd::EqualsIgnoringASCIICase(u".mov", u".mo"));
     EXPECT_FALSE(Fnd::EqualsIgnoringASCIICase(u"\xC9", u"\xE9")); // only A-Z fold, not accented letters
@@ -60,3 +55,5 @@ TEST(WideStringHelpers, ASCIIConversionCaseFoldingAndTrim) {
     EXPECT_EQ(Fnd::Trim(u"    ", u" "), WString());
     EXPECT_EQ(Fnd::Trim(u" x ", u""), WString(u" x "));
 }
+
+} // namespace igd::test

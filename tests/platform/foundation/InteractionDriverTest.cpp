@@ -3,6 +3,8 @@
 #include "Fnd/InteractionDriver.h"
 #include "support/ScriptedInteractionDriver.h"
 
+namespace igd::test {
+
 namespace {
 
 Fnd::MessageBoxRequest YesNoBox(int defaultButton) {
@@ -26,10 +28,12 @@ TEST(InteractionDriver, WithoutADriverBoxesAnswerTheirDefaultAndCopiesAreCancell
 
 TEST(InteractionDriver, InstalledDriverAnswersUntilRemoved) {
     {
-        igd::test::ScopedInteractionDriver ui;
+        ScopedInteractionDriver ui;
         ui->QueueExistingPathAnswer(3, true);
         EXPECT_TRUE(Fnd::GetInteractionDriver().AskExistingPath({}).proceed);
     }
     EXPECT_FALSE(Fnd::GetInteractionDriver().AskExistingPath({}).proceed);
     EXPECT_EQ(Fnd::GetInteractionDriver().AskMessageBox(YesNoBox(1)), 1);
 }
+
+} // namespace igd::test

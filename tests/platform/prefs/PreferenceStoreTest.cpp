@@ -5,12 +5,13 @@
 #include <functional>
 #include <iterator>
 
-#include "Proj/Backend.h"
 #include "Proj/PreferenceStore.h"
 #include "support/TempTree.h"
 
-namespace Proj {
+namespace igd::test {
 namespace {
+
+using namespace Proj;
 
 // A store in a temporary home whose lock list the test writes.
 class PreferenceStoreTest : public ::testing::Test {
@@ -29,15 +30,14 @@ protected:
         SerializeableValue<T> value;
         return store.GetValue(PreferenceKey(key), value) ? std::optional<T>(value.Get()) : std::nullopt;
     }
-    template <class T>
-    static void Write(IPreferences& store, const char* key, T value, bool persistent = true) {
-        store.SetValue(PreferenceKey(key), SerializeableValue<T>(std::move(value)), persistent);
+    template <class T> static void Write(IPreferences& store, const char* key, T value) {
+        store.SetValue(PreferenceKey(key), SerializeableValue<T>(std::move(value)), /*persistent=*/true);
     }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
 };
 
-TEST_F(PreferenceStoreTest, EveryKindSurvivesReopeningAndTextLiesInTheFileAsUTF8) {
+TEST_F(PreferenceStoreTest, EveryKindSurvivesReopeningAndReadingMakesNoFile) {
     auto store = OpenStore();
     EXPECT_FALSE(Read<bool>(*store, "t.bool"));
     EXPECT_FALSE(std::ifstream(DatabasePath()).good()) << "reading made a file";
@@ -56,17 +56,6 @@ TEST_F(PreferenceStoreTest, EveryKindSurvivesReopeningAndTextLiesInTheFileAsUTF8
     EXPECT_EQ(Read<std::string>(*store, "t.text"), "Caméra/日本");
     // A value of another kind is not the key's value: the reader keeps its default.
     EXPECT_FALSE(Read<bool>(*store, "t.uint"));
-
-    sqlite3* db = nullptr;
-    sqlite3_stmt* statement = nullptr;
-    ASSERT_EQ(sqlite3_open_v2(DatabasePath().c_str(), &db, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
-    sqlite3_prepare_v2(db, "SELECT kind, value FROM preferences WHERE key = 't.text'", -1, &statement,
-                       nullptr);
-    ASSERT_EQ(sqlite3_step(statement), SQLITE_ROW);
-    EXPECT_EQ(sqlite3_column_int(statement, 0), 11);
-    EXPECT_EQ(std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, 1))), "Caméra/日本");
-    sqlite3_finalize(statement);
-    sqlite3_close(db);
 }
 
 TEST_F(PreferenceStoreTest, RefreshPicksUpWhatAnotherWriterChanged) {
@@ -105,45 +94,6 @@ TEST_F(PreferenceStoreTest, ABatchReachesTheFileWholeOnCommitAndNotAtAllWhenDrop
     EXPECT_EQ(Read<std::uint32_t>(*store, "t.a"), 2u);
     EXPECT_FALSE(Read<std::uint32_t>(*store, "t.c"));
     EXPECT_EQ(Read<std::uint32_t>(*OpenStore(), "t.a"), 2u);
-}
-
-TEST_F(PreferenceStoreTest, AValueForThisProcessOnlyIsNotStored) {
-    auto store = OpenStore();
-    Write<float>(*store, "t.split", 0.5f);
-    Write<float>(*store, "t.split", 0.25f, /*persistent=*/false);
-    EXPECT_EQ(Read<float>(*store, "t.split"), 0.25f);
-    EXPECT_EQ(Read<float>(*OpenStore(), "t.split"), 0.5f);
-}
-
-TEST_F(PreferenceStoreTest, KeysOfTheLockListAreReadOnlyAndKeepTheirValueAsTheListChanges) {
-    auto store = OpenStore();
-    Write<bool>(*store, "t.locked", true);
-    tree_.MakeFile("home/site/locked-preferences", "# fixed by the site\n  t.locked \n\n");
-    EXPECT_TRUE(store->IsReadOnly(PreferenceKey("t.locked")));
-    EXPECT_FALSE(store->IsReadOnly(PreferenceKey("# fixed by the site")));
-    Write<bool>(*store, "t.locked", false);
-    EXPECT_EQ(Read<bool>(*OpenStore(), "t.locked"), true);
-    EXPECT_EQ(store->LockedKeysFile(), LockPath());
-
-    tree_.MakeFile("home/site/locked-preferences", "t.other\n");
-    EXPECT_FALSE(store->IsReadOnly(PreferenceKey("t.locked")));
-}
-
-TEST_F(PreferenceStoreTest, IgdHomeGivesTheFileTheLockListAndTheInstalledBackend) {
-    const char* previous = std::getenv("IGD_HOME");
-    const std::string saved = previous ? previous : "";
-    ::setenv("IGD_HOME", tree_.NativePath("home").c_str(), 1);
-    tree_.MakeFile("home/site/locked-preferences", "t.site\n");
-
-    InstallPreferenceStore();
-    auto installed = Fnd::InterfaceRef<IPreferences>::Query(GetBackend());
-    ASSERT_TRUE(installed);
-    EXPECT_TRUE(installed->IsReadOnly(PreferenceKey("t.site")));
-    Write<bool>(*installed, "t.free", true);
-    EXPECT_EQ(Read<bool>(*OpenStore(), "t.free"), true);
-    SetBackend(nullptr);
-    EXPECT_FALSE(Fnd::InterfaceRef<IPreferences>::Query(GetBackend()));
-    previous ? ::setenv("IGD_HOME", saved.c_str(), 1) : ::unsetenv("IGD_HOME");
 }
 
 TEST_F(PreferenceStoreTest, FilesThatAreNotOursAreRefusedAndLeftAlone) {
@@ -185,4 +135,4 @@ TEST_F(PreferenceStoreTest, FilesThatAreNotOursAreRefusedAndLeftAlone) {
 }
 
 } // namespace
-} // namespace Proj
+} // namespace igd::test
