@@ -28,7 +28,7 @@ Fnd::WString GetParentPath(Fnd::WStringView path) {
         return {}; // "" or the root: nothing holds it
     const auto separator = path.rfind(u'/', nameEnd);
     if (separator == Fnd::WStringView::npos)
-        return {};
+        return u"."; // an entry of the current folder, as Fnd::PathUtils::FolderOf answers
     const auto parentEnd = path.find_last_not_of(u'/', separator);
     if (parentEnd == Fnd::WStringView::npos)
         return Fnd::WString(1, u'/');

@@ -51,7 +51,7 @@ TEST(PathJoining, CombineRemoveTrailingSlashAndParentPath) {
     };
     for (const Trim& c : {Trim{u"/a/b/", u"/a/b", u"/a"}, Trim{u"/a//", u"/a", u"/"},
                           Trim{u"/a//b", u"/a//b", u"/a"}, Trim{u"/", u"/", u""}, Trim{u"//", u"/", u""},
-                          Trim{u"a/b", u"a/b", u"a"}, Trim{u"b", u"b", u""}, Trim{u"", u"", u""}}) {
+                          Trim{u"a/b", u"a/b", u"a"}, Trim{u"b", u"b", u"."}, Trim{u"", u"", u""}}) {
         SCOPED_TRACE(Fnd::ToUTF8(c.path));
         EXPECT_EQ(PathUtils::RemoveTrailingSlash(c.path), c.withoutSlash);
         EXPECT_EQ(FileUtils::GetParentPath(c.path), c.parent);

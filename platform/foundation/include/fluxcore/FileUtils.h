@@ -7,8 +7,9 @@ namespace fluxcore::utility::FileUtils {
 // Answers whether anything was replaced.
 bool ReplaceIllegalFileNameCharacters(Fnd::WString& name, Fnd::WChar replacement);
 
-// The folder that holds the path, without a trailing separator; "/" for a child of the root,
-// empty for a bare name.
+// The folder that holds the path, without a trailing separator: "/" for a child of the root, "."
+// for a bare name (the one answer for "no folder", as Fnd::PathUtils::FolderOf gives it), empty for
+// the root itself, which nothing holds.
 Fnd::WString GetParentPath(Fnd::WStringView path);
 
 } // namespace fluxcore::utility::FileUtils
