@@ -102,7 +102,8 @@ TEST_F(QtDriverTest, InputBoxRunsAsAToolkitDialogInANestedLoop) {
         auto* edit = dialog.findChild<QLineEdit*>();
         ASSERT_NE(edit, nullptr);
         EXPECT_EQ(edit->text(), QStringLiteral("Untitled"));
-        EXPECT_TRUE(edit->hasFocus()) << "the person starts typing in the field";
+        // The focus within the dialog, whether or not the platform has activated its window.
+        EXPECT_EQ(dialog.focusWidget(), edit) << "the person starts typing in the field";
         edit->selectAll();
         QTest::keyClicks(edit, QStringLiteral("Day 2 cards"));
         QTest::keyClick(edit, Qt::Key_Return); // ends the edit

@@ -158,8 +158,9 @@ TEST_F(TaskServiceImportTest, UpdateMetadataNamesItemsWithoutRenamingMediaOnDisk
         EXPECT_EQ(items[0].name, u"Hero");
         EXPECT_FALSE(items[0].metadata.empty());
         EXPECT_EQ(items.back().path, addToProject ? unknown : known);
-        if (addToProject)
+        if (addToProject) {
             EXPECT_EQ(items.back().extraPaths, std::vector<Fnd::WString>{In(source, u"A002.xmp")});
+        }
     }
     EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(known, false));
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(source, u"Hero.MOV"), false));
