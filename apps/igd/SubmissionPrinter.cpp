@@ -1,5 +1,9 @@
 #include "SubmissionPrinter.h"
 
+#include <algorithm>
+#include <set>
+#include <utility>
+
 #include "QL/IngestMessages.h"
 
 namespace igd {
@@ -44,8 +48,11 @@ const char* ActionName(std::int32_t action) {
 void PrintImportItems(std::ostream& out, const QL::IngestItemMap& items, const char* indent) {
     for (const auto& [path, item] : items) {
         out << indent << "import " << U(path) << " as \"" << U(item->name) << "\"";
-        if (!item->extraPaths.empty())
-            out << " with " << item->extraPaths.size() << " side file(s)";
+        // A clip's own file stands among its extra paths too; it is no side file of itself.
+        const auto sideFiles = std::count_if(item->extraPaths.begin(), item->extraPaths.end(),
+                                             [&path](const Fnd::WString& extra) { return extra != path; });
+        if (sideFiles != 0)
+            out << " with " << sideFiles << " side file(s)";
         out << "\n";
     }
 }
@@ -67,9 +74,12 @@ void SubmissionPrinter::SubmitCopyTask(const QL::IngestTask::CopySetting& settin
     out_ << "copy task, batch " << batch.ToString() << ", verify " << VerifyName(setting.verifyMode)
          << ", add to project " << YesNo(setting.addToProject) << "\n";
     for (const auto& unit : setting.units) {
+        // The service copies a file once however often the plan names it; so does this listing.
+        std::set<std::pair<Fnd::WString, Fnd::WString>> listed;
         for (const QL::CopyEntry& entry : unit->entries)
-            out_ << "  copy " << U(entry.source) << " -> " << U(entry.target) << " ["
-                 << ActionName(entry.action) << "]\n";
+            if (listed.emplace(entry.source, entry.target).second)
+                out_ << "  copy " << U(entry.source) << " -> " << U(entry.target) << " ["
+                     << ActionName(entry.action) << "]\n";
         for (const auto& [target, name] : unit->renames)
             out_ << "  rename " << U(target) << " to \"" << U(name) << "\"\n";
         PrintImportItems(out_, unit->importItems, "  ");
