@@ -15,9 +15,9 @@
 #include "ProjectTestSupport.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
-using igd::test::MakeItem;
 
 // Runs SQL on the file behind the project's back, as another program would.
 std::string RawQuery(const std::string& path, const std::string& sql) {
@@ -57,7 +57,7 @@ std::string OpenError(const std::string& path) {
 }
 
 TEST(ProjectFile, IsCreatedWithItsFoldersAsAVersionedUTF8DatabaseInWALMode) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::string path = tree.NativePath("new/folders/p.igdproj");
     Proj::Project::Open(path)->ImportItem(MakeItem(u"/card/\u00C9t\u00E9.MOV"));
     EXPECT_EQ(RawQuery(path, "SELECT value FROM meta ORDER BY key"), "igd.project;1;");
@@ -68,7 +68,7 @@ TEST(ProjectFile, IsCreatedWithItsFoldersAsAVersionedUTF8DatabaseInWALMode) {
 }
 
 TEST(ProjectFile, RefusesFilesThatAreNotProjectsAndLeavesThemAlone) {
-    igd::test::TempTree tree;
+    TempTree tree;
     tree.MakeFile("notes.txt", "shot list\nA001 interview\n");
     const std::string other = tree.NativePath("other.sqlite");
     RawQuery(other, "CREATE TABLE clips (name TEXT); INSERT INTO clips VALUES ('A001')");
@@ -95,7 +95,7 @@ TEST(ProjectFile, RefusesFilesThatAreNotProjectsAndLeavesThemAlone) {
 }
 
 TEST(ProjectFile, RefusesANewerVersionAndTakesTheCurrentOne) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::string path = tree.NativePath("p.igdproj");
     Proj::Project::Open(path)->ImportItem(MakeItem(u"/card/A001.MOV"));
     RawQuery(path, "UPDATE meta SET value = '7' WHERE key = 'version'");
@@ -107,7 +107,7 @@ TEST(ProjectFile, RefusesANewerVersionAndTakesTheCurrentOne) {
 }
 
 TEST(ProjectFile, ReadersOnOtherThreadsGoOnWhileAWriterImports) {
-    igd::test::TempTree tree;
+    TempTree tree;
     const std::string path = tree.NativePath("p.igdproj");
     auto writer = Proj::Project::Open(path);
     std::atomic<bool> done{false};
@@ -135,3 +135,4 @@ TEST(ProjectFile, ReadersOnOtherThreadsGoOnWhileAWriterImports) {
 }
 
 } // namespace
+} // namespace igd::test

@@ -9,10 +9,9 @@
 #include "ProjectTestSupport.h"
 #include "support/TempTree.h"
 
+namespace igd::test {
 namespace {
 
-using igd::test::Describe;
-using igd::test::MakeItem;
 using Proj::ItemMetadata;
 using Proj::ProjectItem;
 
@@ -24,7 +23,7 @@ protected:
     std::string ProjectPath() const { return tree_.NativePath("project.igdproj"); }
     std::unique_ptr<Proj::Project> Reopen() const { return Proj::Project::Open(ProjectPath()); }
 
-    igd::test::TempTree tree_;
+    TempTree tree_;
     std::unique_ptr<Proj::Project> project_ = Proj::Project::Open(ProjectPath());
 };
 
@@ -141,3 +140,4 @@ TEST_F(ProjectImport, ABatchIsStoredWholeOrNotAtAll) {
 }
 
 } // namespace
+} // namespace igd::test
