@@ -118,11 +118,8 @@ bool AddCopyDestination(const QL::IngestMediaGroup& group, bool useGivenBatch, b
             return false;
     }
     session.AddDestination(destination);
-    CopyDecisionMap decisions;
-    if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),
-                            decisions))
+    if (!DecideSessionCopies(session))
         return false;
-    session.SetCopyDecisions(decisions);
     if (group.verify == u"Verify")
         session.SetVerifyMode(VerifyModeFor(group));
     return true;

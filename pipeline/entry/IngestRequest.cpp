@@ -81,12 +81,7 @@ bool CompleteIngestRequest(IIngestDialogData& session, const QL::MinimumMetadata
     if (session.IsMetadataEnabled())
         BuildMetadataFieldSet(session.GetMetadataPreset(), customData);
     session.SetCustomData(customData);
-    CopyDecisionMap decisions;
-    if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),
-                            decisions))
-        return false;
-    session.SetCopyDecisions(decisions);
-    return true;
+    return DecideSessionCopies(session);
 }
 
 } // namespace IGD

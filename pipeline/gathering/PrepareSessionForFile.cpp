@@ -52,11 +52,8 @@ void PrepareSessionForFile(const Fnd::WString& path, IIngestDialogData& session,
         GenerateOutputNames(session, date,
                             IngestSettingsController::GetInstance()->GetUserDefAutoIncStartNumber());
     // The decisions look at the renamed targets, so they come after the names.
-    CopyDecisionMap decisions;
-    if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),
-                            decisions))
+    if (!DecideSessionCopies(session))
         return;
-    session.SetCopyDecisions(decisions);
     if (session.IsMetadataEnabled()) {
         QL::IngestCustomData customData;
         BuildMetadataFieldSet(session.GetMetadataPreset(), customData);

@@ -153,4 +153,13 @@ bool DecidePathCopy(const Fnd::WString& source, const Fnd::WString& target, std:
     return DecidePathCopyFrom([&source] { return source; }, target, action, applyToAll);
 }
 
+bool DecideSessionCopies(IIngestDialogData& session) {
+    CopyDecisionMap decisions;
+    if (!BuildCopyDecisions(session.GetSourceRoot(), session.GetSelectedItems(), session.GetDestinations(),
+                            decisions))
+        return false;
+    session.SetCopyDecisions(decisions);
+    return true;
+}
+
 } // namespace IGD

@@ -14,6 +14,10 @@ namespace IGD {
 bool BuildCopyDecisions(const Fnd::WString& sourceRoot, const SelectedItemList& items,
                         const DestinationList& destinations, CopyDecisionMap& decisions);
 
+// BuildCopyDecisions over the session's own items and destinations, the answers stored in the
+// session. False when the user gave up; the session's decisions are then left as they were.
+bool DecideSessionCopies(IIngestDialogData& session);
+
 // Decides the item's own path and each of its extra paths at one destination.
 bool DecideItemCopy(SelectedItem& item, const Fnd::WString& sourceRoot, IngestDestination& destination,
                     CopyActionMap& actions, std::int32_t& applyToAll);
