@@ -55,7 +55,7 @@ std::vector<HostileXml> HostileXmlWorld::Documents(const DocumentOf& document) c
          document("<!DOCTYPE R [<!ENTITY x SYSTEM \"file://" + secretPath_ + "\">]>", "&x;"),
          "declares an entity (x)"},
         {"a parameter entity fetched by http",
-         document("<!DOCTYPE R [<!ENTITY % p SYSTEM \"" + http + "/p.dtd\"> %p;]>", "x"), "declares an entity (p)"},
+         document("<!DOCTYPE R [<!ENTITY % p SYSTEM \"" + http + "/p.dtd\"> %p;]>", "x"), "declares an entity (%p)"},
     };
 }
 

@@ -1,6 +1,7 @@
 #include "Fnd/SafeXmlParser.h"
 
 #include <new>
+#include <string>
 
 #include <xercesc/dom/DOMException.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
@@ -40,8 +41,9 @@ public:
         depth.Leave();
         XercesDOMParser::endElement(decl, urlId, isRoot, prefix);
     }
-    void entityDecl(const DTDEntityDecl& decl, const bool, const bool) override {
-        xml::RefuseEntityDeclaration(Where(), decl.getName());
+    void entityDecl(const DTDEntityDecl& decl, const bool isParameterEntity, const bool) override {
+        const std::u16string name = (isParameterEntity ? u"%" : u"") + std::u16string(decl.getName());
+        xml::RefuseEntityDeclaration(Where(), name.c_str());
     }
 
 private:
