@@ -104,7 +104,7 @@ int RunCards(const CardsOptions& options) {
 bool ReportRefusedCardFiles(const char* command) {
     const std::vector<Browse::RefusedCardFile> refused = Browse::RefusedCardFiles::Take();
     for (const Browse::RefusedCardFile& file : refused)
-        std::cerr << command << ": " << Fnd::ToUTF8(file.path) << " was refused as a clip file: "
+        std::cerr << command << ": " << Fnd::ToUTF8(file.path) << " was refused: "
                   << file.reason << "\n";
     return !refused.empty();
 }

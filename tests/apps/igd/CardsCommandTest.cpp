@@ -113,7 +113,7 @@ TEST_F(CardsCommandTest, HostileClipFilesAreNamedAndTheCardsOtherClipsListed) {
     for (const Ran& run : {cards, ingest}) {
         EXPECT_EQ(run.exitCode, 1) << run.Said();
         for (const char* id : {"000001", "000002", "000003"})
-            EXPECT_NE(run.err.find(Native(clips + id + ".XML") + " was refused as a clip file: line 1"),
+            EXPECT_NE(run.err.find(Native(clips + id + ".XML") + " was refused: line 1"),
                       std::string::npos)
                 << run.err;
         if (hostname.size() > 3)

@@ -77,5 +77,21 @@ TEST_F(RefusedClipFilesTest, MalformedAndOversizedClipFilesAreRefusedWithTheirRe
     }
 }
 
+// XDCAM take lists are read as text for the names they hold: nothing in them is expanded or
+// fetched, and one too large is refused while its clip is listed without it.
+TEST_F(RefusedClipFilesTest, AnXdcamTakeListIsReadAsTextAndRefusedWhenTooLarge) {
+    TempTree tree;
+    MakeFiles(tree, {"XD/MEDIAPRO.XML", "XD/DISCMETA.XML", "XD/Clip/C0001.MXF", "XD/Clip/C0001M01.XML"});
+    tree.MakeFile("XD/Take/T0001.SMI", "<!DOCTYPE smil [<!ENTITY x SYSTEM \"file:///etc/hostname\">]>"
+                                       "<smil><video src=\"../Clip/C0001.MXF\" title=\"&x;\"/></smil>");
+    tree.MakeFile("XD/Take/T0002.SMI", std::string(Fnd::kMaxCardXmlBytes + 1, 'x') + " C0001.MXF");
+    EXPECT_EQ(View(tree, Browse::ProviderRegistry::FindCardClips(tree.Path("XD"))),
+              (std::vector<ClipView>{{"C0001", {"XD/Clip/C0001.MXF", "XD/Clip/C0001M01.XML", "XD/Take/T0001.SMI"}}}));
+    refusals = Browse::RefusedCardFiles::Take();
+    ASSERT_EQ(refusals.size(), 1u);
+    EXPECT_EQ(Fnd::ToUTF8(refusals[0].path), tree.NativePath("XD/Take/T0002.SMI"));
+    EXPECT_NE(refusals[0].reason.find("larger than 16777216 bytes"), std::string::npos) << refusals[0].reason;
+}
+
 } // namespace
 } // namespace igd::test
