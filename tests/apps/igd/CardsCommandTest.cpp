@@ -116,8 +116,9 @@ TEST_F(CardsCommandTest, HostileClipFilesAreNamedAndTheCardsOtherClipsListed) {
             EXPECT_NE(run.err.find(Native(clips + id + ".XML") + " was refused: line 1"),
                       std::string::npos)
                 << run.err;
-        if (hostname.size() > 3)
+        if (hostname.size() > 3) {
             EXPECT_EQ((run.Said() + project.out).find(hostname), std::string::npos);
+        }
     }
     EXPECT_NE(cards.out.find("Good  (P2, 2 files)"), std::string::npos) << cards.out;
     EXPECT_EQ(cards.out.find("000001"), std::string::npos) << cards.out;
