@@ -29,7 +29,7 @@ HostileXmlWorld::~HostileXmlWorld() {
         ::close(listener_);
 }
 
-std::vector<HostileXml> HostileXmlWorld::Documents(const DocumentOf& document) const {
+std::string DeeplyNestedElements() {
     constexpr int kLevels = 50000;
     std::string deep;
     deep.reserve(7 * kLevels);
@@ -37,20 +37,25 @@ std::vector<HostileXml> HostileXmlWorld::Documents(const DocumentOf& document) c
         deep += "<a>";
     for (int i = 0; i < kLevels; ++i)
         deep += "</a>";
+    return deep;
+}
 
-    std::string bomb = "<!DOCTYPE R [<!ENTITY a0 \"dos\">";
+std::string EntityBombDoctype(const std::string& root) {
+    std::string bomb = "<!DOCTYPE " + root + " [<!ENTITY a0 \"dos\">";
     for (int level = 1; level <= 10; ++level) {
         bomb += "<!ENTITY a" + std::to_string(level) + " \"";
         for (int i = 0; i < 10; ++i)
             bomb += "&a" + std::to_string(level - 1) + ";";
         bomb += "\">";
     }
-    bomb += "]>";
+    return bomb + "]>";
+}
 
+std::vector<HostileXml> HostileXmlWorld::Documents(const DocumentOf& document) const {
     const std::string http = "http://127.0.0.1:" + std::to_string(port_);
     return {
-        {"nesting 50,000 levels deep", document("", deep), "nest deeper than 256 levels"},
-        {"ten levels of entities", document(bomb, "&a10;"), "declares an entity (a0)"},
+        {"nesting 50,000 levels deep", document("", DeeplyNestedElements()), "nest deeper than 256 levels"},
+        {"ten levels of entities", document(EntityBombDoctype("R"), "&a10;"), "declares an entity (a0)"},
         {"an entity of a local file",
          document("<!DOCTYPE R [<!ENTITY x SYSTEM \"file://" + secretPath_ + "\">]>", "&x;"),
          "declares an entity (x)"},

@@ -23,6 +23,12 @@ struct HostileXml {
     std::string reason;
 };
 
+// Elements nested 50,000 deep.
+std::string DeeplyNestedElements();
+// A DOCTYPE declaring ten levels of entities, each ten of the one before: &a10; is 3 * 10^10
+// characters if expanded.
+std::string EntityBombDoctype(const std::string& root);
+
 class HostileXmlWorld {
 public:
     HostileXmlWorld();

@@ -6,6 +6,7 @@
 
 #include "apps/igd/IgdCommand.h"
 #include "platform/media/CardTrees.h"
+#include "support/HostileXml.h"
 
 namespace igd::test {
 namespace {
@@ -84,23 +85,12 @@ TEST_F(CardsCommandTest, IngestOfTwoCardsCopiesTheJoinedRecordingAsOneItem) {
 // and still list the good clip.
 TEST_F(CardsCommandTest, HostileClipFilesAreNamedAndTheCardsOtherClipsListed) {
     const std::string clips = "C/CONTENTS/CLIP/";
-    std::string nested = "<P2Main><ClipContent>";
-    for (int i = 0; i < 50000; ++i)
-        nested += "<a>";
-    for (int i = 0; i < 50000; ++i)
-        nested += "</a>";
-    tree.MakeFile(clips + "000001.XML", nested + "</ClipContent></P2Main>");
-    std::string bomb = "<!DOCTYPE P2Main [<!ENTITY a0 \"dos\">";
-    for (int level = 1; level <= 10; ++level) {
-        bomb += "<!ENTITY a" + std::to_string(level) + " \"";
-        for (int i = 0; i < 10; ++i)
-            bomb += "&a" + std::to_string(level - 1) + ";";
-        bomb += "\">";
-    }
-    const std::string named = "]><P2Main><ClipContent><ClipMetadata><UserClipName>";
-    tree.MakeFile(clips + "000002.XML", bomb + named + "&a10;</UserClipName></ClipMetadata></ClipContent></P2Main>");
-    tree.MakeFile(clips + "000003.XML", "<!DOCTYPE P2Main [<!ENTITY x SYSTEM \"file:///etc/hostname\">" + named +
-                                            "&x;</UserClipName></ClipMetadata></ClipContent></P2Main>");
+    tree.MakeFile(clips + "000001.XML", "<P2Main><ClipContent>" + DeeplyNestedElements() + "</ClipContent></P2Main>");
+    const std::string named = "<P2Main><ClipContent><ClipMetadata><UserClipName>";
+    const std::string end = "</UserClipName></ClipMetadata></ClipContent></P2Main>";
+    tree.MakeFile(clips + "000002.XML", EntityBombDoctype("P2Main") + named + "&a10;" + end);
+    tree.MakeFile(clips + "000003.XML",
+                  "<!DOCTYPE P2Main [<!ENTITY x SYSTEM \"file:///etc/hostname\">]>" + named + "&x;" + end);
     tree.MakeFile(clips + "000004.XML", P2ClipXml("G4", {}, {}, {}, 0, "Good"));
     for (const char* id : {"000001", "000002", "000003", "000004"})
         tree.MakeFile("C/CONTENTS/VIDEO/" + std::string(id) + ".MXF", id);
