@@ -1,11 +1,12 @@
 #include "XmlGuards.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <memory>
 
 #include <xercesc/util/XMLResourceIdentifier.hpp>
 
@@ -64,34 +65,23 @@ void LimitExpansion(xercesc::SecurityManager& security) {
 
 namespace {
 
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : fd_(fd) {}
-    ~Descriptor() {
-        if (fd_ >= 0)
-            ::close(fd_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int Get() const { return fd_; }
-
-private:
-    int fd_;
-};
-
 std::string Reason(const char* what) {
     return std::string(what) + " (" + std::strerror(errno) + ")";
 }
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
 
 } // namespace
 
 std::string ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& bytes) {
     bytes.clear();
-    const Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (fd.Get() < 0)
+    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rbe"));
+    if (!file)
         return Reason("it cannot be opened");
     struct stat info {};
-    if (::fstat(fd.Get(), &info) != 0)
+    if (::fstat(::fileno(file.get()), &info) != 0)
         return Reason("it cannot be read");
     if (!S_ISREG(info.st_mode))
         return "it is not a file";
@@ -99,24 +89,19 @@ std::string ReadWholeFile(const std::string& path, std::size_t maxBytes, std::st
         "it is larger than " + std::to_string(maxBytes) + " bytes, more than a file of its kind can be";
     if (static_cast<std::uint64_t>(info.st_size) > maxBytes)
         return tooLarge;
-    // Read one byte past the size found, so that a file growing meanwhile is still caught.
-    bytes.resize(static_cast<std::size_t>(info.st_size) + 1);
+    // Read up to one byte past the bound, so that a file grown since it was measured is caught.
+    bytes.resize(std::min(maxBytes + 1, static_cast<std::size_t>(info.st_size) + 4096));
     std::size_t done = 0;
     for (;;) {
-        if (done == bytes.size()) {
-            if (bytes.size() > maxBytes)
-                return tooLarge;
-            bytes.resize(std::min(maxBytes + 1, bytes.size() * 2));
-        }
-        const ssize_t got = ::read(fd.Get(), bytes.data() + done, bytes.size() - done);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return Reason("it cannot be read");
-        if (got == 0)
+        done += std::fread(bytes.data() + done, 1, bytes.size() - done, file.get());
+        if (done < bytes.size())
             break;
-        done += static_cast<std::size_t>(got);
+        if (bytes.size() > maxBytes)
+            return tooLarge;
+        bytes.resize(std::min(maxBytes + 1, bytes.size() * 2));
     }
+    if (std::ferror(file.get()))
+        return Reason("it cannot be read");
     bytes.resize(done);
     return {};
 }
