@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "CardsCommand.h"
 #include "CommandChoices.h"
 #include "CommandLinePaths.h"
 #include "ExitCodes.h"
@@ -117,16 +118,18 @@ int RunIngest(const IngestOptions& options) {
     run.json = options.json;
     const TerminalQuestions questions(options.onConflict);
     std::vector<IGD::IngestDialogDataRef> sessions = IGD::GatherIngestSources(IGD::DistinctIngestSources(sources));
+    const bool clipsLeftOut = ReportRefusedCardFiles("igd ingest");
     // With nothing gathered the handler still runs once, to say so as the dialog would.
     if (sessions.empty())
         sessions.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
     IGD::ApplyIngestChoices(sessions, choices);
     if (!IGD::CheckIngestSessions(sessions, Fnd::Date::Now()) || !IGD::CompleteIngestSessions(sessions))
         return kExitFailure;
-    return RunTaskService(run, [&](QL::Engine::TaskService&) {
+    const int exitCode = RunTaskService(run, [&](QL::Engine::TaskService&) {
         IGD::StartIngestSessions(sessions, fluxcore::utility::Guid::CreateUnique());
         return kExitSuccess;
     });
+    return clipsLeftOut && exitCode == kExitSuccess ? kExitFailure : exitCode;
 }
 
 } // namespace
