@@ -124,8 +124,8 @@ void TaskService::Submit(const fluxcore::utility::Guid& batch, TaskRecord record
     try {
         task.id = journal_->AddTask(batch, record, files);
     } catch (const JournalError& error) {
-        // The task still runs; it just cannot be resumed after a crash. Ids below zero keep
-        // such tasks apart without touching the journal.
+        // The batch still starts and reports, but copies nothing: a crash could not be resumed.
+        // Ids below zero keep such tasks apart without touching the journal.
         static std::atomic<std::int64_t> unrecorded{0};
         task.id = --unrecorded;
         files = PlannedFiles(record, task.id);
