@@ -70,6 +70,7 @@ int RunTaskService(const ServiceRunOptions& options,
     QL::Engine::TaskServiceOptions serviceOptions;
     serviceOptions.projectPath = options.projectPath;
     serviceOptions.defaultBin = options.bin;
+    serviceOptions.setAsideUnreadableJournal = options.setAsideUnreadableJournal;
     std::shared_ptr<QL::Engine::TaskService> service;
     try {
         service = std::make_shared<QL::Engine::TaskService>(serviceOptions);
@@ -77,6 +78,8 @@ int RunTaskService(const ServiceRunOptions& options,
         std::cerr << "igd: " << error.what() << "\n";
         return kExitBadInput;
     }
+    if (!service->JournalNotice().empty())
+        std::cerr << "igd: " << service->JournalNotice() << "\n";
     const InstalledService installed(service);
     const OutputStyle style = options.json                 ? OutputStyle::Json
                               : isatty(STDOUT_FILENO) != 0 ? OutputStyle::Bar
