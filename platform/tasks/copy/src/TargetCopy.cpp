@@ -52,7 +52,7 @@ bool TargetCopy::Prepare() {
             // medium anyway, and filling memory with it costs more than it saves.
             directWrites_ = SetDirect(fd_);
         } else if (errno != EEXIST || n == kMostTemporaryVariants) {
-            Fail(FolderAwareReason(target_, Because("could not create the copy", errno)));
+            Fail(Because("could not create the copy", errno));
             return false;
         }
     }
@@ -254,7 +254,7 @@ bool TargetCopy::Rename() {
         }
     }
     if (error != 0) {
-        Fail(FolderAwareReason(target_, Because("could not give the copy its name", error)));
+        Fail(Because("could not give the copy its name", error));
         return false;
     }
     temporary_.clear();
@@ -267,7 +267,8 @@ void TargetCopy::Fail(std::string reason) {
     if (!Live())
         return;
     outcome_.status = CopyStatus::Failed;
-    outcome_.reason = std::move(reason);
+    // Whatever failed, a destination gone from under the copy is the reason to give.
+    outcome_.reason = FolderAwareReason(target_, std::move(reason));
     failed_.store(true, std::memory_order_release);
 }
 
