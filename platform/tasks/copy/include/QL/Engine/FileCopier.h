@@ -70,9 +70,9 @@ using ProgressFunction = std::function<void(std::uint64_t sourceBytesDone)>;
 
 // Streams one source to all its targets: the source is read once, in large aligned chunks, and
 // each chunk goes to every target in parallel. Each target is written to a temporary name in its
-// folder (folders created), flushed, verified by verifyMode (the task contract's values), given
-// the source's modification time, and only then renamed to its final name. A failing target
-// does not stop the others.
+// folder (folders created, as far as the target's DestinationFolders allow), flushed, verified by
+// verifyMode (the task contract's values), given the source's modification time, and only then
+// renamed to its final name. A failing target does not stop the others.
 //
 // Memory is bounded whatever the file size: four chunks shared by all targets, and per target
 // four read-back buffers of at most 2 MiB each, read into at once (two buffers, one read at a
