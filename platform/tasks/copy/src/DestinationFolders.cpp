@@ -49,6 +49,16 @@ void DestinationFolders::Note(const std::string& folder) {
     }
 }
 
+void DestinationFolders::Require(const std::string& folder) {
+    std::lock_guard lock(mutex_);
+    const std::string path = WithoutTrailingSlashes(folder);
+    Identity identity;
+    // No folder has device and inode 0: a folder missing now never matches.
+    if (FolderIdentity(path, identity.device, identity.inode) != 0)
+        identity = Identity{};
+    known_.emplace(path, identity);
+}
+
 DestinationFolders::Standing DestinationFolders::Check(const std::string& folder) const {
     const auto found = known_.find(folder);
     if (found == known_.end())

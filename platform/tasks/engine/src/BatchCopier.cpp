@@ -35,9 +35,9 @@ std::uint64_t SizeOnDisk(const std::string& path, std::uint64_t fallback) {
 
 } // namespace
 
-BatchCopier::BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters)
-    : run_(run), journal_(journal), backend_(backend), counters_(counters),
-      folders_(std::make_shared<DestinationFolders>()) {}
+BatchCopier::BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters,
+                         std::shared_ptr<DestinationFolders> folders)
+    : run_(run), journal_(journal), backend_(backend), counters_(counters), folders_(std::move(folders)) {}
 
 void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask) {
     const std::vector<SourceGroup> groups = GroupBySource(run_.files, verifyModeOfTask);

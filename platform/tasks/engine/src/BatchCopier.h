@@ -21,7 +21,9 @@ namespace QL::Engine {
 // Stops starting sources once the batch is cancelled.
 class BatchCopier {
 public:
-    BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters);
+    // folders: the destinations as the run knows them; more are noted as the copying begins.
+    BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters,
+                std::shared_ptr<DestinationFolders> folders);
 
     void CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask);
 

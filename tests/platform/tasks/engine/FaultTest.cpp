@@ -194,6 +194,34 @@ TEST_F(FaultTest, ADestinationUnmountedMidBatchLeavesTheMountPointEmpty) {
     EXPECT_TRUE(std::filesystem::is_empty(drive.Folder())) << "copies landed in the bare mount point";
 }
 
+// A crash, then the backup drive not mounted again before resume: what the journal says was
+// copied there marks the destination, and its empty mount point is not written to.
+TEST_F(FaultTest, ADestinationGoneBeforeResumeIsNotMadeAgain) {
+    const Fnd::WString drive = tree.MakeFolder("drive");
+    std::vector<FileRecord> files;
+    {
+        Journal journal(TestOptions(home).journalPath);
+        std::vector<QL::IngestTask::CopyUnitRef> units;
+        for (const char* name : {"A001.MOV", "A002.MOV"}) {
+            tree.MakeFileOfSize(std::string("card/") + name, 100u << 10);
+            units.push_back(FileUnit(source, drive, name));
+        }
+        journal.AddTask(batch, MakeCopyRecord(CopyOf(units, kVerifyMD5, false), {}), files);
+        journal.MarkBatchRunning(batch, u"", home.ProjectPath());
+        files[0].state = FileState::Verified;
+        files[0].finalPath = Native(drive, "A001.MOV");
+        journal.UpdateFiles({&files[0]});
+    }
+    std::filesystem::remove_all(Fnd::ToUTF8(drive));
+
+    TaskService service(TestOptions(home));
+    ASSERT_EQ(service.Resume(batch), TaskService::ResumeResult::Queued);
+    RunUntilOutcome(log, batch);
+    for (const char* name : {"A001.MOV", "A002.MOV"})
+        EXPECT_EQ(ReasonFor(drive, name), "destination is gone");
+    EXPECT_FALSE(Exists(Fnd::ToUTF8(drive)));
+}
+
 // A disk turned read-only after the copy was written and closed (a remount needs no writer open)
 // refuses both the final name and the removal of the temporary: the user hears where it is, and
 // the journal keeps it for cleaning.

@@ -17,6 +17,9 @@ public:
     // At the start of a run, for every folder a target goes into: notes the nearest folder of it
     // that exists now. Only what lies below may be created later.
     void Note(const std::string& folder);
+    // A folder copies went into before the run began (a resumed batch): noted as it stands, or
+    // as gone when it is no longer there, so that nothing is made again in its place.
+    void Require(const std::string& folder);
 
     // Makes sure the folder stands, creating what is missing below a noted folder. Empty, or the
     // reason it cannot: "destination is gone" when a folder the run knew has gone or is another
