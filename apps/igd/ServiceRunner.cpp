@@ -75,7 +75,10 @@ int RunTaskService(const ServiceRunOptions& options,
     try {
         service = std::make_shared<QL::Engine::TaskService>(serviceOptions);
     } catch (const QL::Engine::JournalError& error) {
-        std::cerr << "igd: " << error.what() << "\n";
+        std::cerr << "igd: " << error.what();
+        if (error.Unreadable())
+            std::cerr << "; nothing in it can be resumed, and the next igd ingest sets it aside";
+        std::cerr << "\n";
         return kExitBadInput;
     }
     if (!service->JournalNotice().empty())

@@ -46,7 +46,9 @@ TEST_F(StoreFaultTest, AGarbledJournalIsNotResumedButSetAsideForTheNextIngest) {
 
     const Ran resume = RunIgd({"resume"});
     EXPECT_NE(resume.exitCode, 0);
-    EXPECT_NE(resume.err.find(HomeFile("journal.sqlite") + " is not a journal of igd"), std::string::npos)
+    EXPECT_NE(resume.err.find(HomeFile("journal.sqlite") +
+                              " is not a journal of igd; nothing in it can be resumed"),
+              std::string::npos)
         << resume.err;
     EXPECT_EQ(ReadFileBytes(HomeFile("journal.sqlite")), kGarbage) << "resume leaves it for a look";
     EXPECT_EQ(Contents("main"), copies);
