@@ -116,6 +116,7 @@ int RunIngest(const IngestOptions& options) {
         run.destinations.push_back(Fnd::ToUTF8(destination));
     run.bin = Fnd::FromUTF8(options.bin);
     run.json = options.json;
+    run.setAsideUnreadableJournal = true;
     const TerminalQuestions questions(options.onConflict);
     std::vector<IGD::IngestDialogDataRef> sessions = IGD::GatherIngestSources(IGD::DistinctIngestSources(sources));
     const bool clipsLeftOut = ReportRefusedCardFiles("igd ingest");
