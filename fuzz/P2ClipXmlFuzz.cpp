@@ -1,0 +1,11 @@
+// P2 clip XML (CONTENTS/CLIP/*.XML): the user clip name and the links of a spanned shot.
+#include <cstddef>
+#include <cstdint>
+
+#include "FuzzScratch.h"
+#include "P2ClipXml.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Browse::ReadP2ClipXml(igd::fuzz::WriteScratchFile("000001.XML", data, size));
+    return 0;
+}
