@@ -6,6 +6,7 @@
 #include "P2ClipXml.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Browse::ReadP2ClipXml(igd::fuzz::WriteScratchFile("000001.XML", data, size));
+    std::string refusal;
+    Browse::ReadP2ClipXml(igd::fuzz::WriteScratchFile("000001.XML", data, size), refusal);
     return 0;
 }
