@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <iostream>
+#include <limits>
 #include <map>
 #include <memory>
 #include <optional>
@@ -15,6 +16,7 @@
 #include "Fnd/InteractionDriver.h"
 #include "IGD/IngestSequence.h"
 #include "IngestCheck.h"
+#include "NumberOption.h"
 #include "PresetLookup.h"
 #include "Proj/Project.h"
 #include "QL/CopySetting.h"
@@ -170,7 +172,7 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
     command
         ->add_option("--start-number", options->startNumber,
                      "first number of a custom counter field (default: where the last ingest stopped)")
-        ->check(CLI::PositiveNumber);
+        ->check(WholeNumberIn(1, std::numeric_limits<std::uint32_t>::max()));
     command->add_option("--project", options->project,
                         "the project to import into (default: " + Proj::DefaultProjectPath() + ")");
     command->add_option("--bin", options->bin, "the bin to import into (default: the root bin)");
