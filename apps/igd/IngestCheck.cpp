@@ -23,7 +23,8 @@ std::string CheckIngestInput(const std::vector<Fnd::WString>& sources,
 
     for (const Fnd::WString& destination : destinations) {
         for (const Fnd::WString& source : sources) {
-            if (destination == source || QL::IngestUtils::FolderContain(source, destination, true))
+            if (QL::IngestUtils::SameFolder(source, destination) ||
+                QL::IngestUtils::FolderContain(source, destination, true))
                 return "the destination lies inside a source: " + U(destination);
         }
         if (Fnd::PathUtils::ExistsOnDisk(destination, false) && !Fnd::PathUtils::IsDirectory(destination))

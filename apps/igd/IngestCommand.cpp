@@ -148,8 +148,12 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
                      "copy to this folder; repeat for backups (the first is the primary); "
                      "without it the media is imported where it lies")
         ->allow_extra_args(false);
-    command->add_option("--subfolder", options->subFolder,
-                        "put everything into a folder of this name inside each destination");
+    command
+        ->add_option("--subfolder", options->subFolder,
+                     "put everything into a folder of this name inside each destination")
+        ->check(CLI::Validator(
+            [](const std::string& name) { return name.empty() ? std::string("a folder name is needed") : ""; },
+            "NAME"));
     command
         ->add_option("--verify", options->verify,
                      "how each copy is checked: md5 (default), size, bit or none")
