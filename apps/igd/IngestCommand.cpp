@@ -107,14 +107,18 @@ int RunIngest(const IngestOptions& options) {
         std::cerr << "igd: " << error << "\n";
         return kExitBadInput;
     }
-    if (const std::string error = CheckIngestInput(sources, choices.destinations); !error.empty()) {
+    std::vector<Fnd::WString> made;
+    const std::string error = CheckIngestInput(sources, choices.destinations, made);
+    for (const Fnd::WString& folder : made)
+        std::cerr << "igd: made the destination folder " << Fnd::ToDisplayUTF8(folder) << "\n";
+    if (!error.empty()) {
         std::cerr << "igd: " << error << "\n";
         return kExitBadInput;
     }
     choices.startNumber = options.startNumber;
 
     for (const Fnd::WString& destination : choices.destinations)
-        run.destinations.push_back(Fnd::ToUTF8(destination));
+        run.destinations.push_back(Fnd::ToDisplayUTF8(destination));
     run.bin = Fnd::FromUTF8(options.bin);
     run.json = options.json;
     const TerminalQuestions questions(options.onConflict);
