@@ -47,6 +47,15 @@ protected:
         return Fnd::ToUTF8(box.title + u": " + box.text);
     }
 
+    // Selects the folder "card" and copies to a link to target.
+    IGD::IngestDestinationRef AddLinkedCopyDestination(std::string_view link, std::string_view target) {
+        tree.MakeFile("src/card/A002.MOV");
+        AddFolder(*session_, "card", {"card/A002.MOV"});
+        auto destination = AddCopyDestination("p");
+        destination->SetDestinationPath(tree.MakeSymlink(link, target));
+        return destination;
+    }
+
     // A fresh session holding only the folder "card", whose content is a sub-folder.
     void OnlyAFolderOfFolders() {
         session_ = NewSession();
@@ -147,21 +156,13 @@ TEST_F(PreflightChainTest, EachRefusalIsTheEarliestFailingStepInItsOwnWords) {
          "Transfer Error: The destination folder path " + tree.NativePath("src-link") +
              " is the same as the source folder. Cannot transfer to the source folder."},
         {"a copy through a link to a selected folder",
-         [this] {
-             tree.MakeFile("src/card/A002.MOV");
-             AddFolder(*session_, "card", {"card/A002.MOV"});
-             AddCopyDestination("p")->SetDestinationPath(tree.MakeSymlink("card-link", "src/card"));
-         },
+         [this] { AddLinkedCopyDestination("card-link", "src/card"); },
          "Transfer Error: The destination folder path " + tree.NativePath("card-link") +
              " is the same as the source folder. Cannot transfer to the source folder."},
         {"a sub-folder still to be made behind a link into a selected folder",
          [this] {
-             tree.MakeFile("src/card/A002.MOV");
-             AddFolder(*session_, "card", {"card/A002.MOV"});
-             auto behind = AddCopyDestination("p");
              tree.MakeFolder("src/card/deeper");
-             behind->SetDestinationPath(tree.MakeSymlink("deeper-link", "src/card/deeper"));
-             behind->SetSubFolder(u"day1");
+             AddLinkedCopyDestination("deeper-link", "src/card/deeper")->SetSubFolder(u"day1");
          },
          "Transfer Error: The source folder path " + tree.NativePath("src/card") +
              " contains the destination folder " + tree.NativePath("deeper-link/day1") +
