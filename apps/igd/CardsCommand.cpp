@@ -39,10 +39,10 @@ bool HoldsFileOfOthers(const Fnd::WString& root, const std::vector<std::vector<B
 
 void PrintText(const std::vector<Browse::CardClip>& clips) {
     for (const Browse::CardClip& clip : clips) {
-        std::cout << Fnd::ToUTF8(clip.name) << "  (" << FamilyName(clip.family) << ", " << clip.files.size()
+        std::cout << Fnd::ToDisplayUTF8(clip.name) << "  (" << FamilyName(clip.family) << ", " << clip.files.size()
                   << (clip.files.size() == 1 ? " file" : " files") << ")\n";
         for (const Fnd::WString& file : clip.files)
-            std::cout << "    " << Fnd::ToUTF8(file) << "\n";
+            std::cout << "    " << Fnd::ToDisplayUTF8(file) << "\n";
     }
 }
 
@@ -50,12 +50,12 @@ void PrintJson(const std::vector<Browse::CardClip>& clips) {
     std::cout << "[";
     for (std::size_t i = 0; i < clips.size(); ++i) {
         const Browse::CardClip& clip = clips[i];
-        std::cout << (i ? ",\n " : "\n ") << "{\"name\": " << JsonString(Fnd::ToUTF8(clip.name))
+        std::cout << (i ? ",\n " : "\n ") << "{\"name\": " << JsonString(Fnd::ToDisplayUTF8(clip.name))
                   << ", \"family\": " << JsonString(FamilyName(clip.family))
                   << ", \"provider\": " << JsonString(clip.family)
-                  << ", \"media\": " << JsonString(Fnd::ToUTF8(clip.mediaPath)) << ", \"files\": [";
+                  << ", \"media\": " << JsonString(Fnd::ToDisplayUTF8(clip.mediaPath)) << ", \"files\": [";
         for (std::size_t f = 0; f < clip.files.size(); ++f)
-            std::cout << (f ? ", " : "") << JsonString(Fnd::ToUTF8(clip.files[f]));
+            std::cout << (f ? ", " : "") << JsonString(Fnd::ToDisplayUTF8(clip.files[f]));
         std::cout << "]}";
     }
     std::cout << (clips.empty() ? "]\n" : "\n]\n");
@@ -87,14 +87,14 @@ int RunCards(const CardsOptions& options) {
     }
     for (std::size_t i = 0; i < roots.size(); ++i) {
         if (roots.size() > 1)
-            std::cout << Fnd::ToUTF8(roots[i]) << ":\n";
+            std::cout << Fnd::ToDisplayUTF8(roots[i]) << ":\n";
         if (!clipsOfRoot[i].empty())
             PrintText(clipsOfRoot[i]);
         else if (HoldsFileOfOthers(roots[i], clipsOfRoot))
-            std::cout << "No clips of its own in " << Fnd::ToUTF8(roots[i])
+            std::cout << "No clips of its own in " << Fnd::ToDisplayUTF8(roots[i])
                       << ": its recordings continue those of a card beside it\n";
         else
-            std::cout << "No camera card structure in " << Fnd::ToUTF8(roots[i]) << "\n";
+            std::cout << "No camera card structure in " << Fnd::ToDisplayUTF8(roots[i]) << "\n";
     }
     return exitCode;
 }

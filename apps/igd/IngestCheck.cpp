@@ -1,8 +1,10 @@
 #include "IngestCheck.h"
 
-#include <system_error>
+#include <sys/stat.h>
 
-#include "Fnd/IgdHome.h"
+#include <cerrno>
+#include <cstring>
+
 #include "Fnd/PathUtils.h"
 #include "QL/IngestUtils.h"
 
@@ -10,34 +12,42 @@ namespace igd {
 namespace {
 
 std::string U(const Fnd::WString& text) {
-    return Fnd::ToUTF8(text);
+    return Fnd::ToDisplayUTF8(text);
 }
 
 } // namespace
 
 std::string CheckIngestInput(const std::vector<Fnd::WString>& sources,
-                             const std::vector<Fnd::WString>& destinations) {
+                             const std::vector<Fnd::WString>& destinations,
+                             std::vector<Fnd::WString>& made) {
     for (const Fnd::WString& source : sources)
         if (!Fnd::PathUtils::ExistsOnDisk(source, false))
             return "no such file or folder: " + U(source);
 
     for (const Fnd::WString& destination : destinations) {
         for (const Fnd::WString& source : sources) {
-            if (destination == source || QL::IngestUtils::FolderContain(source, destination, true))
+            if (QL::IngestUtils::SameFolder(source, destination) ||
+                QL::IngestUtils::FolderContain(source, destination, true))
                 return "the destination lies inside a source: " + U(destination);
         }
         if (Fnd::PathUtils::ExistsOnDisk(destination, false) && !Fnd::PathUtils::IsDirectory(destination))
             return "the destination is not a folder: " + U(destination);
     }
+    // A missing folder inside one that exists is the folder for the day's shoot, and is made; a
+    // missing parent too is more likely a mistyped path or an unplugged disk, where making a tree
+    // of folders would put the copies somewhere nobody looks.
+    for (const Fnd::WString& destination : destinations) {
+        if (!Fnd::PathUtils::ExistsOnDisk(destination, false) &&
+            !Fnd::PathUtils::IsDirectory(Fnd::PathUtils::FolderOf(destination)))
+            return "neither the destination nor the folder holding it exists: " + U(destination);
+    }
     // Only now that nothing else stands in the way are missing destinations made.
     for (const Fnd::WString& destination : destinations) {
         if (Fnd::PathUtils::ExistsOnDisk(destination, false))
             continue;
-        try {
-            Fnd::EnsureDirectory(U(destination));
-        } catch (const std::system_error& error) {
-            return "cannot create the destination " + U(destination) + ": " + error.code().message();
-        }
+        if (::mkdir(Fnd::ToUTF8(destination).c_str(), 0777) != 0)
+            return "cannot create the destination " + U(destination) + ": " + std::strerror(errno);
+        made.push_back(destination);
     }
     return {};
 }

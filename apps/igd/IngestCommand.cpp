@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <iostream>
+#include <limits>
 #include <map>
 #include <memory>
 #include <optional>
@@ -16,6 +17,7 @@
 #include "Fnd/InteractionDriver.h"
 #include "IGD/IngestSequence.h"
 #include "IngestCheck.h"
+#include "NumberOption.h"
 #include "PresetLookup.h"
 #include "Proj/Project.h"
 #include "QL/CopySetting.h"
@@ -106,14 +108,18 @@ int RunIngest(const IngestOptions& options) {
         std::cerr << "igd: " << error << "\n";
         return kExitBadInput;
     }
-    if (const std::string error = CheckIngestInput(sources, choices.destinations); !error.empty()) {
+    std::vector<Fnd::WString> made;
+    const std::string error = CheckIngestInput(sources, choices.destinations, made);
+    for (const Fnd::WString& folder : made)
+        std::cerr << "igd: made the destination folder " << Fnd::ToDisplayUTF8(folder) << "\n";
+    if (!error.empty()) {
         std::cerr << "igd: " << error << "\n";
         return kExitBadInput;
     }
     choices.startNumber = options.startNumber;
 
     for (const Fnd::WString& destination : choices.destinations)
-        run.destinations.push_back(Fnd::ToUTF8(destination));
+        run.destinations.push_back(Fnd::ToDisplayUTF8(destination));
     run.bin = Fnd::FromUTF8(options.bin);
     run.json = options.json;
     run.setAsideUnreadableJournal = true;
@@ -150,8 +156,12 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
                      "copy to this folder; repeat for backups (the first is the primary); "
                      "without it the media is imported where it lies")
         ->allow_extra_args(false);
-    command->add_option("--subfolder", options->subFolder,
-                        "put everything into a folder of this name inside each destination");
+    command
+        ->add_option("--subfolder", options->subFolder,
+                     "put everything into a folder of this name inside each destination")
+        ->check(CLI::Validator(
+            [](const std::string& name) { return name.empty() ? std::string("a folder name is needed") : ""; },
+            "NAME"));
     command
         ->add_option("--verify", options->verify,
                      "how each copy is checked: md5 (default), size, bit or none")
@@ -174,7 +184,7 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
     command
         ->add_option("--start-number", options->startNumber,
                      "first number of a custom counter field (default: where the last ingest stopped)")
-        ->check(CLI::PositiveNumber);
+        ->check(WholeNumberIn(1, std::numeric_limits<std::uint32_t>::max()));
     command->add_option("--project", options->project,
                         "the project to import into (default: " + Proj::DefaultProjectPath() + ")");
     command->add_option("--bin", options->bin, "the bin to import into (default: the root bin)");

@@ -37,7 +37,7 @@ int RunName(const NameOptions& options) {
     }
 
     const Fnd::WString path = AbsolutePath(options.file);
-    std::cout << Fnd::ToUTF8(IGD::GetIngestFileOutputName(path, session, Fnd::Date::Now(), false)) << "\n";
+    std::cout << Fnd::ToDisplayUTF8(IGD::GetIngestFileOutputName(path, session, Fnd::Date::Now(), false)) << "\n";
     return kExitSuccess;
 }
 

@@ -35,7 +35,16 @@ struct PlanOptions {
 int RunPlan(const PlanOptions& options) {
     const Fnd::WString first = AbsolutePath(options.sources.front());
     if (!Fnd::PathUtils::ExistsOnDisk(first, false) || Fnd::PathUtils::IsDirectory(first)) {
-        std::cerr << "igd: not a file: " << Fnd::ToUTF8(first) << "\n";
+        std::cerr << "igd: not a file: " << Fnd::ToDisplayUTF8(first) << "\n";
+        return kExitBadInput;
+    }
+
+    // A host's request to copy into a folder that is not there imports in place instead; a plan
+    // asked to show a copy must not quietly show something else, nor make the folder to avoid it.
+    const Fnd::WString destination = options.destination.empty() ? Fnd::WString() : AbsolutePath(options.destination);
+    if (!destination.empty() && !Fnd::PathUtils::IsDirectory(destination)) {
+        std::cerr << "igd: the destination is not a folder: " << Fnd::ToDisplayUTF8(destination)
+                  << " (igd plan makes nothing: make the folder first)\n";
         return kExitBadInput;
     }
 
@@ -51,9 +60,9 @@ int RunPlan(const PlanOptions& options) {
     // absolute.
     for (std::size_t i = 1; i < options.sources.size(); ++i)
         group.paths.push_back(AbsolutePath(options.sources[i]));
-    if (!options.destination.empty()) {
+    if (!destination.empty()) {
         group.transferMode = u"Copy";
-        group.destinationPath = AbsolutePath(options.destination);
+        group.destinationPath = destination;
     }
     if (options.verify != "none") {
         group.verify = u"Verify";

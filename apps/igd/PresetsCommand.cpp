@@ -149,9 +149,9 @@ int RunList(const PresetsOptions& options) {
         if (system.empty() && user.empty())
             std::cout << "  (none)\n";
         for (const auto& preset : system)
-            std::cout << "  " << Fnd::ToUTF8(preset->GetName(true)) << "  (system)\n";
+            std::cout << "  " << Fnd::ToDisplayUTF8(preset->GetName(true)) << "  (system)\n";
         for (const auto& preset : user)
-            std::cout << "  " << Fnd::ToUTF8(preset->GetName(true)) << "  " << Fnd::ToUTF8(preset->GetPath())
+            std::cout << "  " << Fnd::ToDisplayUTF8(preset->GetName(true)) << "  " << Fnd::ToDisplayUTF8(preset->GetPath())
                       << "\n";
     }
     return kExitSuccess;
@@ -165,10 +165,10 @@ int RunShow(const PresetsOptions& options) {
     if (!found)
         return kFailed;
     const auto& preset = found->preset;
-    std::cout << Fnd::ToUTF8(preset->GetName(true)) << "\n"
+    std::cout << Fnd::ToDisplayUTF8(preset->GetName(true)) << "\n"
               << "  category: " << CategoryWord(found->category)
               << (preset->IsUserPreset() ? " (user preset)" : " (system preset)") << "\n"
-              << "  file:     " << Fnd::ToUTF8(preset->GetPath()) << "\n";
+              << "  file:     " << Fnd::ToDisplayUTF8(preset->GetPath()) << "\n";
     const auto fields = preset->GetFields();
     std::cout << "  fields:" << (fields.empty() ? " none" : "") << "\n";
     int number = 0;
@@ -176,13 +176,13 @@ int RunShow(const PresetsOptions& options) {
         std::ostringstream line;
         line << "    " << ++number << "  ";
         if (field->GetType() == QL::kQLFieldMetadata) {
-            line << std::left << std::setw(22) << Fnd::ToUTF8(field->GetKey())
+            line << std::left << std::setw(22) << Fnd::ToDisplayUTF8(field->GetKey())
                  << (field->GetRequired() ? "required  " : "          ");
             if (!field->GetFormat().empty())
-                line << "\"" << Fnd::ToUTF8(field->GetFormat()) << "\"";
+                line << "\"" << Fnd::ToDisplayUTF8(field->GetFormat()) << "\"";
         } else {
             line << std::left << std::setw(22) << FieldLabel(field->GetType())
-                 << Fnd::ToUTF8(field->GetFormat());
+                 << Fnd::ToDisplayUTF8(field->GetFormat());
         }
         std::string text = line.str();
         text.erase(text.find_last_not_of(' ') + 1);
@@ -216,16 +216,16 @@ int RunImport(const PresetsOptions& options) {
                   << (refusal.empty() ? std::string("could not be installed") : refusal) << "\n";
         return kFailed;
     }
-    const std::string name = Fnd::ToUTF8(installed->GetName(true));
+    const std::string name = Fnd::ToDisplayUTF8(installed->GetName(true));
     const bool existed = std::find(before.begin(), before.end(), installed->GetPath()) != before.end();
     if (existed)
         std::cout << "already installed: " << CategoryWord(read.document->category) << " preset \"" << name
-                  << "\"  " << Fnd::ToUTF8(installed->GetPath()) << "\n";
+                  << "\"  " << Fnd::ToDisplayUTF8(installed->GetPath()) << "\n";
     else
         std::cout << "installed " << CategoryWord(read.document->category) << " preset \"" << name << "\"  "
-                  << Fnd::ToUTF8(installed->GetPath()) << "\n";
+                  << Fnd::ToDisplayUTF8(installed->GetPath()) << "\n";
     if (installed->GetName(true) != read.document->name)
-        std::cout << "  (a different preset is already named \"" << Fnd::ToUTF8(read.document->name)
+        std::cout << "  (a different preset is already named \"" << Fnd::ToDisplayUTF8(read.document->name)
                   << "\")\n";
     return kExitSuccess;
 }
@@ -241,7 +241,7 @@ int RunExport(const PresetsOptions& options) {
         QL::MakePresetDocument(found->category, found->preset->GetName(true), found->preset->GetFields());
     Fnd::WString target = AbsolutePath(options.file);
     if (options.file.back() == '/' && !Fnd::PathUtils::IsDirectory(target)) {
-        std::cerr << "igd: no folder \"" << Fnd::ToUTF8(target) << "\" to export into\n";
+        std::cerr << "igd: no folder \"" << Fnd::ToDisplayUTF8(target) << "\" to export into\n";
         return kBadInput;
     }
     if (Fnd::PathUtils::IsDirectory(target))

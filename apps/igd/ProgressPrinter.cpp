@@ -15,7 +15,7 @@ using namespace QL::Engine;
 constexpr int kBarWidth = 24;
 
 std::string U(const Fnd::WString& text) {
-    return Fnd::ToUTF8(text);
+    return Fnd::ToDisplayUTF8(text);
 }
 
 std::string FileName(const Fnd::WString& path) {

@@ -61,7 +61,7 @@ int RunInit(const ProjectOptions& options) {
 }
 
 std::string Utf8(const Fnd::WString& text) {
-    return Fnd::ToUTF8(text);
+    return Fnd::ToDisplayUTF8(text);
 }
 
 std::string JsonString(const std::string& utf8) {
@@ -117,7 +117,7 @@ void PrintItemJson(std::ostream& out, const Proj::ProjectItem& item) {
             << ",\"prefix\":" << JsonString(set.prefix) << ",\"values\":{";
         bool first = true;
         for (const auto& [key, value] : set.values) {
-            out << (first ? "" : ",") << JsonString(Utf8(key)) << ":" << JsonString(Utf8(value));
+            out << (first ? "" : ",") << JsonString(Utf8(key)) << ":" << JsonString(Fnd::ToValidUTF8(value));
             first = false;
         }
         out << "}}";

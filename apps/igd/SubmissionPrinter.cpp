@@ -10,7 +10,7 @@ namespace igd {
 namespace {
 
 std::string U(const Fnd::WString& text) {
-    return Fnd::ToUTF8(text);
+    return Fnd::ToDisplayUTF8(text);
 }
 
 const char* YesNo(bool value) {

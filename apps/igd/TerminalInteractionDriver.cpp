@@ -7,11 +7,11 @@
 namespace igd {
 
 int TerminalInteractionDriver::AskMessageBox(const Fnd::MessageBoxRequest& request) {
-    out_ << Fnd::ToUTF8(request.title) << ": " << Fnd::ToUTF8(request.text) << "\n";
+    out_ << Fnd::ToValidUTF8(request.title) << ": " << Fnd::ToValidUTF8(request.text) << "\n";
     if (!interactive_ || request.buttons.size() < 2)
         return request.defaultButton;
     for (std::size_t i = 0; i < request.buttons.size(); ++i)
-        out_ << "  " << (i + 1) << ") " << Fnd::ToUTF8(request.buttons[i])
+        out_ << "  " << (i + 1) << ") " << Fnd::ToValidUTF8(request.buttons[i])
              << (static_cast<int>(i) == request.defaultButton ? " (default)" : "") << "\n";
     out_ << "> " << std::flush;
     std::string line;
@@ -35,7 +35,7 @@ TerminalInteractionDriver::AskExistingPath(const Fnd::ExistingPathQuestion& ques
         answer.applyToAll = true;
         return answer;
     }
-    out_ << Fnd::ToUTF8(question.target)
+    out_ << Fnd::ToDisplayUTF8(question.target)
          << (question.onlyInCopyList ? " will be written by a waiting ingest.\n" : " exists already.\n");
     if (!interactive_) {
         out_ << "Cancelled: say what to do with --on-conflict.\n";

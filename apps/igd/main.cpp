@@ -1,6 +1,7 @@
 // igd: the command-line host of the ingest library.
 #include <cstdlib>
 #include <iostream>
+#include <limits>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -10,9 +11,11 @@
 #include "AppFrame/DocumentManager.h"
 #include "CardsCommand.h"
 #include "CommandTable.h"
+#include "ExitCodes.h"
 #include "HostApp/ApplicationType.h"
 #include "IngestCommand.h"
 #include "NameCommand.h"
+#include "NumberOption.h"
 #include "PlanCommand.h"
 #include "PrefsCommand.h"
 #include "PresetsCommand.h"
@@ -66,7 +69,8 @@ int main(int argc, char** argv) {
 
     HostOptions host;
     app.add_option("--host-kind", host.hostKind, "kind of host application (5 and 8: hosted)")
-        ->envname("IGD_HOST_KIND");
+        ->envname("IGD_HOST_KIND")
+        ->check(igd::WholeNumberIn(0, std::numeric_limits<int>::max()));
     app.add_flag("--vault", host.vault, "the project lives on a collaboration server")
         ->envname("IGD_VAULT_MODE");
     app.add_option("--usage-log", host.usageLog, "append anonymous usage events to FILE, one JSON line each")
@@ -82,7 +86,13 @@ int main(int argc, char** argv) {
     igd::RegisterProjectCommands(app, commands);
     igd::RegisterCardsCommand(app, commands);
 
-    CLI11_PARSE(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        // CLI11 numbers its errors; a script only needs to know the command itself was wrong.
+        // --help and --version arrive here too, and succeed.
+        return app.exit(error) == 0 ? igd::kExitSuccess : igd::kExitBadInput;
+    }
     if (!ApplyHostOptions(host))
         return EXIT_FAILURE;
     InstallServices();

@@ -1,6 +1,6 @@
 #include "pipeline/checks/SubFolderNameCheck.h"
 
-#include "fluxcore/FileUtils.h"
+#include "Fnd/PathUtils.h"
 #include "fluxcore/ZString.h"
 #include "fluxui/Messagebox.h"
 
@@ -12,9 +12,9 @@ bool CheckSubFolderNames(const DestinationList& destinations) {
         if (stored.empty())
             continue;
         const Fnd::WString trimmed = Fnd::Trim(stored, u" \t");
-        Fnd::WString replaced = trimmed;
-        if (trimmed.empty() ||
-            fluxcore::utility::FileUtils::ReplaceIllegalFileNameCharacters(replaced, u'-')) {
+        // "." and ".." would put everything into the destination itself or beside it, and a
+        // separator would make a path of folders: none of them is one folder's name.
+        if (!Fnd::PathUtils::IsValidFileName(trimmed)) {
             // The name as the user typed it, blanks and all, is the one they will recognise.
             fluxui::dialogs::messagebox::Messagebox(
                 fluxcore::Localize(

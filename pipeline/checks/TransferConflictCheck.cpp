@@ -30,14 +30,30 @@ bool Refuse(std::string_view message, std::initializer_list<Fnd::WString> argume
     return false;
 }
 
+bool RefuseSameFolder(const Fnd::WString& target) {
+    return Refuse("$$$/Quillon/Ingest/Failure/RootPathEqualDestinationError=The destination folder "
+                  "path @0 is the same as the source folder. Cannot transfer to the source folder.",
+                  {target});
+}
+
+// The path with the links of its existing part resolved; as given when nothing of it exists.
+Fnd::WString ResolvedPath(const Fnd::WString& path) {
+    std::error_code error;
+    const std::filesystem::path resolved =
+        std::filesystem::weakly_canonical(std::filesystem::path(Fnd::ToUTF8(path)), error);
+    return error ? path : Fnd::FromUTF8(resolved.native());
+}
+
 } // namespace
 
 bool CheckTransferConflicts(const Fnd::WString& sourceRoot, const SelectedItemList& items,
                             const DestinationList& destinations) {
     const NormalizedRoot root(sourceRoot);
+    const Fnd::WString resolvedRoot = ResolvedPath(sourceRoot);
     for (const IngestDestinationRef& destination : destinations) {
         const Fnd::WString target = destination->GetFullDestinationPath();
-        const Fnd::WString relative = WayFromRoot(sourceRoot, target);
+        // Links are seen through: a destination reached through one is where the copies land.
+        const Fnd::WString relative = WayFromRoot(resolvedRoot, ResolvedPath(target));
         if (relative.empty())
             continue;
         const auto setting = destination->GetTranscodeSetting();
@@ -47,13 +63,12 @@ bool CheckTransferConflicts(const Fnd::WString& sourceRoot, const SelectedItemLi
         for (const SelectedItemRef& item : items) {
             const bool isFolder = dynamic_cast<const SelectedFolderItem*>(item.get()) != nullptr;
             if (same && (isFolder || !transcoding))
-                return Refuse(
-                    "$$$/Quillon/Ingest/Failure/RootPathEqualDestinationError=The destination folder "
-                    "path @0 is the same as the source folder. Cannot transfer to the source folder.",
-                    {target});
+                return RefuseSameFolder(target);
             if (!isFolder || !inside)
                 continue;
             const Fnd::WString folder = root.ItemPath(*item);
+            if (QL::IngestUtils::SameFolder(folder, target))
+                return RefuseSameFolder(target);
             if (QL::IngestUtils::FolderContain(folder, target, true))
                 return Refuse(
                     "$$$/Quillon/Ingest/Failure/SelectContainDestinationError=The source folder path @0 "

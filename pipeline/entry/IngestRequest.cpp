@@ -8,6 +8,7 @@
 #include "pipeline/plan/CopyDecisions.h"
 #include "pipeline/apply/MetadataFieldSetBuilder.h"
 #include "pipeline/naming/OutputNames.h"
+#include "pipeline/naming/RenameCounter.h"
 #include "pipeline/checks/PreflightChain.h"
 #include "pipeline/checks/TemplateChecks.h"
 #include "fluxui/Messagebox.h"
@@ -22,6 +23,16 @@ constexpr int kErrorIcon = 16;
 bool ShowIngestFailure(std::string_view message) {
     AppFrame::MessageBoxW(
         Localize(message),
+        Localize("$$$/Quillon/Libraries/IngestDialog/IngestDialogErrorTitle=Ingest Failure"),
+        AppFrame::kMessageBoxOK, kErrorIcon, AppFrame::kResultOK);
+    return false;
+}
+
+bool RefuseCounterOverflow(std::uint32_t startNumber) {
+    AppFrame::MessageBoxW(
+        Localize("$$$/Quillon/Libraries/IngestDialog/CounterOverflowError=The counter starts at @0 and "
+                 "would pass 4294967295, the largest number it can hold. Please set a lower start number.",
+                 {Fnd::ToDecimal(std::max<std::uint32_t>(startNumber, 1))}),
         Localize("$$$/Quillon/Libraries/IngestDialog/IngestDialogErrorTitle=Ingest Failure"),
         AppFrame::kMessageBoxOK, kErrorIcon, AppFrame::kResultOK);
     return false;
@@ -59,6 +70,9 @@ bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent,
             "$$$/Quillon/Libraries/IngestDialog/IngestDialogNoSourceSelectedError=Please select a file for "
             "ingest.");
     ComputeApplyFlags(session);
+    if (session.IsRenameEnabled() &&
+        !NextStartNumber(startNumber, std::uint64_t{firstCounter} - 1 + RenameCounterStep(session)))
+        return RefuseCounterOverflow(startNumber);
     if (session.IsRenameEnabled())
         GenerateOutputNames(session, now, startNumber, firstCounter);
     const SelectedItemList items = session.GetSelectedItems();

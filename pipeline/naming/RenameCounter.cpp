@@ -1,6 +1,7 @@
 #include "pipeline/naming/RenameCounter.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace IGD {
 namespace {
@@ -30,6 +31,13 @@ std::uint32_t RenameCounterStep(const IIngestDialogData& session) {
     if (stitching && (destinations.size() == 1 || session.GetRenameApplyScope() == kApplyToPrimaryOnly))
         return 1;
     return static_cast<std::uint32_t>(session.GetSelectedItems().size());
+}
+
+std::optional<std::uint32_t> NextStartNumber(std::uint32_t startNumber, std::uint64_t used) {
+    const std::uint64_t next = std::uint64_t{std::max<std::uint32_t>(startNumber, 1)} + used;
+    if (next > std::numeric_limits<std::uint32_t>::max())
+        return std::nullopt;
+    return static_cast<std::uint32_t>(next);
 }
 
 } // namespace IGD

@@ -5,6 +5,17 @@ namespace Fnd {
 namespace {
 
 constexpr char32_t kReplacementCharacter = 0xFFFD;
+// What DecodeOne answers for an ill-formed sequence; no code point has this value.
+constexpr char32_t kUndecodable = 0xFFFFFFFF;
+// A byte that is no part of a UTF-8 character is kept as the lone low surrogate U+DC80 + (byte -
+// 0x80). Decoding never makes a lone surrogate from well-formed text, so the byte comes back
+// exactly when encoding: a name on disk survives the trip through wide text whatever its bytes.
+constexpr WChar kFirstEscapedByte = 0xDC80;
+constexpr WChar kLastEscapedByte = 0xDCFF;
+
+WChar EscapedByte(unsigned char byte) {
+    return static_cast<WChar>(0xDC00 + byte);
+}
 
 bool IsContinuation(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
@@ -38,10 +49,8 @@ void AppendUTF8(std::string& out, char32_t cp) {
     }
 }
 
-// Decodes one sequence starting at utf8[i]. An ill-formed sequence yields one replacement
-// character for its longest valid prefix (at least one byte), so decoding resynchronises on the
-// next byte that could start a character, as Unicode recommends. Overlong forms, surrogates and
-// values above U+10FFFF are ill-formed.
+// Decodes one sequence starting at utf8[i]; kUndecodable for an ill-formed one. Overlong forms,
+// surrogates and values above U+10FFFF are ill-formed.
 char32_t DecodeOne(std::string_view utf8, std::size_t& i) {
     const auto lead = static_cast<unsigned char>(utf8[i++]);
     if (lead < 0x80)
@@ -68,19 +77,59 @@ char32_t DecodeOne(std::string_view utf8, std::size_t& i) {
         else if (lead == 0xF4)
             high = 0x8F; // above U+10FFFF
     } else {
-        return kReplacementCharacter;
+        return kUndecodable;
     }
 
     for (int k = 0; k < trailing; ++k) {
         if (i >= utf8.size())
-            return kReplacementCharacter;
+            return kUndecodable;
         const auto byte = static_cast<unsigned char>(utf8[i]);
         if (k == 0 ? (byte < low || byte > high) : !IsContinuation(byte))
-            return kReplacementCharacter;
+            return kUndecodable;
         cp = (cp << 6) | (byte & 0x3F);
         ++i;
     }
     return cp;
+}
+
+void AppendHexEscape(std::string& out, unsigned byte) {
+    static constexpr char kDigits[] = "0123456789abcdef";
+    out += "\\x";
+    out.push_back(kDigits[(byte >> 4) & 0xF]);
+    out.push_back(kDigits[byte & 0xF]);
+}
+
+// Bytes: kept bytes come back as they were. Valid: well-formed UTF-8, kept bytes as \xNN.
+// Display: Valid, and control characters escaped too.
+enum class Encoding { Bytes, Valid, Display };
+
+void AppendEncoded(WStringView wide, Encoding encoding, std::string& out) {
+    for (std::size_t i = 0; i < wide.size(); ++i) {
+        const char32_t unit = wide[i];
+        if (encoding == Encoding::Display && (unit < 0x20 || unit == 0x7F)) {
+            if (unit == u'\n')
+                out += "\\n";
+            else if (unit == u'\r')
+                out += "\\r";
+            else if (unit == u'\t')
+                out += "\\t";
+            else
+                AppendHexEscape(out, unit);
+        } else if (unit < 0xD800 || unit > 0xDFFF) {
+            AppendUTF8(out, unit);
+        } else if (unit <= 0xDBFF && i + 1 < wide.size() && wide[i + 1] >= 0xDC00 && wide[i + 1] <= 0xDFFF) {
+            AppendUTF8(out, 0x10000 + ((unit - 0xD800) << 10) + (wide[i + 1] - 0xDC00));
+            ++i;
+        } else if (unit >= kFirstEscapedByte && unit <= kLastEscapedByte) {
+            if (encoding == Encoding::Bytes)
+                out.push_back(static_cast<char>(unit - 0xDC00));
+            else
+                AppendHexEscape(out, unit - 0xDC00);
+        } else {
+            // Any other unpaired surrogate cannot be written as UTF-8.
+            AppendUTF8(out, kReplacementCharacter);
+        }
+    }
 }
 
 } // namespace
@@ -94,8 +143,16 @@ WString FromUTF8(std::string_view utf8) {
         if (byte < 0x80) {
             out.push_back(byte);
             ++i;
+            continue;
+        }
+        const std::size_t start = i;
+        const char32_t cp = DecodeOne(utf8, i);
+        if (cp == kUndecodable) {
+            // Only the first byte is escaped: the next one may start a good character.
+            out.push_back(EscapedByte(byte));
+            i = start + 1;
         } else {
-            AppendCodePoint(out, DecodeOne(utf8, i));
+            AppendCodePoint(out, cp);
         }
     }
     return out;
@@ -114,23 +171,26 @@ void ToUTF8(WStringView wide, std::string& out) {
     if (ascii == wide.size())
         return;
     out.reserve(wide.size() + wide.size() / 2);
-    for (std::size_t i = ascii; i < wide.size(); ++i) {
-        const char32_t unit = wide[i];
-        if (unit < 0xD800 || unit > 0xDFFF) {
-            AppendUTF8(out, unit);
-        } else if (unit <= 0xDBFF && i + 1 < wide.size() && wide[i + 1] >= 0xDC00 && wide[i + 1] <= 0xDFFF) {
-            AppendUTF8(out, 0x10000 + ((unit - 0xD800) << 10) + (wide[i + 1] - 0xDC00));
-            ++i;
-        } else {
-            // An unpaired surrogate cannot be written as UTF-8.
-            AppendUTF8(out, kReplacementCharacter);
-        }
-    }
+    AppendEncoded(wide.substr(ascii), Encoding::Bytes, out);
 }
 
 std::string ToUTF8(WStringView wide) {
     std::string out;
     ToUTF8(wide, out);
+    return out;
+}
+
+std::string ToValidUTF8(WStringView wide) {
+    std::string out;
+    out.reserve(wide.size());
+    AppendEncoded(wide, Encoding::Valid, out);
+    return out;
+}
+
+std::string ToDisplayUTF8(WStringView wide) {
+    std::string out;
+    out.reserve(wide.size());
+    AppendEncoded(wide, Encoding::Display, out);
     return out;
 }
 

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -71,12 +72,25 @@ bool LexicallyInside(const Fnd::WString& folder, const Fnd::WString& path, bool 
     return !rest.empty() && (recursive || rest.find(u'/') == Fnd::WStringView::npos);
 }
 
+// The path with every link of its existing part resolved; the part still to be made (a
+// destination folder created at the start of the ingest) is kept by name. Normalised input.
 std::optional<Fnd::WString> ResolvedOnDisk(const Fnd::WString& path) {
     std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(Fnd::ToUTF8(path).c_str(), nullptr),
                                                          &std::free);
-    if (!resolved)
+    if (resolved)
+        return Fnd::FromUTF8(resolved.get());
+    if (errno != ENOENT)
         return std::nullopt;
-    return Fnd::FromUTF8(resolved.get());
+    const std::size_t separator = path.rfind(u'/');
+    if (separator == Fnd::WString::npos || separator + 1 == path.size())
+        return std::nullopt;
+    const Fnd::WString parent = separator == 0 ? Fnd::WString(u"/") : path.substr(0, separator);
+    std::optional<Fnd::WString> resolvedParent = ResolvedOnDisk(parent);
+    if (!resolvedParent)
+        return std::nullopt;
+    if (resolvedParent->back() != u'/')
+        resolvedParent->push_back(u'/');
+    return *resolvedParent + path.substr(separator + 1);
 }
 
 } // namespace
@@ -115,9 +129,26 @@ bool IngestUtils::FolderContain(const Fnd::WString& folder, const Fnd::WString& 
         return true;
     // A destination reached through a link into the source is still inside it: copying there
     // would write into the tree being read.
-    const std::optional<Fnd::WString> resolvedFolder = ResolvedOnDisk(folder);
-    const std::optional<Fnd::WString> resolvedPath = ResolvedOnDisk(path);
+    const std::optional<Fnd::WString> resolvedFolder = ResolvedOnDisk(Mid::Utilities::NormalizePathWithoutUNC(folder));
+    const std::optional<Fnd::WString> resolvedPath = ResolvedOnDisk(Mid::Utilities::NormalizePathWithoutUNC(path));
     return resolvedFolder && resolvedPath && LexicallyInside(*resolvedFolder, *resolvedPath, recursive);
+}
+
+bool IngestUtils::SameFolder(const Fnd::WString& a, const Fnd::WString& b) {
+    if (a.empty() || b.empty())
+        return false;
+    const Fnd::WString normalA = Mid::Utilities::NormalizePathWithoutUNC(a);
+    const Fnd::WString normalB = Mid::Utilities::NormalizePathWithoutUNC(b);
+    if (normalA == normalB)
+        return true;
+    const std::optional<FileIdentity> identityA = IdentityOnDisk(normalA);
+    const std::optional<FileIdentity> identityB = IdentityOnDisk(normalB);
+    if (identityA && identityB)
+        return *identityA == *identityB;
+    // One is still to be made: the same folder only if the names agree once links are resolved.
+    const std::optional<Fnd::WString> resolvedA = ResolvedOnDisk(normalA);
+    const std::optional<Fnd::WString> resolvedB = ResolvedOnDisk(normalB);
+    return resolvedA && resolvedB && *resolvedA == *resolvedB;
 }
 
 bool IngestUtils::WarnUserForExistPath(const Fnd::WString& source, const Fnd::WString& target,

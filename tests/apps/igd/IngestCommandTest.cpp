@@ -206,6 +206,7 @@ TEST_F(IgdIngestCommandTest, AFolderOfCardsIsOpenedLikeACardReader) {
 
 TEST_F(IgdIngestCommandTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
     MakeCard();
+    tree.MakeFolder("main");
     struct Case {
         std::vector<std::string> options;
         std::string box;
@@ -278,6 +279,7 @@ TEST_F(IgdIngestCommandTest, BadInputEndsInOneLineNamingThePathAndCopiesNothing)
         << full.err;
     EXPECT_EQ(std::count(full.err.begin(), full.err.end(), '\n'), 1);
 
+    tree.MakeFolder("main");
     const Ran unwritable = RunIgd({"ingest", Native("card"), "--to", Native("main"), "--to", readOnly});
     EXPECT_EQ(unwritable.exitCode, 1);
     EXPECT_EQ(unwritable.err, "Destination path is not writable: The specified destination path " + readOnly +

@@ -47,6 +47,15 @@ protected:
         return Fnd::ToUTF8(box.title + u": " + box.text);
     }
 
+    // Selects the folder "card" and copies to a link to target.
+    IGD::IngestDestinationRef AddLinkedCopyDestination(std::string_view link, std::string_view target) {
+        tree.MakeFile("src/card/A002.MOV");
+        AddFolder(*session_, "card", {"card/A002.MOV"});
+        auto destination = AddCopyDestination("p");
+        destination->SetDestinationPath(tree.MakeSymlink(link, target));
+        return destination;
+    }
+
     // A fresh session holding only the folder "card", whose content is a sub-folder.
     void OnlyAFolderOfFolders() {
         session_ = NewSession();
@@ -142,6 +151,22 @@ TEST_F(PreflightChainTest, EachRefusalIsTheEarliestFailingStepInItsOwnWords) {
              tree.NativePath("src/card/out") +
              ". Cannot transfer to the sub-folder of the source "
              "folder."},
+        {"a copy through a link to the source folder",
+         [this] { AddCopyDestination("p")->SetDestinationPath(tree.MakeSymlink("src-link", "src")); },
+         "Transfer Error: The destination folder path " + tree.NativePath("src-link") +
+             " is the same as the source folder. Cannot transfer to the source folder."},
+        {"a copy through a link to a selected folder",
+         [this] { AddLinkedCopyDestination("card-link", "src/card"); },
+         "Transfer Error: The destination folder path " + tree.NativePath("card-link") +
+             " is the same as the source folder. Cannot transfer to the source folder."},
+        {"a sub-folder still to be made behind a link into a selected folder",
+         [this] {
+             tree.MakeFolder("src/card/deeper");
+             AddLinkedCopyDestination("deeper-link", "src/card/deeper")->SetSubFolder(u"day1");
+         },
+         "Transfer Error: The source folder path " + tree.NativePath("src/card") +
+             " contains the destination folder " + tree.NativePath("deeper-link/day1") +
+             ". Cannot transfer to the sub-folder of the source folder."},
         {"folders holding only folders",
          [this] {
              OnlyAFolderOfFolders();
@@ -218,7 +243,8 @@ TEST_F(PreflightChainTest, SubFolderNamesAreTrimmedOrRefusedAsTyped) {
         bool passes;
         const char* stored; // after the chain
     } cases[] = {{"\t day1  ", true, "day1"}, {"Day 1", true, "Day 1"}, {"day1/cam", false, "day1/cam"},
-                 {" bad|name ", false, " bad|name "}};
+                 {" bad|name ", false, " bad|name "}, {"..", false, ".."}, {" . ", false, " . "},
+                 {"...", true, "..."}, {"day1/../..", false, "day1/../.."}};
     for (const auto& row : cases) {
         SCOPED_TRACE(row.typed);
         session_ = SessionWithClips({"A001.MOV"});

@@ -150,5 +150,42 @@ TEST_F(IngestRequestTest, TheStartNumberMovesByItemsOrByOneForALoneStitch) {
     }
 }
 
+// The stored counter holds 32 bits: numbers past its top would wrap round to the day's first
+// numbers at the next ingest, so such a request stops before anything is named or copied.
+TEST_F(IngestRequestTest, ACounterThatWouldPassItsTopIsRefusedAndOneThatFitsMovesToTheTop) {
+    const struct {
+        std::uint32_t start, firstCounter;
+        bool fits;
+    } cases[] = {{4294967292u, 1, true}, {4294967293u, 1, false}, {4294967290u, 4, false},
+                 {4294967295u, 1, false}, {0, 1, true}};
+    for (const auto& row : cases) {
+        SCOPED_TRACE(std::to_string(row.start) + " from counter " + std::to_string(row.firstCounter));
+        settings.SetUserDefAutoIncStartNumber(row.start);
+        auto session = SessionWithClips({"A.MOV", "B.MOV", "C.MOV"});
+        UseRenameTemplate(*session, {QL::kQLFieldUserDefinedAutoIncrement});
+        AddDestination(*session, "d", true)->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
+        const std::size_t boxes = ui->Boxes().size();
+        if (!row.fits)
+            ui->QueueBoxAnswer(0);
+        EXPECT_EQ(Check(*session, row.firstCounter), row.fits);
+        if (row.fits) {
+            EXPECT_EQ(ui->Boxes().size(), boxes);
+            IGD::AdvanceRenameCounter(*session);
+            EXPECT_EQ(settings.GetUserDefAutoIncStartNumber(), row.start == 0 ? 4u : 4294967295u);
+            continue;
+        }
+        ASSERT_EQ(ui->Boxes().size(), boxes + 1);
+        EXPECT_EQ(Fnd::ToUTF8(ui->Boxes().back().text),
+                  "The counter starts at " + std::to_string(row.start) +
+                      " and would pass 4294967295, the largest number it can hold. Please set a lower start "
+                      "number.");
+        EXPECT_EQ(OutputNames(*session), (Strings{"", "", ""})) << "nothing named";
+        EXPECT_EQ(settings.GetUserDefAutoIncStartNumber(), row.start);
+        if (row.firstCounter == 1) {
+            EXPECT_THROW(IGD::AdvanceRenameCounter(*session), std::overflow_error) << "never wraps unchecked";
+        }
+    }
+}
+
 } // namespace
 } // namespace igd::test

@@ -20,28 +20,60 @@ TEST(UTF8Conversion, RoundTripsEveryPlaneWithSurrogatePairsOutsideTheBMP) {
     EXPECT_EQ(ToUTF8(u"\xD83C\xDFAC"), "\xF0\x9F\x8E\xAC"); // U+1F3AC
 }
 
-TEST(UTF8Conversion, InvalidBytesBecomeReplacementCharacters) {
+// Names on disk are bytes: whatever they hold must reach the same file again.
+TEST(UTF8Conversion, BytesThatAreNoCharacterAreKeptAndComeBackExactly) {
     struct Case {
-        std::string utf8;
+        std::string bytes;
         WString expected;
     };
-    // Stray continuation bytes, sequences cut short at the end or before an ASCII byte, overlong forms
-    // (an overlong "/" must not sneak through), encoded surrogates and values above U+10FFFF.
+    // Latin-1, stray continuation bytes, sequences cut short at the end or before an ASCII byte or
+    // before a good character, overlong forms (an overlong "/" must not sneak through), encoded
+    // surrogates (which must not pass for kept bytes) and values above U+10FFFF.
     for (const Case& c :
-         {Case{"\xFF", u"\xFFFD"}, Case{"a\x80z", u"a\xFFFDz"}, Case{"\xE2\x82", u"\xFFFD"},
-          Case{"\xE2\x82z", u"\xFFFDz"}, Case{"\xC0\xAF", u"\xFFFD\xFFFD"},
-          Case{"\xE0\x80\xAF", u"\xFFFD\xFFFD\xFFFD"}, Case{"\xED\xA0\x80", u"\xFFFD\xFFFD\xFFFD"},
-          Case{"\xF4\x90\x80\x80", u"\xFFFD\xFFFD\xFFFD\xFFFD"}, Case{"\xC3\xA9\xC3", u"\xE9\xFFFD"}}) {
-        SCOPED_TRACE(c.utf8);
-        EXPECT_EQ(FromUTF8(c.utf8), c.expected);
+         {Case{"\xFF", u"\xDCFF"}, Case{"\xE9t\xE9.mov", u"\xDCE9t\xDCE9.mov"}, Case{"a\x80z", u"a\xDC80z"},
+          Case{"\xE2\x82", u"\xDCE2\xDC82"}, Case{"\xE2\x82z", u"\xDCE2\xDC82z"},
+          Case{"\xE2\xC3\xA9", u"\xDCE2\xE9"}, Case{"\xC0\xAF", u"\xDCC0\xDCAF"},
+          Case{"\xED\xB3\xBF", u"\xDCED\xDCB3\xDCBF"}, Case{"\xF4\x90\x80\x80", u"\xDCF4\xDC90\xDC80\xDC80"},
+          Case{"\xC3\xA9\xC3", u"\xE9\xDCC3"}}) {
+        SCOPED_TRACE(c.bytes);
+        EXPECT_EQ(FromUTF8(c.bytes), c.expected);
+        EXPECT_EQ(ToUTF8(FromUTF8(c.bytes)), c.bytes);
     }
+    // Every byte alone and after each other byte, so no pair of bytes is lost or merged.
+    for (int first = 0; first < 256; ++first)
+        for (int second = 0x80; second < 256; ++second) {
+            const std::string bytes{static_cast<char>(first), static_cast<char>(second), 'x'};
+            ASSERT_EQ(ToUTF8(FromUTF8(bytes)), bytes) << first << " " << second;
+        }
 }
 
-TEST(UTF8Conversion, UnpairedSurrogatesBecomeReplacementCharacters) {
+TEST(UTF8Conversion, SurrogatesThatHoldNoByteBecomeReplacementCharacters) {
     const std::string replacement = "\xEF\xBF\xBD";
     EXPECT_EQ(ToUTF8(u"\xD800"), replacement);
     EXPECT_EQ(ToUTF8(u"\xDC00x"), replacement + "x");
+    EXPECT_EQ(ToUTF8(u"\xDD00"), replacement);
     EXPECT_EQ(ToUTF8(u"\xD800\xD800\xDC00"), replacement + "\xF0\x90\x80\x80");
+    // A kept byte after a real pair is still the byte.
+    EXPECT_EQ(ToUTF8(u"\xD83C\xDFAC\xDCFF"), "\xF0\x9F\x8E\xAC\xFF");
+}
+
+// Shown or written into a text format, the same names are well-formed and say which byte they hold.
+TEST(UTF8Conversion, ValidAndDisplayTextEscapeKeptBytesAndDisplayEscapesControls) {
+    struct Case {
+        std::string bytes, valid, display;
+    };
+    for (const Case& c : {Case{"bad\xFF.mov", "bad\\xff.mov", "bad\\xff.mov"},
+                          Case{"\xE9t\xE9.mov", "\\xe9t\\xe9.mov", "\\xe9t\\xe9.mov"},
+                          Case{"Caf\xC3\xA9 \xF0\x9F\x8E\xAC", "Caf\xC3\xA9 \xF0\x9F\x8E\xAC", "Caf\xC3\xA9 \xF0\x9F\x8E\xAC"},
+                          Case{"two\nlines\r\t.mov", "two\nlines\r\t.mov", "two\\nlines\\r\\t.mov"},
+                          Case{"bell\a\x1b\x7f", "bell\a\x1b\x7f", "bell\\x07\\x1b\\x7f"},
+                          Case{"-rf.mov", "-rf.mov", "-rf.mov"}}) {
+        SCOPED_TRACE(c.bytes);
+        const WString wide = FromUTF8(c.bytes);
+        EXPECT_EQ(Fnd::ToValidUTF8(wide), c.valid);
+        EXPECT_EQ(Fnd::ToDisplayUTF8(wide), c.display);
+    }
+    EXPECT_EQ(Fnd::ToDisplayUTF8(u"\xD800x"), "\xEF\xBF\xBDx");
 }
 
 TEST(WideStringHelpers, CaseFoldingAndTrim) {

@@ -76,9 +76,19 @@ TEST_F(IngestUtilsOnDisk, ReadOnlyFolderIsNotWritable) {
     EXPECT_EQ(failing, tree.Path("folder"));
 }
 
-TEST_F(IngestUtilsOnDisk, FolderContainSeesThroughLinksIntoTheFolder) {
+TEST_F(IngestUtilsOnDisk, FolderContainAndSameFolderSeeThroughLinks) {
     EXPECT_TRUE(IngestUtils::FolderContain(tree.Path("folder"), tree.Path("link-to-folder/sub"), true));
     EXPECT_FALSE(IngestUtils::FolderContain(tree.Path("folder/sub"), tree.Path("link-to-folder"), true));
+    // A destination still to be made behind a link lands where the link leads.
+    EXPECT_TRUE(IngestUtils::FolderContain(tree.Path("folder"), tree.Path("link-to-folder/new/day1"), true));
+    EXPECT_FALSE(IngestUtils::FolderContain(tree.Path("folder/sub"), tree.Path("link-to-folder/new"), true));
+
+    EXPECT_TRUE(IngestUtils::SameFolder(tree.Path("folder"), tree.Path("link-to-folder")));
+    EXPECT_TRUE(IngestUtils::SameFolder(tree.Path("link-to-folder"), tree.Path("folder/sub/..")));
+    EXPECT_TRUE(IngestUtils::SameFolder(tree.Path("folder/new"), tree.Path("link-to-folder/new")));
+    EXPECT_FALSE(IngestUtils::SameFolder(tree.Path("folder"), tree.Path("folder/sub")));
+    EXPECT_FALSE(IngestUtils::SameFolder(tree.Path("folder/new"), tree.Path("folder/other")));
+    EXPECT_FALSE(IngestUtils::SameFolder(tree.Path("folder"), u""));
 }
 
 TEST_F(IngestUtilsOnDisk, IsLinkFileOnlyForSymbolicLinksDanglingOrNot) {

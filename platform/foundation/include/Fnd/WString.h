@@ -11,12 +11,22 @@ using WChar = char16_t;
 using WString = std::u16string;
 using WStringView = std::u16string_view;
 
-// Invalid sequences become U+FFFD rather than failing: a file name from disk must always be
-// representable, even when it is not valid UTF-8.
+// Names on Linux are bytes, not always UTF-8: each byte that is no part of a well-formed
+// character becomes the lone surrogate U+DC80 to U+DCFF and ToUTF8 gives the byte back, so a name
+// read from disk or the command line reaches the same file again. Such text is for the operating
+// system and byte stores; where it is shown or written into a text format, use ToValidUTF8 or
+// ToDisplayUTF8.
 WString FromUTF8(std::string_view utf8);
 std::string ToUTF8(WStringView wide);
 // The same into a buffer whose capacity is reused, for conversions on hot paths.
 void ToUTF8(WStringView wide, std::string& out);
+
+// Well-formed UTF-8 for text formats (XML, JSON, logs): a kept byte is written as the four
+// characters \xNN; any other unpaired surrogate as U+FFFD.
+std::string ToValidUTF8(WStringView wide);
+// The same for a name shown to a person on one line: control characters are escaped as well, as
+// \n, \r, \t or \xNN, so a name can neither break a line of a report nor pass for two.
+std::string ToDisplayUTF8(WStringView wide);
 
 // ASCII-only text to wide, for literals and numbers.
 WString FromASCII(std::string_view ascii);

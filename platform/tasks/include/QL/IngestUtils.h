@@ -27,7 +27,10 @@ public:
     // count as the same.
     static bool NoDuplicatedPaths(const std::vector<Fnd::WString>& paths, Fnd::WString& failingPath);
     // True if path lies strictly inside folder; with recursive false only as a direct child.
+    // Links are seen through, also where the end of path is still to be made.
     static bool FolderContain(const Fnd::WString& folder, const Fnd::WString& path, bool recursive);
+    // True if both name one folder: by their names, or on disk through links or mounts.
+    static bool SameFolder(const Fnd::WString& a, const Fnd::WString& b);
     // Asks what to do about an existing target, through the interaction driver. False: the user
     // gave up. applyToAll 1: the answer holds for the rest of the batch. allowApplyToAll offers
     // the apply-to-all box; onlyInCopyList says the target is not on disk yet but queued;

@@ -66,7 +66,7 @@ Xmp::MetaPtr LoadSidecar(const std::string& path) {
 }
 
 void WriteSet(_Xmp* xmp, const MetadataFieldSet& set, bool storeEmpty, const std::string& path) {
-    const std::string namespaceURI = Fnd::ToUTF8(set.schemaNamespace);
+    const std::string namespaceURI = Fnd::ToValidUTF8(set.schemaNamespace);
     if (namespaceURI.empty())
         Fail(path, "a metadata set of \"" + Fnd::ToUTF8(set.presetName) + "\" has no schema namespace");
     // The toolkit answers false also when it keeps a prefix other than the one suggested, so
@@ -79,7 +79,8 @@ void WriteSet(_Xmp* xmp, const MetadataFieldSet& set, bool storeEmpty, const std
     for (const auto& [key, text] : set.values) {
         if (text.empty() && !storeEmpty)
             continue;
-        Fnd::ToUTF8(text, value);
+        // XMP is XML: a byte kept from a name that is no UTF-8 is written as the text \xNN.
+        value = Fnd::ToValidUTF8(text);
         const std::string name = XmpPropertyNameFor(key);
         if (!xmp_set_property(xmp, namespaceURI.c_str(), name.c_str(), value.c_str(), 0))
             Fail(path,
@@ -95,7 +96,7 @@ void WriteKeywords(_Xmp* xmp, const std::set<Fnd::WString>& keywords, const std:
          ++index)
         present.insert(Xmp::ToStdString(item));
     for (const Fnd::WString& keyword : keywords) {
-        const std::string text = Fnd::ToUTF8(keyword);
+        const std::string text = Fnd::ToValidUTF8(keyword);
         if (text.empty() || !present.insert(text).second)
             continue;
         if (!xmp_append_array_item(xmp, kDublinCore, "subject", XMP_PROP_ARRAY_IS_UNORDERED, text.c_str(), 0))

@@ -73,6 +73,21 @@ TEST_F(XmpSidecar, WritesEverySetKeywordsAndReadsThemBack) {
     EXPECT_EQ(packet.find("<rdf:li></rdf:li>"), std::string::npos) << "no empty keyword";
 }
 
+// A value taken from a file name may hold bytes that are no UTF-8; XML may not.
+TEST_F(XmpSidecar, BytesKeptFromNamesAreWrittenAsEscapesInWellFormedUTF8) {
+    QL::IngestCustomData data;
+    data.metadataSets.push_back(
+        FieldSet(kShoot, u"Shoot Day", {{u"clip", Fnd::FromUTF8("bad\xFF.mov")}, {u"note", u"two\nlines"}}));
+    data.minimumMetadata.keywords = {Fnd::FromUTF8("\xE9t\xE9")};
+    WriteXmpSidecar(Sidecar(), data);
+
+    EXPECT_EQ(Read(kShoot, u"clip"), u"bad\\xff.mov");
+    EXPECT_EQ(Read(kShoot, u"note"), u"two\nlines");
+    const std::string packet = ReadFileBytes(Sidecar());
+    EXPECT_EQ(Fnd::ToValidUTF8(Fnd::FromUTF8(packet)), packet) << "well-formed UTF-8";
+    EXPECT_NE(packet.find("<rdf:li>\\xe9t\\xe9</rdf:li>"), std::string::npos) << packet;
+}
+
 TEST_F(XmpSidecar, MergesIntoAnExistingSidecarKeepingWhatItHolds) {
     tree_.MakeFile("A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF "
                                "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
