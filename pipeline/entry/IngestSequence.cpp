@@ -9,6 +9,7 @@
 #include "pipeline/entry/IngestRequest.h"
 #include "pipeline/entry/AdvanceRenameCounter.h"
 #include "pipeline/plan/IngestPlan.h"
+#include "pipeline/plan/TargetsOfIngest.h"
 #include "settings/IngestSettingsController.h"
 #include "Proj/PreferenceAccess.h"
 #include "settings/SettingKeys.h"
@@ -100,9 +101,13 @@ bool CheckIngestSessions(const std::vector<IngestDialogDataRef>& sessions, Fnd::
 
 bool CompleteIngestSessions(const std::vector<IngestDialogDataRef>& sessions,
                             const QL::MinimumMetadataResult& minimumMetadata) {
-    for (const IngestDialogDataRef& session : sessions)
-        if (!CompleteIngestRequest(*session, minimumMetadata))
-            return false;
+    {
+        // Files of different sessions may meet at one target too.
+        const TargetsOfIngest targets;
+        for (const IngestDialogDataRef& session : sessions)
+            if (!CompleteIngestRequest(*session, minimumMetadata))
+                return false;
+    }
     for (const IngestDialogDataRef& session : sessions)
         AdvanceRenameCounter(*session);
     if (!sessions.empty() && sessions.front()->IsRenameEnabled())

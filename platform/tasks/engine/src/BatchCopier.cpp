@@ -78,7 +78,9 @@ void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>&
             Finish(folder, std::move(outcomes));
             continue;
         }
-        FinishInOrder(copies, begun, /*wait=*/false);
+        // Two files of the batch with one target (kept both) also share its temporary name: the
+        // later one starts once the earlier is settled, so the first keeps the name in plan order.
+        FinishInOrder(copies, begun, /*wait=*/SharesTargetInFlight(groups[i], begun));
         begun.push_back(Begin(groups[i], sources[i]));
         const std::uint64_t progressFile = begun.back().progressFile;
         copies.Start(
@@ -99,6 +101,15 @@ void BatchCopier::FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun
         Finish(begun.front(), copies.TakeOldest());
         begun.pop_front();
     }
+}
+
+bool BatchCopier::SharesTargetInFlight(const SourceGroup& group, const std::deque<Begun>& begun) const {
+    for (const Begun& copy : begun)
+        for (const FileRecord* inFlight : copy.files)
+            for (std::size_t index : group.files)
+                if (run_.files[index].target == inFlight->target)
+                    return true;
+    return false;
 }
 
 BatchCopier::Begun BatchCopier::Begin(const SourceGroup& group, const GroupSource& source) {

@@ -43,6 +43,7 @@ private:
     };
 
     Begun Begin(const SourceGroup& group, const GroupSource& source);
+    bool SharesTargetInFlight(const SourceGroup& group, const std::deque<Begun>& begun) const;
     void Finish(Begun& begun, std::vector<CopyOutcome> outcomes);
     // Settles the copies in flight from the oldest on: all of them with wait, else those finished.
     void FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun, bool wait);
