@@ -199,4 +199,8 @@ bool FileCopier::IsTemporaryName(const std::string& fileName) {
     return IsTemporaryFileName(fileName);
 }
 
+bool FileCopier::IsTemporaryNameFor(const std::string& fileName, const std::string& finalName) {
+    return IsTemporaryFileNameFor(fileName, finalName);
+}
+
 } // namespace QL::Engine
