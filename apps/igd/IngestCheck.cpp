@@ -1,8 +1,12 @@
 #include "IngestCheck.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
 #include <system_error>
 
-#include "Fnd/IgdHome.h"
 #include "Fnd/PathUtils.h"
 #include "QL/IngestUtils.h"
 
@@ -13,10 +17,31 @@ std::string U(const Fnd::WString& text) {
     return Fnd::ToUTF8(text);
 }
 
+// Makes the folder and its missing parents, each recorded as it is made.
+void MakeFolders(const std::string& folder, std::vector<std::string>& made) {
+    std::vector<std::string> missing;
+    struct stat info {};
+    for (std::string path = folder; !path.empty() && path != "/" && ::stat(path.c_str(), &info) != 0;
+         path = Fnd::PathUtils::FolderOf(path))
+        missing.push_back(path);
+    std::reverse(missing.begin(), missing.end());
+    for (const std::string& path : missing) {
+        if (::mkdir(path.c_str(), 0777) != 0 && errno != EEXIST)
+            throw std::system_error(errno, std::generic_category(), path);
+        made.push_back(path);
+    }
+}
+
 } // namespace
 
+void RemoveMadeFolders(const std::vector<std::string>& made) {
+    // Deepest first; a folder something was put into meanwhile stays.
+    for (auto it = made.rbegin(); it != made.rend(); ++it)
+        ::rmdir(it->c_str());
+}
+
 std::string CheckIngestInput(const std::vector<Fnd::WString>& sources,
-                             const std::vector<Fnd::WString>& destinations) {
+                             const std::vector<Fnd::WString>& destinations, std::vector<std::string>& made) {
     for (const Fnd::WString& source : sources)
         if (!Fnd::PathUtils::ExistsOnDisk(source, false))
             return "no such file or folder: " + U(source);
@@ -34,7 +59,7 @@ std::string CheckIngestInput(const std::vector<Fnd::WString>& sources,
         if (Fnd::PathUtils::ExistsOnDisk(destination, false))
             continue;
         try {
-            Fnd::EnsureDirectory(U(destination));
+            MakeFolders(U(destination), made);
         } catch (const std::system_error& error) {
             return "cannot create the destination " + U(destination) + ": " + error.code().message();
         }

@@ -8,10 +8,14 @@ namespace igd {
 
 // Checks what `igd ingest` was given before anything is submitted, so that bad input ends in one
 // line that names the path rather than in half a batch: missing sources, and destinations that
-// could only be made or written inside a source. Missing destination folders are then made. Space,
-// writability and the rest are left to the pre-flight chain, which tells them as the dialog does.
-// Answers the error, empty when all is well.
+// could only be made or written inside a source. Missing destination folders are then made, each
+// added to made, so that the pre-flight chain finds them; should it refuse, RemoveMadeFolders takes
+// them away again. Space, writability and the rest are left to that chain, which tells them as the
+// dialog does. Answers the error, empty when all is well.
 std::string CheckIngestInput(const std::vector<Fnd::WString>& sources,
-                             const std::vector<Fnd::WString>& destinations);
+                             const std::vector<Fnd::WString>& destinations, std::vector<std::string>& made);
+
+// Removes the folders CheckIngestInput made, those still empty: a refused ingest leaves no trace.
+void RemoveMadeFolders(const std::vector<std::string>& made);
 
 } // namespace igd

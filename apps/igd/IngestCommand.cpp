@@ -105,7 +105,9 @@ int RunIngest(const IngestOptions& options) {
         std::cerr << "igd: " << error << "\n";
         return kExitBadInput;
     }
-    if (const std::string error = CheckIngestInput(sources, choices.destinations); !error.empty()) {
+    std::vector<std::string> madeFolders;
+    if (const std::string error = CheckIngestInput(sources, choices.destinations, madeFolders); !error.empty()) {
+        RemoveMadeFolders(madeFolders);
         std::cerr << "igd: " << error << "\n";
         return kExitBadInput;
     }
@@ -121,8 +123,10 @@ int RunIngest(const IngestOptions& options) {
     if (sessions.empty())
         sessions.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
     IGD::ApplyIngestChoices(sessions, choices);
-    if (!IGD::CheckIngestSessions(sessions, Fnd::Date::Now()) || !IGD::CompleteIngestSessions(sessions))
+    if (!IGD::CheckIngestSessions(sessions, Fnd::Date::Now()) || !IGD::CompleteIngestSessions(sessions)) {
+        RemoveMadeFolders(madeFolders);
         return kExitFailure;
+    }
     return RunTaskService(run, [&](QL::Engine::TaskService&) {
         IGD::StartIngestSessions(sessions, fluxcore::utility::Guid::CreateUnique());
         return kExitSuccess;

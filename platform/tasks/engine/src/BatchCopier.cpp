@@ -146,7 +146,7 @@ void BatchCopier::Finish(Begun& begun, std::vector<CopyOutcome> outcomes) {
     std::vector<const FileRecord*> journalled;
     std::vector<FileStatus> statuses;
     for (std::size_t i = 0; i < begun.files.size(); ++i) {
-        statuses.push_back(Settle(*begun.files[i], outcomes[i]));
+        statuses.push_back(Settle(*begun.files[i], outcomes[i], begun.isFolder));
         journalled.push_back(begun.files[i]);
     }
     // On record before it is reported: a host that stops on an outcome finds it in the journal.
@@ -174,7 +174,7 @@ void BatchCopier::CancelRest(const std::vector<SourceGroup>& groups, std::size_t
     }
 }
 
-FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome) {
+FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome, bool isFolder) {
     file.temporary.clear();
     FileStatus status = FileStatus::Failed;
     switch (outcome.status) {
@@ -185,7 +185,7 @@ FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome) {
         file.size = SizeOnDisk(file.finalPath, outcome.bytes);
         file.reason.clear();
         status = FileStatus::Copied;
-        ++counters_.filesCopied;
+        counters_.filesCopied += isFolder ? 0 : 1;
         break;
     case CopyStatus::Skipped:
         file.state = FileState::Skipped;
@@ -193,7 +193,7 @@ FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome) {
         file.size = SizeOnDisk(file.finalPath, 0);
         file.reason.clear();
         status = FileStatus::Skipped;
-        ++counters_.filesSkipped;
+        counters_.filesSkipped += isFolder ? 0 : 1;
         break;
     case CopyStatus::Failed:
         file.state = FileState::Failed;

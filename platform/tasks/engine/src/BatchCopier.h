@@ -48,8 +48,9 @@ private:
     // Settles the copies in flight from the oldest on: all of them with wait, else those finished.
     void FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun, bool wait);
     void CancelRest(const std::vector<SourceGroup>& groups, std::size_t from);
-    // Records the outcome in the file's record and answers the status to report.
-    FileStatus Settle(FileRecord& file, const CopyOutcome& outcome);
+    // Records the outcome in the file's record and answers the status to report. A folder made or
+    // merged into is no file copied or skipped; one that failed is a failure all the same.
+    FileStatus Settle(FileRecord& file, const CopyOutcome& outcome, bool isFolder);
 
     BatchRun& run_;
     RunJournal& journal_;
