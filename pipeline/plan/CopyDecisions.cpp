@@ -22,12 +22,12 @@ namespace {
 // that replacing it would lose that file: both are kept. Folders meeting merge, as on the disk.
 template <class SourcePath>
 bool DecidePathCopyFrom(const SourcePath& sourcePath, const Fnd::WString& target, std::int32_t& action,
-                        std::int32_t& applyToAll, TargetsOfIngest& targets) {
+                        std::int32_t& applyToAll, TargetsOfIngest& targets, const void* owner) {
     const bool exists = Fnd::PathUtils::ExistsOnDisk(target, false);
-    const bool claimed = targets.Claimed(target);
+    const bool claimed = targets.ClaimedByOther(target, owner);
     if (!exists && !claimed && !QL::IngestTask::TaskScheduler::IsPathInCopyList(target)) {
         action = QL::kCopyActionNone;
-        targets.Claim(target);
+        targets.Claim(target, owner);
         return true;
     }
     if (claimed && !exists && Fnd::PathUtils::IsDirectory(sourcePath())) {
@@ -49,7 +49,7 @@ bool DecidePathCopyFrom(const SourcePath& sourcePath, const Fnd::WString& target
     if (claimed && action == QL::kCopyActionReplace)
         action = QL::kCopyActionKeepBoth;
     if (action != QL::kCopyActionSkip)
-        targets.Claim(target);
+        targets.Claim(target, owner);
     return true;
 }
 
@@ -79,7 +79,8 @@ bool AskForEachPath(const SelectedItem& item, const NormalizedRoot& sourceRoot,
                     const NormalizedRoot& targetFolder, const Fnd::WString& target, CopyActionMap& actions,
                     std::int32_t& applyToAll, TargetsOfIngest& targets) {
     std::int32_t action = QL::kCopyActionNone;
-    if (!DecidePathCopyFrom([&] { return sourceRoot.ItemPath(item); }, target, action, applyToAll, targets))
+    if (!DecidePathCopyFrom([&] { return sourceRoot.ItemPath(item); }, target, action, applyToAll, targets,
+                            &item))
         return false;
     SetAction(actions, item.GetItemPath(), action);
 
@@ -91,7 +92,7 @@ bool AskForEachPath(const SelectedItem& item, const NormalizedRoot& sourceRoot,
         }
         std::int32_t extraAction = QL::kCopyActionNone;
         if (!DecidePathCopyFrom([&] { return sourceRoot.Join(extra); }, targetFolder.Join(extra), extraAction,
-                                applyToAll, targets))
+                                applyToAll, targets, &item))
             return false;
         SetAction(actions, extra, extraAction);
     }
@@ -166,7 +167,7 @@ bool DecideItemCopy(SelectedItem& item, const Fnd::WString& sourceRoot, IngestDe
 bool DecidePathCopy(const Fnd::WString& source, const Fnd::WString& target, std::int32_t& action,
                     std::int32_t& applyToAll) {
     TargetsOfIngest targets;
-    return DecidePathCopyFrom([&source] { return source; }, target, action, applyToAll, targets);
+    return DecidePathCopyFrom([&source] { return source; }, target, action, applyToAll, targets, nullptr);
 }
 
 bool DecideSessionCopies(IIngestDialogData& session) {

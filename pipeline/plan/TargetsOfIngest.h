@@ -1,5 +1,5 @@
 #pragma once
-#include <unordered_set>
+#include <unordered_map>
 
 #include "Fnd/WString.h"
 
@@ -16,12 +16,18 @@ public:
     TargetsOfIngest(const TargetsOfIngest&) = delete;
     TargetsOfIngest& operator=(const TargetsOfIngest&) = delete;
 
-    bool Claimed(const Fnd::WString& target) const { return shared_->contains(target); }
-    void Claim(const Fnd::WString& target) { shared_->insert(target); }
+    // Whether another item than owner will write the target: an item that names its own file
+    // twice (a clip's file is among its extra paths too) meets no one.
+    bool ClaimedByOther(const Fnd::WString& target, const void* owner) const {
+        const auto found = shared_->find(target);
+        return found != shared_->end() && found->second != owner;
+    }
+    void Claim(const Fnd::WString& target, const void* owner) { shared_->emplace(target, owner); }
 
 private:
-    std::unordered_set<Fnd::WString> own_;
-    std::unordered_set<Fnd::WString>* shared_;
+    using Claims = std::unordered_map<Fnd::WString, const void*>;
+    Claims own_;
+    Claims* shared_;
     TargetsOfIngest* outer_;
 };
 
