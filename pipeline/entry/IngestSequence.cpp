@@ -6,6 +6,7 @@
 #include "Fnd/StationUtils.h"
 #include "QL/IngestMessages.h"
 #include "QL/TranscodeSetting.h"
+#include "pipeline/entry/ResolvedDestination.h"
 #include "pipeline/entry/IngestRequest.h"
 #include "pipeline/entry/AdvanceRenameCounter.h"
 #include "pipeline/plan/IngestPlan.h"
@@ -43,7 +44,7 @@ void ApplyToSession(IIngestDialogData& session, const IngestChoices& choices) {
     session.SetImportOnly(choices.destinations.empty());
     for (std::size_t i = 0; i < choices.destinations.size(); ++i) {
         IngestDestinationRef destination(new IngestDestination);
-        destination->SetDestinationPath(choices.destinations[i]);
+        destination->SetDestinationPath(ResolvedDestination(choices.destinations[i]));
         destination->SetSubFolder(choices.subFolder);
         destination->SetPrimary(i == 0);
         destination->SetEnabled(true);

@@ -1,3 +1,4 @@
+#include "LinkedFolder.h"
 #include "TargetCopy.h"
 
 #include <fcntl.h>
@@ -41,6 +42,10 @@ TargetCopy::~TargetCopy() {
 }
 
 bool TargetCopy::Prepare() {
+    if (FolderPathHasLink(Fnd::PathUtils::FolderOf(target_.path))) {
+        Fail(kLinkedFolderReason);
+        return false;
+    }
     std::error_code folderError;
     std::filesystem::create_directories(Fnd::PathUtils::FolderOf(target_.path), folderError);
     if (folderError) {
