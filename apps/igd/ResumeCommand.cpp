@@ -1,13 +1,11 @@
 #include "ResumeCommand.h"
 
 #include <iostream>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "ExitCodes.h"
-#include "QL/Engine/DestinationLocks.h"
 #include "QL/Engine/Journal.h"
 #include "ServiceRunner.h"
 
@@ -20,25 +18,6 @@ struct ResumeOptions {
     std::string batch;
     bool json = false;
 };
-
-// The folder each task of the batches writes to.
-QL::Engine::DestinationLocks LockFoldersOf(QL::Engine::Journal& journal,
-                                           const std::vector<fluxcore::utility::Guid>& batches) {
-    std::vector<std::string> folders;
-    for (const fluxcore::utility::Guid& batch : batches) {
-        const std::optional<QL::Engine::JournalBatch> loaded = journal.LoadBatch(batch);
-        if (!loaded)
-            continue;
-        std::map<std::int64_t, std::vector<std::string>> targetsOfTask;
-        for (const QL::Engine::FileRecord& file : loaded->files)
-            targetsOfTask[file.task].push_back(Fnd::ToUTF8(file.target));
-        for (const auto& [task, targets] : targetsOfTask)
-            folders.push_back(QL::Engine::DestinationLocks::CommonFolder(targets));
-    }
-    return QL::Engine::DestinationLocks::Take(folders, [](const std::string& busy) {
-        std::cerr << "igd: another igd is writing to " << busy << "; waiting for it to finish\n";
-    });
-}
 
 int RunResume(const ResumeOptions& options) {
     std::optional<fluxcore::utility::Guid> named;
@@ -61,11 +40,11 @@ int RunResume(const ResumeOptions& options) {
                  service.GetJournal().Batches(QL::Engine::BatchState::Running))
                 batches.push_back(summary.batch);
         }
-        // Held until the service has run: no ingest plans against a batch half resumed.
-        const QL::Engine::DestinationLocks locks = LockFoldersOf(service.GetJournal(), batches);
         int queued = 0;
         for (const fluxcore::utility::Guid& batch : batches) {
-            switch (service.Resume(batch)) {
+            switch (service.Resume(batch, [](const std::string& busy) {
+                std::cerr << "igd: another igd is writing to " << busy << "; waiting for it to finish\n";
+            })) {
             case TaskService::ResumeResult::Queued:
                 ++queued;
                 break;

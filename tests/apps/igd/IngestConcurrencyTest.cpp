@@ -4,6 +4,8 @@
 #include <signal.h>
 
 #include <filesystem>
+#include <future>
+#include <utility>
 #include <string>
 #include <vector>
 
@@ -39,6 +41,13 @@ Finished Finish(IgdProcess& process) {
     return done;
 }
 
+// Both read at once: the one that waits for the other must not wait for a reader as well.
+std::pair<Finished, Finished> FinishBoth(IgdProcess& first, IgdProcess& second) {
+    std::future<Finished> one = std::async(std::launch::async, [&first] { return Finish(first); });
+    Finished two = Finish(second);
+    return {one.get(), std::move(two)};
+}
+
 class IgdConcurrencyTest : public IgdCommandTest {
 protected:
     void MakeShoot(const std::string& folder) {
@@ -67,16 +76,16 @@ TEST_F(IgdConcurrencyTest, TwoIngestsIntoOneDestinationTakeTurns) {
                                           "skip", "--json"};
     IgdProcess first(ingest);
     IgdProcess second(ingest);
-    const Finished one = Finish(first);
-    const Finished two = Finish(second);
+    const auto [one, two] = FinishBoth(first, second);
     EXPECT_EQ(one.exitCode, 0) << one.err;
     EXPECT_EQ(two.exitCode, 0) << two.err;
     // One wrote everything, the other found it written: nothing failed for meeting the other.
     EXPECT_EQ(std::stoi(JsonNumber(one.out, "filesCopied")) + std::stoi(JsonNumber(two.out, "filesCopied")), kFiles);
     EXPECT_EQ(std::stoi(JsonNumber(one.out, "filesSkipped")) + std::stoi(JsonNumber(two.out, "filesSkipped")), kFiles);
     for (const std::string& err : {one.err, two.err}) {
-        if (!err.empty())
+        if (!err.empty()) {
             EXPECT_EQ(err, "igd: another igd is writing to " + Native("main") + "; waiting for it to finish\n");
+        }
     }
     ExpectWholeCopy("shoot", "main");
     EXPECT_EQ(ProjectItems(), static_cast<std::size_t>(kFiles));
@@ -93,8 +102,7 @@ TEST_F(IgdConcurrencyTest, AnIngestStartedWhileAResumeRunsWaitsForIt) {
 
     IgdProcess resume({"resume", "--json"});
     IgdProcess ingest({"ingest", Native("shoot"), "--to", Native("main"), "--on-conflict", "skip", "--json"});
-    const Finished resumed = Finish(resume);
-    const Finished ingested = Finish(ingest);
+    const auto [resumed, ingested] = FinishBoth(resume, ingest);
     EXPECT_EQ(resumed.exitCode, 0) << resumed.err;
     EXPECT_EQ(ingested.exitCode, 0) << ingested.err;
     EXPECT_EQ(JsonNumber(ingested.out, "filesFailed"), "0");
@@ -108,8 +116,7 @@ TEST_F(IgdConcurrencyTest, TwoIngestsSharingOneHomeEachImportAllTheirItems) {
     MakeShoot("day2");
     IgdProcess first({"ingest", Native("day1"), "--to", Native("main"), "--json"});
     IgdProcess second({"ingest", Native("day2"), "--to", Native("backup"), "--json"});
-    const Finished one = Finish(first);
-    const Finished two = Finish(second);
+    const auto [one, two] = FinishBoth(first, second);
     EXPECT_EQ(one.exitCode, 0) << one.err;
     EXPECT_EQ(two.exitCode, 0) << two.err;
     EXPECT_TRUE(one.err.empty() && two.err.empty()) << "folders side by side wait for nobody";

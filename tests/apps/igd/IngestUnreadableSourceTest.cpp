@@ -35,12 +35,7 @@ Ran RunIgdAsNobody(TempTree& tree, const std::vector<std::string>& arguments) {
         if (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)
             ::_exit(126);
         ::setenv("IGD_HOME", home.c_str(), 1);
-        std::vector<char*> argv{const_cast<char*>(IGD_BINARY)};
-        for (const std::string& argument : arguments)
-            argv.push_back(const_cast<char*>(argument.c_str()));
-        argv.push_back(nullptr);
-        ::execv(IGD_BINARY, argv.data());
-        ::_exit(127);
+        ExecIgd(arguments);
     }
     int status = 0;
     ::waitpid(child, &status, 0);

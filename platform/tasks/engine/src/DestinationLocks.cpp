@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <map>
+#include <mutex>
 #include <utility>
 
 #include "Fnd/PathUtils.h"
@@ -31,20 +32,82 @@ void AddWithAncestors(const std::string& folder, std::map<std::string, bool>& ex
     }
 }
 
+// One process holds each folder once: a second lock of its own on a folder (two batches of one
+// resume, say) would wait for itself. Folders are counted here and let go with their last holder.
+class HeldFolders {
+public:
+    static HeldFolders& Instance() {
+        static HeldFolders held;
+        return held;
+    }
+
+    // Answers false when the folder cannot be opened: then it cannot be written to either.
+    bool Hold(const std::string& folder, bool exclusive, const std::function<void(const std::string&)>& waiting) {
+        std::unique_lock guard(mutex_);
+        Folder& held = folders_[folder];
+        if (held.fd < 0) {
+            held.fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+            if (held.fd < 0) {
+                folders_.erase(folder);
+                return false;
+            }
+        } else if (held.exclusive || !exclusive) {
+            ++held.holders;
+            return true;
+        }
+        const int fd = held.fd;
+        const int mode = exclusive ? LOCK_EX : LOCK_SH;
+        if (::flock(fd, mode | LOCK_NB) != 0) {
+            if (waiting)
+                waiting(folder);
+            guard.unlock();
+            while (::flock(fd, mode) != 0 && errno == EINTR) {
+            }
+            guard.lock();
+        }
+        Folder& now = folders_[folder];
+        now.exclusive = now.exclusive || exclusive;
+        ++now.holders;
+        return true;
+    }
+
+    void Release(const std::string& folder) {
+        std::lock_guard guard(mutex_);
+        const auto found = folders_.find(folder);
+        if (found == folders_.end() || --found->second.holders > 0)
+            return;
+        ::close(found->second.fd);
+        folders_.erase(found);
+    }
+
+private:
+    struct Folder {
+        int fd = -1;
+        int holders = 0;
+        bool exclusive = false;
+    };
+    std::mutex mutex_;
+    std::map<std::string, Folder> folders_;
+};
+
 } // namespace
 
 DestinationLocks::~DestinationLocks() {
-    for (const int fd : fds_)
-        ::close(fd);
+    Release();
 }
 
-DestinationLocks::DestinationLocks(DestinationLocks&& other) noexcept : fds_(std::exchange(other.fds_, {})) {}
+void DestinationLocks::Release() {
+    for (const std::string& folder : held_)
+        HeldFolders::Instance().Release(folder);
+    held_.clear();
+}
+
+DestinationLocks::DestinationLocks(DestinationLocks&& other) noexcept : held_(std::exchange(other.held_, {})) {}
 
 DestinationLocks& DestinationLocks::operator=(DestinationLocks&& other) noexcept {
     if (this != &other) {
-        for (const int fd : fds_)
-            ::close(fd);
-        fds_ = std::exchange(other.fds_, {});
+        Release();
+        held_ = std::exchange(other.held_, {});
     }
     return *this;
 }
@@ -57,19 +120,9 @@ DestinationLocks DestinationLocks::Take(const std::vector<std::string>& folders,
         if (!folder.empty())
             AddWithAncestors(ExistingFolder(folder), exclusive);
     DestinationLocks locks;
-    for (const auto& [folder, alone] : exclusive) {
-        const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (fd < 0)
-            continue; // a folder that cannot be opened cannot be written to by this user either
-        const int mode = alone ? LOCK_EX : LOCK_SH;
-        if (::flock(fd, mode | LOCK_NB) != 0) {
-            if (waiting)
-                waiting(folder);
-            while (::flock(fd, mode) != 0 && errno == EINTR) {
-            }
-        }
-        locks.fds_.push_back(fd);
-    }
+    for (const auto& [folder, alone] : exclusive)
+        if (HeldFolders::Instance().Hold(folder, alone, waiting))
+            locks.held_.push_back(folder);
     return locks;
 }
 

@@ -11,7 +11,8 @@ namespace QL::Engine {
 // takes the folders of its batch. Each folder is locked exclusively and the folders above it
 // shared, so a folder and one inside it exclude each other while folders side by side do not.
 // Locks are taken in path order (no two processes wait for each other) and the system drops them
-// when the process ends however it ends. Advisory: only igd looks at them.
+// when the process ends however it ends. Advisory: only igd looks at them. Within one process a
+// folder is held once, however many hold it.
 class DestinationLocks {
 public:
     DestinationLocks() = default;
@@ -30,7 +31,9 @@ public:
     static std::string CommonFolder(const std::vector<std::string>& targets);
 
 private:
-    std::vector<int> fds_;
+    void Release();
+
+    std::vector<std::string> held_;
 };
 
 } // namespace QL::Engine
