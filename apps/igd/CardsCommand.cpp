@@ -7,6 +7,7 @@
 
 #include "Browse/CardScanScope.h"
 #include "Browse/ProviderRegistry.h"
+#include "Browse/RefusedCardFiles.h"
 #include "ExitCodes.h"
 #include "Fnd/PathUtils.h"
 #include "OutputFormat.h"
@@ -76,12 +77,13 @@ int RunCards(const CardsOptions& options) {
     std::vector<std::vector<Browse::CardClip>> clipsOfRoot;
     for (const Fnd::WString& root : roots)
         clipsOfRoot.push_back(Browse::ProviderRegistry::FindCardClips(root));
+    const int exitCode = ReportRefusedCardFiles("igd cards") ? kExitFailure : kExitSuccess;
     if (options.json) {
         std::vector<Browse::CardClip> all;
         for (const std::vector<Browse::CardClip>& clips : clipsOfRoot)
             all.insert(all.end(), clips.begin(), clips.end());
         PrintJson(all);
-        return kExitSuccess;
+        return exitCode;
     }
     for (std::size_t i = 0; i < roots.size(); ++i) {
         if (roots.size() > 1)
@@ -94,10 +96,18 @@ int RunCards(const CardsOptions& options) {
         else
             std::cout << "No camera card structure in " << Fnd::ToUTF8(roots[i]) << "\n";
     }
-    return kExitSuccess;
+    return exitCode;
 }
 
 } // namespace
+
+bool ReportRefusedCardFiles(const char* command) {
+    const std::vector<Browse::RefusedCardFile> refused = Browse::RefusedCardFiles::Take();
+    for (const Browse::RefusedCardFile& file : refused)
+        std::cerr << command << ": " << Fnd::ToUTF8(file.path) << " was refused: "
+                  << file.reason << "\n";
+    return !refused.empty();
+}
 
 void RegisterCardsCommand(CLI::App& app, CommandTable& table) {
     auto options = std::make_shared<CardsOptions>();

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "CardsCommand.h"
 #include "CommandChoices.h"
 #include "CommandLinePaths.h"
 #include "ExitCodes.h"
@@ -135,8 +136,10 @@ int RunIngest(const IngestOptions& options) {
         run.destinations.push_back(Fnd::ToUTF8(destination));
     run.bin = Fnd::FromUTF8(options.bin);
     run.json = options.json;
+    run.setAsideUnreadableJournal = true;
     const TerminalQuestions questions(options.onConflict);
     std::vector<IGD::IngestDialogDataRef> sessions = IGD::GatherIngestSources(IGD::DistinctIngestSources(sources));
+    const bool clipsLeftOut = ReportRefusedCardFiles("igd ingest");
     // With nothing gathered the handler still runs once, to say so as the dialog would.
     if (sessions.empty())
         sessions.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
@@ -145,10 +148,11 @@ int RunIngest(const IngestOptions& options) {
         RemoveMadeFolders(madeFolders);
         return kExitFailure;
     }
-    return RunTaskService(run, [&](QL::Engine::TaskService&) {
+    const int exitCode = RunTaskService(run, [&](QL::Engine::TaskService&) {
         IGD::StartIngestSessions(sessions, fluxcore::utility::Guid::CreateUnique());
         return kExitSuccess;
     });
+    return clipsLeftOut && exitCode == kExitSuccess ? kExitFailure : exitCode;
 }
 
 } // namespace

@@ -41,10 +41,21 @@ int RunResume(const ResumeOptions& options) {
                 batches.push_back(summary.batch);
         }
         int queued = 0;
+        bool unreadable = false;
         for (const fluxcore::utility::Guid& batch : batches) {
-            switch (service.Resume(batch, [](const std::string& busy) {
-                std::cerr << "igd: another igd is writing to " << busy << "; waiting for it to finish\n";
-            })) {
+            TaskService::ResumeResult result = TaskService::ResumeResult::NotResumable;
+            try {
+                result = service.Resume(batch, [](const std::string& busy) {
+                    std::cerr << "igd: another igd is writing to " << busy << "; waiting for it to finish\n";
+                });
+            } catch (const QL::Engine::JournalError& error) {
+                // One unreadable batch leaves the others resumable and touches no copy.
+                std::cerr << "igd: batch " << batch.ToString() << " cannot be resumed, its copies are left as they are: "
+                          << error.what() << "\n";
+                unreadable = true;
+                continue;
+            }
+            switch (result) {
             case TaskService::ResumeResult::Queued:
                 ++queued;
                 break;
@@ -59,7 +70,7 @@ int RunResume(const ResumeOptions& options) {
                 return kExitBadInput;
             }
         }
-        if (queued == 0 && !named) {
+        if (queued == 0 && !named && !unreadable) {
             nothingToDo = true;
             return -1;
         }

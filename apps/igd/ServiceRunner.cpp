@@ -70,13 +70,19 @@ int RunTaskService(const ServiceRunOptions& options,
     QL::Engine::TaskServiceOptions serviceOptions;
     serviceOptions.projectPath = options.projectPath;
     serviceOptions.defaultBin = options.bin;
+    serviceOptions.setAsideUnreadableJournal = options.setAsideUnreadableJournal;
     std::shared_ptr<QL::Engine::TaskService> service;
     try {
         service = std::make_shared<QL::Engine::TaskService>(serviceOptions);
     } catch (const QL::Engine::JournalError& error) {
-        std::cerr << "igd: " << error.what() << "\n";
+        std::cerr << "igd: " << error.what();
+        if (error.Unreadable())
+            std::cerr << "; nothing in it can be resumed, and the next igd ingest sets it aside";
+        std::cerr << "\n";
         return kExitBadInput;
     }
+    if (!service->JournalNotice().empty())
+        std::cerr << "igd: " << service->JournalNotice() << "\n";
     const InstalledService installed(service);
     const OutputStyle style = options.json                 ? OutputStyle::Json
                               : isatty(STDOUT_FILENO) != 0 ? OutputStyle::Bar

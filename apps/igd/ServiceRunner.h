@@ -14,6 +14,8 @@ struct ServiceRunOptions {
     bool json = false;
     // The folders copied to, so that the summary can say how each was verified.
     std::vector<std::string> destinations;
+    // A new ingest sets an unreadable journal aside and begins another; resume must not.
+    bool setAsideUnreadableJournal = false;
 };
 
 // Creates the task service, installs it for the library, lets submit hand it work, and runs the

@@ -50,7 +50,7 @@ void PrintImportItems(std::ostream& out, const QL::IngestItemMap& items, const c
         out << indent << "import " << U(path) << " as \"" << U(item->name) << "\"";
         // A clip's own file stands among its extra paths too; it is no side file of itself.
         const auto sideFiles = std::count_if(item->extraPaths.begin(), item->extraPaths.end(),
-                                             [&path](const Fnd::WString& extra) { return extra != path; });
+                                             [&own = path](const Fnd::WString& extra) { return extra != own; });
         if (sideFiles != 0)
             out << " with " << sideFiles << " side file(s)";
         out << "\n";

@@ -1,5 +1,6 @@
 #include "MplPlaylist.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <fstream>
 
@@ -19,8 +20,14 @@ std::uint32_t BigEndian(const std::string& bytes, std::size_t at, int width) {
 } // namespace
 
 std::vector<MplPlayItem> ReadMplPlayItems(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::string bytes(kLargestPlaylist, '\0');
+    std::ifstream in(file, std::ios::binary | std::ios::ate);
+    // Sized by the file, not the limit: a card holds a playlist per recording, each a few
+    // hundred bytes.
+    const std::streamoff end = in.tellg();
+    if (end < 0)
+        return {};
+    std::string bytes(std::min(static_cast<std::size_t>(end), kLargestPlaylist), '\0');
+    in.seekg(0);
     in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     bytes.resize(static_cast<std::size_t>(in.gcount()));
     if (bytes.size() < 20 || bytes.compare(0, 4, "MPLS") != 0)

@@ -3,13 +3,10 @@
 #include <memory>
 
 #include <xercesc/dom/DOM.hpp>
-#include <xercesc/parsers/XercesDOMParser.hpp>
-#include <xercesc/sax/HandlerBase.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
 
 #include "CardFolder.h"
-#include "Fnd/XmlParser.h"
+#include "Fnd/SafeXmlParser.h"
 
 namespace Browse {
 namespace {
@@ -79,23 +76,14 @@ void Walk(const DOMNode* node, bool insideConnection, P2ClipXml& out) {
 
 } // namespace
 
-std::optional<P2ClipXml> ReadP2ClipXml(const std::filesystem::path& file) {
-    Fnd::EnsureXmlParser();
-
-    XercesDOMParser parser;
-    parser.setValidationScheme(XercesDOMParser::Val_Never);
-    parser.setDoNamespaces(false);
-    parser.setLoadExternalDTD(false);
-    HandlerBase errors;
-    parser.setErrorHandler(&errors);
-    try {
-        parser.parse(file.string().c_str());
-    } catch (...) {
+std::optional<P2ClipXml> ReadP2ClipXml(const std::filesystem::path& file, std::string& refusal) {
+    // A card is read clip file after clip file: one parser per thread serves them all.
+    thread_local Fnd::SafeXmlParser parser;
+    const DOMDocument* document = parser.ParseFile(file.string(), Fnd::kMaxCardXmlBytes);
+    if (!document) {
+        refusal = parser.Error();
         return std::nullopt;
     }
-    const DOMDocument* document = parser.getDocument();
-    if (!document || !document->getDocumentElement())
-        return std::nullopt;
     P2ClipXml out;
     Walk(document->getDocumentElement(), false, out);
     return out;

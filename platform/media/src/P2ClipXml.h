@@ -17,7 +17,7 @@ struct P2ClipXml {
     std::int64_t offsetInShot = 0;
 };
 
-// Nullopt when the file cannot be parsed as XML.
-std::optional<P2ClipXml> ReadP2ClipXml(const std::filesystem::path& file);
+// Nullopt when the file cannot be read or is refused as XML, with the reason in refusal.
+std::optional<P2ClipXml> ReadP2ClipXml(const std::filesystem::path& file, std::string& refusal);
 
 } // namespace Browse

@@ -2,6 +2,7 @@
 #include <map>
 #include <set>
 
+#include "Browse/RefusedCardFiles.h"
 #include "CardFamilies.h"
 #include "CardFamilyProvider.h"
 #include "P2ClipXml.h"
@@ -86,10 +87,17 @@ private:
         for (const Entry& entry : clipIndex.Entries()) {
             if (!IsFileOfType(entry, {"XML"}) || Stem(entry.name).size() != 6)
                 continue;
+            // A clip file that cannot be trusted leaves its clip out, named, rather than guessed at.
+            std::string refusal;
+            std::optional<P2ClipXml> xml = ReadP2ClipXml(entry.path, refusal);
+            if (!xml) {
+                RefusedCardFiles::Report(ToWide(entry.path), std::move(refusal));
+                continue;
+            }
             P2Part part;
             part.id = Stem(entry.name);
             part.card = card;
-            part.xml = ReadP2ClipXml(entry.path).value_or(P2ClipXml{});
+            part.xml = std::move(*xml);
             std::vector<Fnd::WString> files;
             video.AppendIfPresent(part.id + ".MXF", files);
             AppendChannels(audio, part.id, ".MXF", files);

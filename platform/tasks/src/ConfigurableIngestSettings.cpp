@@ -21,15 +21,9 @@
 #include <utility>
 
 #include <xercesc/dom/DOM.hpp>
-#include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/parsers/XercesDOMParser.hpp>
-#include <xercesc/sax/ErrorHandler.hpp>
-#include <xercesc/sax/SAXParseException.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/XMLException.hpp>
 
 #include "Fnd/IgdHome.h"
-#include "Fnd/XmlParser.h"
+#include "Fnd/SafeXmlParser.h"
 #include "QL/Utilities.h"
 #include "fluxcore/ZString.h"
 
@@ -72,21 +66,6 @@ struct Refusal {
 [[noreturn]] void Refuse(std::string_view keyAndDefault, std::initializer_list<Fnd::WString> arguments = {}) {
     throw Refusal{fluxcore::Localize(keyAndDefault, arguments)};
 }
-
-class ThrowingErrorHandler : public xercesc::ErrorHandler {
-public:
-    void warning(const xercesc::SAXParseException&) override {}
-    void error(const xercesc::SAXParseException& e) override { Fail(e); }
-    void fatalError(const xercesc::SAXParseException& e) override { Fail(e); }
-    void resetErrors() override {}
-
-private:
-    [[noreturn]] static void Fail(const xercesc::SAXParseException& e) {
-        Refuse("$$$/IGD/SiteSettings/NotXml=it is not well-formed XML (line @0, column @1: @2)",
-               {Fnd::ToDecimal(e.getLineNumber()), Fnd::ToDecimal(e.getColumnNumber()),
-                Fnd::WString(e.getMessage())});
-    }
-};
 
 // nullopt: there is no file, which is the ordinary case of a station without site settings.
 std::optional<std::string> ReadSiteFile(const std::string& path) {
@@ -190,31 +169,11 @@ IngestUtils::IngestSettings Interpret(const xercesc::DOMElement& root) {
 }
 
 IngestUtils::IngestSettings Parse(const std::string& content) {
-    Fnd::EnsureXmlParser();
-    xercesc::XercesDOMParser parser;
-    // A settings file has no business fetching anything: no DTD, no external entities.
-    parser.setLoadExternalDTD(false);
-    parser.setDisableDefaultEntityResolution(true);
-    parser.setValidationScheme(xercesc::XercesDOMParser::Val_Never);
-    parser.setDoNamespaces(false);
-    ThrowingErrorHandler errors;
-    parser.setErrorHandler(&errors);
-    xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(content.data()), content.size(),
-                                      kSiteFileName);
-    try {
-        parser.parse(source);
-    } catch (const xercesc::XMLException& e) {
-        Refuse("$$$/IGD/SiteSettings/NotXmlShort=it is not well-formed XML (@0)",
-               {Fnd::WString(e.getMessage())});
-    } catch (const xercesc::DOMException& e) {
-        Refuse("$$$/IGD/SiteSettings/NotXmlShort=it is not well-formed XML (@0)",
-               {Fnd::WString(e.getMessage())});
-    }
-    const xercesc::DOMDocument* document = parser.getDocument();
-    const xercesc::DOMElement* root = document == nullptr ? nullptr : document->getDocumentElement();
-    if (root == nullptr)
-        Refuse("$$$/IGD/SiteSettings/Empty=it holds no element");
-    return Interpret(*root);
+    Fnd::SafeXmlParser parser;
+    const xercesc::DOMDocument* document = parser.Parse(content);
+    if (document == nullptr)
+        Refuse("$$$/IGD/SiteSettings/NotXmlShort=it is not well-formed XML (@0)", {Fnd::FromUTF8(parser.Error())});
+    return Interpret(*document->getDocumentElement());
 }
 
 } // namespace

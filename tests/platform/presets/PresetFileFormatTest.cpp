@@ -4,6 +4,7 @@
 
 #include "QL/PresetFileReader.h"
 #include "QL/PresetFileWriter.h"
+#include "support/HostileXml.h"
 
 namespace igd::test {
 namespace {
@@ -95,18 +96,22 @@ TEST(PresetFileFormat, BadFilesAreRefusedWithAReasonAUserCanActOn) {
     }
 }
 
-TEST(PresetFileFormat, EntityExpansionInAnInstalledFileIsBounded) {
-    // Each entity refers ten times to the one before it: 10^10 characters if expanded.
-    std::string bomb = std::string(kHead) + "<!DOCTYPE preset [<!ENTITY e0 \"xxxxxxxxxx\">";
-    for (int level = 1; level <= 9; ++level) {
-        std::string body;
-        for (int i = 0; i < 10; ++i)
-            body += "&e" + std::to_string(level - 1) + ";";
-        bomb += "<!ENTITY e" + std::to_string(level) + " \"" + body + "\">";
+TEST(PresetFileFormat, HostileXmlIsRefusedAndNothingOutsideIsRead) {
+    const HostileXmlWorld world;
+    const auto presetNamed = [](const std::string& doctype, const std::string& name) {
+        return std::string(kHead) + doctype + "<preset " + kGood + "><name>" + name + "</name></preset>";
+    };
+    for (const HostileXml& c : world.Documents(presetNamed)) {
+        SCOPED_TRACE(c.what);
+        const auto result = ParsePresetDocument(c.xml);
+        EXPECT_FALSE(result);
+        EXPECT_NE(result.error.find(c.reason), std::string::npos) << result.error;
+        EXPECT_EQ(result.error.find(HostileXmlWorld::kSecret), std::string::npos);
     }
-    bomb += "]>" + Preset(kGood, "<name>&e9;</name>").substr(std::string(kHead).size());
-    const auto result = ParsePresetDocument(bomb);
-    EXPECT_FALSE(result);
+    const auto outsideDtd = ParsePresetDocument(world.WithOutsideDtd(presetNamed, "Day"));
+    ASSERT_TRUE(outsideDtd) << outsideDtd.error;
+    EXPECT_EQ(outsideDtd.document->name, u"Day");
+    EXPECT_FALSE(world.WasFetched());
 }
 
 TEST(PresetFileFormat, ReadingAMissingFileSaysSo) {

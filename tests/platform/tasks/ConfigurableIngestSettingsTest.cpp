@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "QL/Utilities.h"
+#include "support/HostileXml.h"
 #include "support/ScopedIgdHome.h"
 
 namespace igd::test {
@@ -60,10 +61,6 @@ TEST_F(SiteSettingsTest, ReadsValidFiles) {
          "<ingestSettings version='3'><settingsLocked>true</settingsLocked><cameraRoll>A</cameraRoll>"
          "</ingestSettings>",
          true, u""},
-        {"comments and a DTD that is not fetched",
-         "<!DOCTYPE ingestSettings SYSTEM \"/nonexistent/igd.dtd\"><!-- site -->"
-         "<ingestSettings version='1'><defaultSubfolder>A</defaultSubfolder></ingestSettings>",
-         false, u"A"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -116,12 +113,26 @@ TEST_F(SiteSettingsTest, RefusesUnusableFilesWithAWarningNamingFileAndReason) {
     }
 }
 
-TEST_F(SiteSettingsTest, ExternalEntitiesAreNeverRead) {
-    const std::string secret = home_.MakeFile("secret.txt", "Leaked");
-    WriteSiteFile(
-        "<!DOCTYPE ingestSettings [<!ENTITY e SYSTEM \"file://" + secret +
-        "\">]><ingestSettings version='1'><defaultSubfolder>&e;</defaultSubfolder></ingestSettings>");
-    EXPECT_NE(Utilities::GetConfigurableIngestSettings().defaultSubfolder, u"Leaked");
+TEST_F(SiteSettingsTest, HostileXmlIsRefusedAndNothingOutsideIsRead) {
+    const HostileXmlWorld world;
+    const auto settingsWith = [](const std::string& doctype, const std::string& subfolder) {
+        return "<?xml version='1.0'?>" + doctype + "<ingestSettings version='1'><settingsLocked>true</settingsLocked>"
+               "<defaultSubfolder>" + subfolder + "</defaultSubfolder></ingestSettings>";
+    };
+    for (const HostileXml& c : world.Documents(settingsWith)) {
+        SCOPED_TRACE(c.what);
+        WriteSiteFile(c.xml);
+        const QL::IngestUtils::IngestSettings settings = Utilities::GetConfigurableIngestSettings();
+        EXPECT_FALSE(settings.settingsLocked);
+        EXPECT_EQ(settings.defaultSubfolder, u"");
+        ASSERT_EQ(warnings_.size(), 1u);
+        EXPECT_NE(warnings_[0].find(c.reason), std::string::npos) << warnings_[0];
+        EXPECT_EQ(warnings_[0].find(HostileXmlWorld::kSecret), std::string::npos);
+        warnings_.clear();
+    }
+    WriteSiteFile(world.WithOutsideDtd(settingsWith, "Day"));
+    EXPECT_EQ(Utilities::GetConfigurableIngestSettings().defaultSubfolder, u"Day");
+    EXPECT_FALSE(world.WasFetched());
 }
 
 TEST_F(SiteSettingsTest, AnEmptyHandlerDropsWarnings) {

@@ -10,6 +10,7 @@
 #include "fluxui/utility/OS_ResourceManager.h"
 #include "shell/AutoHintTextEdit.h"
 #include "shell/resources/ResourceStore.h"
+#include "support/HostileXml.h"
 
 namespace igd::test {
 namespace {
@@ -19,6 +20,7 @@ using fluxui::ui::LayoutError;
 using fluxui::ui::UI_NodeBuilder;
 using fluxui::ui::UI_NodeRef;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 using namespace archive;
@@ -96,6 +98,23 @@ TEST_F(NodeBuilder, OffersAClassNameToTheFactoryAndFallsBackOnTheAdapterWhenItDe
     EXPECT_EQ(edit->GetValue(), u"abc");
 }
 
+TEST_F(NodeBuilder, HostileXmlIsRefusedAndNothingOutsideIsRead) {
+    const HostileXmlWorld world;
+    const auto layoutWith = [](const std::string& doctype, const std::string& text) {
+        std::string layout = Archive(SubView("", {Checkbox("A", text)}));
+        return layout.insert(layout.find("?>") + 2, doctype);
+    };
+    for (const HostileXml& c : world.Documents(layoutWith)) {
+        SCOPED_TRACE(c.what);
+        const std::string error = ErrorOf(c.xml);
+        EXPECT_THAT(error, StartsWith("igdBroken: malformed XML at line "));
+        EXPECT_THAT(error, HasSubstr(c.reason));
+        EXPECT_THAT(error, Not(HasSubstr(HostileXmlWorld::kSecret)));
+    }
+    EXPECT_EQ(ErrorOf(world.WithOutsideDtd(layoutWith, "Day")), "");
+    EXPECT_FALSE(world.WasFetched());
+}
+
 // A broken layout names itself, the node and the property where it breaks.
 TEST_F(NodeBuilder, ABrokenLayoutSaysWhereItBreaks) {
     const std::string foo = Node("fluxui::controls::UI_Foo", {});
@@ -115,7 +134,7 @@ TEST_F(NodeBuilder, ABrokenLayoutSaysWhereItBreaks) {
          "igdBroken: root: UI_Node.bounds: expected prop.list, found ustring"},
         {Archive(SubView("", {Checkbox("A", "a", Pair("colour", "<true/>"))})),
          "igdBroken: root/child-0: section UI_Node has no property colour"},
-        {Archive(deep), "...nested deeper than"},
+        {Archive(deep), "...deeper than"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.error);

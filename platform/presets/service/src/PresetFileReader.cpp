@@ -9,12 +9,8 @@
 #include <cstring>
 
 #include <xercesc/dom/DOM.hpp>
-#include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/parsers/XercesDOMParser.hpp>
-#include <xercesc/sax/ErrorHandler.hpp>
-#include <xercesc/sax/SAXParseException.hpp>
-#include <xercesc/util/SecurityManager.hpp>
 
+#include "Fnd/SafeXmlParser.h"
 #include "QL/PresetFieldTypeNames.h"
 #include "QL/PresetFileWriter.h"
 #include "XercesSupport.h"
@@ -35,25 +31,6 @@ PresetReadResult Failure(std::string reason) {
 std::string Narrow(const XMLCh* text) {
     return Fnd::ToUTF8(W(text));
 }
-
-// Keeps the first problem; the parser goes on after warnings and recoverable errors, but a
-// preset with any of them is not trusted.
-class FirstErrorHandler final : public ErrorHandler {
-public:
-    void warning(const SAXParseException&) override {}
-    void error(const SAXParseException& e) override { Keep(e); }
-    void fatalError(const SAXParseException& e) override { Keep(e); }
-    void resetErrors() override { message_.clear(); }
-    const std::string& Message() const { return message_; }
-
-private:
-    void Keep(const SAXParseException& e) {
-        if (message_.empty())
-            message_ = "line " + std::to_string(e.getLineNumber()) + ", column " +
-                       std::to_string(e.getColumnNumber()) + ": " + Narrow(e.getMessage());
-    }
-    std::string message_;
-};
 
 std::optional<int> ParseInteger(const std::string& text) {
     int value = 0;
@@ -138,27 +115,9 @@ PresetReadResult ReadRoot(DOMElement& root) {
 
 // Setting a parser up costs more than parsing a preset, so a listing of many files reuses one
 // per thread.
-struct ReusableParser {
-    ReusableParser() {
-        parser.setValidationScheme(XercesDOMParser::Val_Never);
-        parser.setDoNamespaces(false);
-        parser.setDoSchema(false);
-        parser.setLoadExternalDTD(false);
-        parser.setDisableDefaultEntityResolution(true);
-        parser.setCreateEntityReferenceNodes(false);
-        // A file from anywhere may be installed: bound what an internal DTD can make the parser do.
-        security.setEntityExpansionLimit(100);
-        parser.setSecurityManager(&security);
-        parser.setErrorHandler(&errors);
-    }
-    SecurityManager security;
-    FirstErrorHandler errors;
-    XercesDOMParser parser;
-};
-
-ReusableParser& ThreadParser() {
-    thread_local ReusableParser reusable;
-    return reusable;
+Fnd::SafeXmlParser& ThreadParser() {
+    thread_local Fnd::SafeXmlParser parser;
+    return parser;
 }
 
 class ScopedDescriptor {
@@ -183,31 +142,12 @@ PresetReadResult ParsePresetDocument(std::string_view bytes) {
         return Failure("is empty");
     if (bytes.size() > kMaxPresetFileSize)
         return Failure("is larger than any preset file (" + std::to_string(bytes.size()) + " bytes)");
-    Fnd::EnsureXmlParser();
-
-    ReusableParser& reusable = ThreadParser();
-    XercesDOMParser& parser = reusable.parser;
-    FirstErrorHandler& errors = reusable.errors;
-    errors.resetErrors();
-
-    MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(), "preset");
-    try {
-        parser.parse(source);
-    } catch (const XMLException& e) {
-        return Failure("is not well-formed XML: " + Narrow(e.getMessage()));
-    } catch (const DOMException& e) {
-        return Failure("is not well-formed XML: " + Narrow(e.getMessage()));
-    }
-    if (!errors.Message().empty())
-        return Failure("is truncated or not well-formed XML (" + errors.Message() + ")");
-    DOMDocument* doc = parser.getDocument();
-    DOMElement* root = doc ? doc->getDocumentElement() : nullptr;
-    if (!root)
-        return Failure("holds no XML element");
-    PresetReadResult result = ReadRoot(*root);
-    // The tree is no longer needed: give its memory back now rather than at the next parse.
-    parser.resetDocumentPool();
-    return result;
+    Fnd::SafeXmlParser& parser = ThreadParser();
+    DOMDocument* doc = parser.Parse(bytes);
+    if (!doc)
+        return Failure("is truncated or not well-formed XML (" + parser.Error() + ")");
+    DOMElement* root = doc->getDocumentElement();
+    return ReadRoot(*root);
 }
 
 PresetReadResult ReadPresetFile(const std::string& path) {

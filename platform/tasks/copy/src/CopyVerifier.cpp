@@ -20,8 +20,9 @@ std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t 
 } // namespace
 
 CopyVerifier::CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,
-                           std::size_t readsInFlight, CopyControl& control, LaneHasher& hasher)
-    : verifyMode_(verifyMode), sourcePath_(std::move(sourcePath)), control_(control) {
+                           std::size_t readsInFlight, CopyControl& control, LaneHasher& hasher,
+                           const CopyHooks& hooks)
+    : verifyMode_(verifyMode), sourcePath_(std::move(sourcePath)), control_(control), hooks_(hooks) {
     if (verifyMode_ == IngestTask::kVerifyMD5) {
         md5_ = hasher.OpenStream();
         pipeline_ = std::make_unique<ReadBackPipeline>(copy_, bufferBytes, readsInFlight);
@@ -32,7 +33,7 @@ CopyVerifier::CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std
 }
 
 std::string CopyVerifier::Open(const std::string& copyPath) {
-    if (const int error = copy_.Open(copyPath))
+    if (const int error = copy_.Open(copyPath, &hooks_.failReadBack))
         return Because("could not read back the copy", error);
     if (sourceBuffer_) {
         if (const int error = source_.Open(sourcePath_))

@@ -23,7 +23,8 @@ public:
     // verifyMode is kVerifyMD5 or kVerifyBitByBit. An MD5 check keeps readsInFlight reads of
     // bufferBytes going while it hashes; a byte-by-byte one reads copy and source in turn.
     CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,
-                 std::size_t readsInFlight, CopyControl& control, LaneHasher& hasher);
+                 std::size_t readsInFlight, CopyControl& control, LaneHasher& hasher,
+                 const CopyHooks& hooks);
 
     // Opens the copy (and, byte by byte, the source) for reading back. Empty, or the reason.
     std::string Open(const std::string& copyPath);
@@ -49,6 +50,7 @@ private:
     const std::uint32_t verifyMode_;
     const std::string sourcePath_;
     CopyControl& control_;
+    const CopyHooks& hooks_;
     MediumReader copy_;
     MediumReader source_;
     std::unique_ptr<ReadBackPipeline> pipeline_;

@@ -128,7 +128,7 @@ std::vector<CopyOutcome> FileCopier::CopyFile(const std::string& source,
     if (!control.Checkpoint())
         return settlePending(CopyStatus::Cancelled, "cancelled");
 
-    SourceReader reader(source);
+    SourceReader reader(source, hooks_.beforeRead);
     if (const int error = reader.Open())
         return settlePending(CopyStatus::Failed, Because("source could not be read", error));
 

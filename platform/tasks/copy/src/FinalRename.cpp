@@ -41,10 +41,11 @@ int RenameNoReplace(const std::string& from, const std::string& to) {
     return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
-int RenameToFreeName(const std::string& from, const std::string& target, std::string& taken) {
+int RenameToFreeName(const std::string& from, const std::string& target, std::string& taken,
+                     const std::function<bool(const std::string&)>& nameTaken) {
     for (unsigned n = 0; n < kMostNumberedNames; ++n) {
         const std::string candidate = NumberedPath(target, n, /*isFolder=*/false);
-        const int error = RenameNoReplace(from, candidate);
+        const int error = nameTaken && nameTaken(candidate) ? EEXIST : RenameNoReplace(from, candidate);
         if (error == 0) {
             taken = candidate;
             return 0;

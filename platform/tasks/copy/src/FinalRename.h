@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <string>
 
 namespace QL::Engine {
@@ -10,6 +11,8 @@ int RenameNoReplace(const std::string& from, const std::string& to);
 
 // Keep both: gives from the first free name of target, target (1), target (2), ... and answers
 // it in taken. 0 or an errno.
-int RenameToFreeName(const std::string& from, const std::string& target, std::string& taken);
+// nameTaken, when set, answers for names the filesystem would refuse as existing.
+int RenameToFreeName(const std::string& from, const std::string& target, std::string& taken,
+                     const std::function<bool(const std::string&)>& nameTaken = {});
 
 } // namespace QL::Engine

@@ -5,13 +5,11 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <filesystem>
-#include <system_error>
 
 #include "ErrorText.h"
 #include "FileIo.h"
-#include "Fnd/PathUtils.h"
 #include "QL/CopySetting.h"
+#include "TargetFolder.h"
 #include "TargetNames.h"
 
 namespace QL::Engine {
@@ -64,17 +62,15 @@ CopyOutcome MakeFolderTarget(const CopyTarget& target, const struct stat& source
         // Merge into a folder; a file in the way is never removed to make room.
         return isFolder ? Made(target.path, sourceStatus, /*created=*/false) : Failed("target exists");
     }
-    std::error_code error;
-    std::filesystem::create_directories(Fnd::PathUtils::FolderOf(target.path), error);
-    if (error)
-        return Failed(Because("could not create the folder", error.value()));
+    if (std::string reason = PrepareFolderOf(target); !reason.empty())
+        return Failed(std::move(reason));
     for (unsigned n = 0; n < kMostNumberedNames; ++n) {
         const std::string candidate = NumberedPath(target.path, n, /*isFolder=*/true);
         // mkdir refuses an existing name atomically, so two copies never share a new folder.
         if (::mkdir(candidate.c_str(), 0777) == 0)
             return Made(candidate, sourceStatus, /*created=*/true);
         if (errno != EEXIST)
-            return Failed(Because("could not create the folder", errno));
+            return Failed(FolderAwareReason(target, Because("could not create the folder", errno)));
         if (target.action != kCopyActionKeepBoth) {
             // Appeared meanwhile: as above.
             const bool nowFolder = IsFolder(candidate, exists);

@@ -14,7 +14,10 @@ MediumReader::~MediumReader() {
         ::close(fd_);
 }
 
-int MediumReader::Open(const std::string& path) {
+int MediumReader::Open(const std::string& path,
+                       const std::function<int(const std::string&, std::uint64_t)>* failRead) {
+    path_ = path;
+    failRead_ = failRead && *failRead ? failRead : nullptr;
     fd_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd_ < 0)
         return errno;
@@ -23,6 +26,10 @@ int MediumReader::Open(const std::string& path) {
 }
 
 IoResult MediumReader::Read(std::byte* data, std::size_t length, std::uint64_t offset) {
+    if (failRead_) {
+        if (const int error = (*failRead_)(path_, offset))
+            return IoResult{0, error};
+    }
     if (Direct()) {
         const IoResult result = ReadAt(fd_, data, RoundUpToAlignment(length), offset, /*direct=*/true);
         if (result.error != EINVAL) {

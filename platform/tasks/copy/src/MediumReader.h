@@ -2,6 +2,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "FileIo.h"
@@ -20,8 +21,9 @@ public:
     MediumReader(const MediumReader&) = delete;
     MediumReader& operator=(const MediumReader&) = delete;
 
-    // 0, or the errno of the open.
-    int Open(const std::string& path);
+    // 0, or the errno of the open. failRead: a test seam asked before each read (FaultSeams.h).
+    int Open(const std::string& path,
+             const std::function<int(const std::string&, std::uint64_t)>* failRead = nullptr);
     // False once the filesystem has refused direct reads, at open or at a read.
     bool Direct() const { return direct_.load(std::memory_order_acquire); }
 
@@ -32,6 +34,8 @@ public:
 private:
     int fd_ = -1;
     std::atomic<bool> direct_{false};
+    std::string path_;
+    const std::function<int(const std::string&, std::uint64_t)>* failRead_ = nullptr;
 };
 
 } // namespace QL::Engine

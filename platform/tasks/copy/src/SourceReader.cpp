@@ -11,7 +11,9 @@
 
 namespace QL::Engine {
 
-SourceReader::SourceReader(std::string path) : path_(std::move(path)) {}
+SourceReader::SourceReader(std::string path,
+                           const std::function<int(const std::string&, std::uint64_t)>& beforeRead)
+    : path_(std::move(path)), beforeRead_(beforeRead) {}
 
 SourceReader::~SourceReader() {
     if (fd_ >= 0)
@@ -39,6 +41,10 @@ int SourceReader::Open() {
 
 int SourceReader::ReadInto(Chunk& chunk) {
     chunk.offset = done_;
+    if (beforeRead_) {
+        if (const int error = beforeRead_(path_, done_))
+            return error;
+    }
     IoResult read = ReadAt(fd_, chunk.buffer.Data(), chunk.buffer.Size(), done_, direct_);
     // Some filesystems take O_DIRECT at open and refuse it at the first read.
     if (direct_ && read.error == EINVAL) {
@@ -74,6 +80,13 @@ SourceEnd SourceReader::Finish() {
     if (!unchanged) {
         end.kind = SourceEnd::Kind::Failed;
         end.reason = "source could not be read: it changed while it was being read";
+        return end;
+    }
+    // A file removed while it was read (a card pulled, a folder cleared) still reads to its end
+    // through the open descriptor; a copy of something no longer there is no backup of it.
+    if (now.st_nlink == 0) {
+        end.kind = SourceEnd::Kind::Failed;
+        end.reason = "source could not be read: it was removed while it was being read";
         return end;
     }
     end.kind = SourceEnd::Kind::Complete;

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "ChunkPool.h"
@@ -13,7 +14,8 @@ namespace QL::Engine {
 // it; else through the page cache, the next chunk requested while the current one is handed on.
 class SourceReader {
 public:
-    explicit SourceReader(std::string path);
+    // beforeRead: a test seam asked before each chunk (FaultSeams.h); may be empty.
+    SourceReader(std::string path, const std::function<int(const std::string&, std::uint64_t)>& beforeRead);
     ~SourceReader();
     SourceReader(const SourceReader&) = delete;
     SourceReader& operator=(const SourceReader&) = delete;
@@ -31,6 +33,7 @@ public:
 
 private:
     std::string path_;
+    const std::function<int(const std::string&, std::uint64_t)>& beforeRead_;
     int fd_ = -1;
     bool direct_ = false;
     struct stat status_ {};

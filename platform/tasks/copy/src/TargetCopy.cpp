@@ -1,4 +1,3 @@
-#include "LinkedFolder.h"
 #include "TargetCopy.h"
 
 #include <fcntl.h>
@@ -6,15 +5,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "ErrorText.h"
 #include "FileIo.h"
 #include "FinalRename.h"
-#include "Fnd/PathUtils.h"
 #include "QL/CopySetting.h"
+#include "TargetFolder.h"
 #include "TargetNames.h"
 
 namespace QL::Engine {
@@ -42,14 +39,8 @@ TargetCopy::~TargetCopy() {
 }
 
 bool TargetCopy::Prepare() {
-    if (FolderPathHasLink(Fnd::PathUtils::FolderOf(target_.path))) {
-        Fail(kLinkedFolderReason);
-        return false;
-    }
-    std::error_code folderError;
-    std::filesystem::create_directories(Fnd::PathUtils::FolderOf(target_.path), folderError);
-    if (folderError) {
-        Fail(Because("could not create the folder", folderError.value()));
+    if (std::string reason = PrepareFolderOf(target_); !reason.empty()) {
+        Fail(std::move(reason));
         return false;
     }
     for (unsigned n = 0; temporary_.empty(); ++n) {
@@ -75,7 +66,8 @@ bool TargetCopy::Prepare() {
     }
     if (NeedsReadBack(job_.verifyMode)) {
         verifier_ = std::make_unique<CopyVerifier>(job_.verifyMode, job_.source, job_.readBackBytes,
-                                                   job_.readBacksInFlight, *job_.control, *job_.hasher);
+                                                   job_.readBacksInFlight, *job_.control, *job_.hasher,
+                                                   *job_.hooks);
         if (std::string reason = verifier_->Open(temporary_); !reason.empty()) {
             Fail(std::move(reason));
             return false;
@@ -248,13 +240,14 @@ bool TargetCopy::Verify(const SourceEnd& end) {
 bool TargetCopy::Rename() {
     std::string finalPath = target_.path;
     int error = 0;
+    const auto& nameTaken = job_.hooks->nameTaken;
     if (target_.action == kCopyActionKeepBoth) {
-        error = RenameToFreeName(temporary_, target_.path, finalPath);
+        error = RenameToFreeName(temporary_, target_.path, finalPath, nameTaken);
     } else if (target_.action == kCopyActionReplace) {
         // A plain rename, only now that the new copy is proven: until here the old file stood.
         error = ::rename(temporary_.c_str(), target_.path.c_str()) == 0 ? 0 : errno;
     } else {
-        error = RenameNoReplace(temporary_, target_.path);
+        error = nameTaken && nameTaken(target_.path) ? EEXIST : RenameNoReplace(temporary_, target_.path);
         if (error == EEXIST) {
             Fail("target exists");
             return false;
@@ -274,7 +267,8 @@ void TargetCopy::Fail(std::string reason) {
     if (!Live())
         return;
     outcome_.status = CopyStatus::Failed;
-    outcome_.reason = std::move(reason);
+    // Whatever failed, a destination gone from under the copy is the reason to give.
+    outcome_.reason = FolderAwareReason(target_, std::move(reason));
     failed_.store(true, std::memory_order_release);
 }
 
@@ -297,7 +291,13 @@ void TargetCopy::CloseWriter() {
 void TargetCopy::RemoveTemporary() {
     if (temporary_.empty())
         return;
-    ::unlink(temporary_.c_str());
+    // A disk turned read-only keeps what was written so far: the user must hear where it is, and
+    // the journal keeps it so that a later resume removes it.
+    if (::unlink(temporary_.c_str()) != 0 && errno != ENOENT) {
+        outcome_.leftover = temporary_;
+        outcome_.reason += (outcome_.reason.empty() ? "" : "; ") + std::string("the partial copy ") +
+                           temporary_ + " could not be removed: " + ErrorText(errno);
+    }
     temporary_.clear();
 }
 

@@ -2,8 +2,10 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <exception>
 
+#include "Fnd/PathUtils.h"
 #include "Fnd/StationUtils.h"
 #include "QL/CopySetting.h"
 #include "QL/Engine/FileCopier.h"
@@ -34,8 +36,9 @@ std::uint64_t SizeOnDisk(const std::string& path, std::uint64_t fallback) {
 
 } // namespace
 
-BatchCopier::BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters)
-    : run_(run), journal_(journal), backend_(backend), counters_(counters) {}
+BatchCopier::BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters,
+                         std::shared_ptr<DestinationFolders> folders)
+    : run_(run), journal_(journal), backend_(backend), counters_(counters), folders_(std::move(folders)) {}
 
 void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask) {
     const std::vector<SourceGroup> groups = GroupBySource(run_.files, verifyModeOfTask);
@@ -53,6 +56,10 @@ void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>&
             bytesTotal += sources[i].size;
         }
     }
+    // The destinations as they stand now: a folder that goes away from under the run is not made
+    // again.
+    for (const FileRecord& file : run_.files)
+        folders_->Note(Fnd::PathUtils::FolderOf(Fnd::ToUTF8(file.target)));
     run_.progress->SetTotals(filesTotal, bytesTotal);
     run_.progress->PostNow();
 
@@ -62,13 +69,17 @@ void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>&
         // Waits here while paused; false once cancelled.
         if (!run_.control->Checkpoint()) {
             FinishInOrder(copies, begun, /*wait=*/true);
-            CancelRest(groups, i);
+            SettleRest(groups, i, FileState::Cancelled);
             break;
         }
         if (sources[i].isFolder) {
             // A folder's files may be the next sources: the folder stands first.
             FinishInOrder(copies, begun, /*wait=*/true);
             Begun folder = Begin(groups[i], sources[i]);
+            if (!JournalRecords()) {
+                SettleRest(groups, i, FileState::Failed, NotCopiedReason());
+                break;
+            }
             std::vector<CopyOutcome> outcomes;
             try {
                 outcomes = backend_.CopyFolder(Fnd::ToUTF8(groups[i].source), folder.targets);
@@ -81,7 +92,15 @@ void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>&
         // Two files of the batch with one target (kept both) also share its temporary name: the
         // later one starts once the earlier is settled, so the first keeps the name in plan order.
         FinishInOrder(copies, begun, /*wait=*/SharesTargetInFlight(groups[i], begun));
-        begun.push_back(Begin(groups[i], sources[i]));
+        Begun next = Begin(groups[i], sources[i]);
+        if (!JournalRecords()) {
+            if (!next.isFolder)
+                run_.progress->FileFinished(next.progressFile);
+            FinishInOrder(copies, begun, /*wait=*/true);
+            SettleRest(groups, i, FileState::Failed, NotCopiedReason());
+            break;
+        }
+        begun.push_back(std::move(next));
         const std::uint64_t progressFile = begun.back().progressFile;
         copies.Start(
             [this, sourcePath = Fnd::ToUTF8(groups[i].source), targets = begun.back().targets,
@@ -104,10 +123,16 @@ void BatchCopier::FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun
 }
 
 bool BatchCopier::SharesTargetInFlight(const SourceGroup& group, const std::deque<Begun>& begun) const {
+    // Spellings that differ in case only are one name where a destination ignores case.
+    const auto sameName = [](const Fnd::WString& a, const Fnd::WString& b) {
+        const auto fold = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
+        return a.size() == b.size() &&
+               std::equal(a.begin(), a.end(), b.begin(), [&](char16_t x, char16_t y) { return fold(x) == fold(y); });
+    };
     for (const Begun& copy : begun)
         for (const FileRecord* inFlight : copy.files)
             for (std::size_t index : group.files)
-                if (run_.files[index].target == inFlight->target)
+                if (sameName(run_.files[index].target, inFlight->target))
                     return true;
     return false;
 }
@@ -126,7 +151,7 @@ BatchCopier::Begun BatchCopier::Begin(const SourceGroup& group, const GroupSourc
         // holds no data; each file below it has its own answer.
         const std::int32_t action =
             source.isFolder && file.action != kCopyActionSkip ? kCopyActionNone : file.action;
-        begun.targets.push_back(CopyTarget{Fnd::ToUTF8(file.target), action});
+        begun.targets.push_back(CopyTarget{Fnd::ToUTF8(file.target), action, folders_});
         file.state = FileState::Copying;
         file.temporary =
             source.isFolder ? std::string() : FileCopier::TemporaryPathFor(begun.targets.back().path);
@@ -157,25 +182,39 @@ void BatchCopier::Finish(Begun& begun, std::vector<CopyOutcome> outcomes) {
         run_.progress->FileFinished(begun.progressFile);
 }
 
-void BatchCopier::CancelRest(const std::vector<SourceGroup>& groups, std::size_t from) {
-    std::vector<const FileRecord*> cancelled;
+void BatchCopier::SettleRest(const std::vector<SourceGroup>& groups, std::size_t from, FileState state,
+                             const std::string& reason) {
+    const bool cancelled = state == FileState::Cancelled;
+    std::vector<const FileRecord*> settled;
     for (std::size_t g = from; g < groups.size(); ++g) {
         for (std::size_t index : groups[g].files) {
             FileRecord& file = run_.files[index];
-            file.state = FileState::Cancelled;
-            cancelled.push_back(&file);
-            ++counters_.filesCancelled;
+            file.state = state;
+            file.temporary.clear();
+            file.reason = reason;
+            settled.push_back(&file);
+            ++(cancelled ? counters_.filesCancelled : counters_.filesFailed);
         }
     }
-    journal_.UpdateFiles(cancelled);
+    journal_.UpdateFiles(settled);
     for (std::size_t g = from; g < groups.size(); ++g) {
         for (std::size_t index : groups[g].files)
-            PostOutcome(run_, run_.files[index], FileStatus::Cancelled, groups[g].verifyMode);
+            PostOutcome(run_, run_.files[index], cancelled ? FileStatus::Cancelled : FileStatus::Failed,
+                        groups[g].verifyMode);
     }
 }
 
+bool BatchCopier::JournalRecords() const {
+    return run_.journalProblem.empty();
+}
+
+std::string BatchCopier::NotCopiedReason() const {
+    return "not copied, since a crash could not be resumed: " + run_.journalProblem;
+}
+
 FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome, bool isFolder) {
-    file.temporary.clear();
+    // What could not be removed stays on record for a later clean-up.
+    file.temporary = outcome.leftover;
     FileStatus status = FileStatus::Failed;
     switch (outcome.status) {
     case CopyStatus::Copied:

@@ -1,6 +1,8 @@
 #pragma once
 #include <cstdint>
 #include <deque>
+#include <memory>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -19,7 +21,9 @@ namespace QL::Engine {
 // Stops starting sources once the batch is cancelled.
 class BatchCopier {
 public:
-    BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters);
+    // folders: the destinations as the run knows them; more are noted as the copying begins.
+    BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backend, BatchCounters& counters,
+                std::shared_ptr<DestinationFolders> folders);
 
     void CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask);
 
@@ -47,7 +51,14 @@ private:
     void Finish(Begun& begun, std::vector<CopyOutcome> outcomes);
     // Settles the copies in flight from the oldest on: all of them with wait, else those finished.
     void FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun, bool wait);
-    void CancelRest(const std::vector<SourceGroup>& groups, std::size_t from);
+    // Settles every file of the groups from this one on without copying: cancelled, or failed
+    // for the reason.
+    void SettleRest(const std::vector<SourceGroup>& groups, std::size_t from, FileState state,
+                    const std::string& reason = {});
+    // Copying starts only while the journal records it: after a crash, what it does not know of
+    // could neither be resumed nor cleaned.
+    bool JournalRecords() const;
+    std::string NotCopiedReason() const;
     // Records the outcome in the file's record and answers the status to report. A folder made or
     // merged into is no file copied or skipped; one that failed is a failure all the same.
     FileStatus Settle(FileRecord& file, const CopyOutcome& outcome, bool isFolder);
@@ -56,6 +67,7 @@ private:
     RunJournal& journal_;
     CopyBackend& backend_;
     BatchCounters& counters_;
+    std::shared_ptr<DestinationFolders> folders_;
 };
 
 } // namespace QL::Engine

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "BatchCopier.h"
+#include "Fnd/PathUtils.h"
 #include "Fnd/StationUtils.h"
 #include "ResumePreparation.h"
 #include "RunJournal.h"
@@ -76,10 +77,18 @@ void ExecuteBatch(BatchRun& run, Journal& journal, CopyBackend& backend,
     BatchCounters counters;
     const auto modes = VerifyModes(run);
 
-    if (run.resumed)
+    auto folders = std::make_shared<DestinationFolders>();
+    if (run.resumed) {
+        // Where copies stood before the crash, a destination stands that must not be made again
+        // should it be gone now (a drive not mounted again, a folder deleted).
+        for (const FileRecord& file : run.files)
+            if (file.state == FileState::Verified)
+                folders->Require(Fnd::PathUtils::FolderOf(file.finalPath.empty() ? Fnd::ToUTF8(file.target)
+                                                                                 : file.finalPath));
         ReportResumed(run, PrepareForResume(run.files, modes, runJournal), modes, counters);
+    }
 
-    BatchCopier(run, runJournal, backend, counters).CopyAll(modes);
+    BatchCopier(run, runJournal, backend, counters, std::move(folders)).CopyAll(modes);
     const bool cancelled = run.control->IsCancelled();
 
     std::unordered_map<std::int64_t, std::vector<const FileRecord*>> filesOfTask;

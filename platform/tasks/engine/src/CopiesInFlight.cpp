@@ -74,7 +74,7 @@ void CopiesInFlight::Run() {
         try {
             outcomes = slot->work();
         } catch (const std::exception& error) {
-            outcomes.assign(slot->targetCount, CopyOutcome{CopyStatus::Failed, {}, error.what(), {}, {}, 0});
+            outcomes.assign(slot->targetCount, CopyOutcome{CopyStatus::Failed, {}, error.what(), {}, {}, 0, {}});
         }
         {
             std::lock_guard lock(mutex_);

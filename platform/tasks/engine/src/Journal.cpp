@@ -1,6 +1,10 @@
 #include "QL/Engine/Journal.h"
 
+#include <unistd.h>
+
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <ctime>
 #include <system_error>
 #include <utility>
@@ -126,7 +130,24 @@ Journal::Journal(const std::string& path) try
     if (refusal.reason == Sqlite::SchemaError::Reason::Newer)
         throw JournalError("the task journal " + path + " was written by a newer version of igd (" +
                            std::to_string(refusal.storedVersion) + ")");
-    throw JournalError("the task journal " + path + " is not a journal of igd");
+    throw JournalError("the task journal " + path + " is not a journal of igd", /*unreadable=*/true);
+}
+
+std::string Journal::SetAside(const std::string& path) {
+    char stamp[32];
+    const std::time_t now = std::time(nullptr);
+    std::tm local {};
+    ::localtime_r(&now, &local);
+    std::strftime(stamp, sizeof stamp, "%Y%m%d-%H%M%S", &local);
+    std::string aside = path + ".unreadable-" + stamp;
+    for (unsigned n = 1; ::access(aside.c_str(), F_OK) == 0; ++n)
+        aside = path + ".unreadable-" + stamp + "-" + std::to_string(n);
+    if (::rename(path.c_str(), aside.c_str()) != 0)
+        throw JournalError("the task journal " + path + " cannot be set aside: " + std::strerror(errno));
+    // The write-ahead log belongs to the old file; left in place it would be played into the new.
+    for (const char* side : {"-wal", "-shm"})
+        ::rename((path + side).c_str(), (aside + side).c_str());
+    return aside;
 }
 
 Journal::~Journal() = default;

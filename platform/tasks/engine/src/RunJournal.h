@@ -8,8 +8,8 @@
 namespace QL::Engine {
 
 // The journal as a running batch writes it. A journal that fails (a full disk under $IGD_HOME)
-// must not stop the copies: the failure is remembered on the run, reported with its outcome, and
-// the batch goes on without being resumable.
+// throws nothing here: the failure is remembered on the run and reported with its outcome, and no
+// further source is copied, since a crash then could be neither resumed nor cleaned up.
 class RunJournal {
 public:
     RunJournal(Journal& journal, BatchRun& run) : journal_(journal), run_(run) {}

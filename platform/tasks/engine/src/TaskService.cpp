@@ -61,7 +61,16 @@ TaskService::TaskService(TaskServiceOptions options) : options_(std::move(option
         options_.journalPath = Journal::DefaultPath();
     if (options_.projectPath.empty())
         options_.projectPath = Proj::DefaultProjectPath();
-    journal_ = std::make_shared<Journal>(options_.journalPath);
+    try {
+        journal_ = std::make_shared<Journal>(options_.journalPath);
+    } catch (const JournalError& error) {
+        if (!options_.setAsideUnreadableJournal || !error.Unreadable())
+            throw;
+        const std::string aside = Journal::SetAside(options_.journalPath);
+        journal_ = std::make_shared<Journal>(options_.journalPath);
+        journalNotice_ = std::string(error.what()) + "; it was moved to " + aside +
+                         ", and the batches it held cannot be resumed";
+    }
     backend_ = options_.copyBackend ? options_.copyBackend : MakeFileCopierBackend();
     pathIndex_ = std::make_unique<PathIndex>();
     const unsigned workers = std::max(1u, options_.workerThreads);
@@ -136,8 +145,8 @@ void TaskService::Submit(const fluxcore::utility::Guid& batch, TaskRecord record
     try {
         task.id = journal_->AddTask(batch, record, files);
     } catch (const JournalError& error) {
-        // The task still runs; it just cannot be resumed after a crash. Ids below zero keep
-        // such tasks apart without touching the journal.
+        // The batch still starts and reports, but copies nothing: a crash could not be resumed.
+        // Ids below zero keep such tasks apart without touching the journal.
         static std::atomic<std::int64_t> unrecorded{0};
         task.id = --unrecorded;
         files = PlannedFiles(record, task.id);

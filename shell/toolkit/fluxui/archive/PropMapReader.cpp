@@ -6,17 +6,10 @@
 #include <string>
 #include <type_traits>
 
-#include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/sax2/Attributes.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
-#include <xercesc/sax2/SAX2XMLReader.hpp>
-#include <xercesc/sax2/XMLReaderFactory.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/SecurityManager.hpp>
-#include <xercesc/util/XMLUni.hpp>
 
-#include "Fnd/XmlParser.h"
+#include "Fnd/SafeXmlReader.h"
 
 namespace fluxui::archive {
 
@@ -41,12 +34,7 @@ struct Element {
 };
 using DOMElement = Element;
 
-[[noreturn]] void ThrowParseError(const xercesc::SAXParseException& e) {
-    throw PropMapError("malformed XML at line " + std::to_string(e.getLineNumber()) + ", column " +
-                       std::to_string(e.getColumnNumber()) + ": " + Fnd::ToUTF8(e.getMessage()));
-}
-
-// Builds the element tree from the parse, and turns parse errors into PropMapError.
+// Builds the element tree from the parse.
 class TreeBuilder : public xercesc::DefaultHandler {
 public:
     void startDocument() override {
@@ -73,10 +61,6 @@ public:
         if (!open_.empty())
             open_.back().text.append(chars, length);
     }
-    void warning(const xercesc::SAXParseException&) override {}
-    void error(const xercesc::SAXParseException& e) override { ThrowParseError(e); }
-    void fatalError(const xercesc::SAXParseException& e) override { ThrowParseError(e); }
-
     const Element& Root() const { return root_; }
 
 private:
@@ -243,26 +227,13 @@ private:
 // on the UI thread, so in practice there is one.
 class ReusableParser {
 public:
-    ReusableParser() : parser_(xercesc::XMLReaderFactory::createXMLReader()) {
-        parser_->setFeature(xercesc::XMLUni::fgSAX2CoreNameSpaces, false);
-        parser_->setFeature(xercesc::XMLUni::fgSAX2CoreValidation, false);
-        parser_->setFeature(xercesc::XMLUni::fgXercesSchema, false);
-        parser_->setFeature(xercesc::XMLUni::fgXercesLoadExternalDTD, false);
-        // An archive declares no entities; the limit keeps a hostile one from expanding without end.
-        security_.setEntityExpansionLimit(100);
-        parser_->setProperty(xercesc::XMLUni::fgXercesSecurityManager, &security_);
-        parser_->setContentHandler(&builder_);
-        parser_->setErrorHandler(&builder_);
-    }
+    ReusableParser() : reader_(builder_) {}
 
     Property Read(std::span<const std::byte> document) {
-        xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(document.data()), document.size(),
-                                          "layout");
-        try {
-            parser_->parse(source);
-        } catch (const xercesc::XMLException& e) {
-            throw PropMapError("malformed XML: " + Fnd::ToUTF8(e.getMessage()));
-        }
+        const std::string problem =
+            reader_.Parse(std::string_view(reinterpret_cast<const char*>(document.data()), document.size()));
+        if (!problem.empty())
+            throw PropMapError((problem.starts_with("line ") ? "malformed XML at " : "malformed XML: ") + problem);
         if (builder_.Root().name.empty())
             throw PropMapError("the document is empty");
         TreeReader reader;
@@ -270,15 +241,13 @@ public:
     }
 
 private:
-    xercesc::SecurityManager security_;
     TreeBuilder builder_;
-    std::unique_ptr<xercesc::SAX2XMLReader> parser_;
+    Fnd::SafeXmlReader reader_;
 };
 
 } // namespace
 
 Property PropMapReader::Read(std::span<const std::byte> document) {
-    Fnd::EnsureXmlParser();
     thread_local ReusableParser parser;
     return parser.Read(document);
 }

@@ -8,7 +8,7 @@ namespace fluxui::controls {
 using fluxcore::geom::RectF;
 
 UI_ScrollView::UI_ScrollView(unsigned flags, const ui::UI_NodeRef& content)
-    : flags_(flags), content_(content), bar_(new UI_ScrollBar) {
+    : content_(content), bar_(new UI_ScrollBar) {
     if (!content_)
         throw std::invalid_argument("UI_ScrollView: a scroll view needs a content view");
     UI_SetLayoutsChildren(false);

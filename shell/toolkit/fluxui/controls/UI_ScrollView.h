@@ -44,7 +44,6 @@ public:
     static constexpr float kScrollBarSize = 14.0f;
 
 private:
-    unsigned flags_;
     ui::UI_NodeRef content_;
     boost::intrusive_ptr<UI_ScrollBar> bar_;
 };

@@ -4,7 +4,7 @@ namespace fluxui::ui {
 
 UI_Dialog::UI_Dialog(sketcher::SupplierInterface* supplier, Fnd::WString title, fluxcore::geom::PointF scale,
                      OS_Window* parent, unsigned flags)
-    : OS_Dialog(supplier, std::move(title)), parentWindow_(parent), flags_(flags) {
+    : OS_Dialog(supplier, std::move(title)), parentWindow_(parent) {
     SetViewScaleFactor(scale.x);
 }
 

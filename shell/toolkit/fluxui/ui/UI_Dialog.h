@@ -45,7 +45,6 @@ private:
     controls::UI_Button* FindDefaultButton(UI_Node& node) const;
 
     OS_Window* parentWindow_;
-    unsigned flags_;
     boost::intrusive_ptr<controls::UI_Button> cancelButton_;
     PostCloseFunctionPtr postClose_;
 };

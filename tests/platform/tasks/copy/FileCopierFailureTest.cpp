@@ -60,29 +60,6 @@ TEST(FileCopierFailures, AWriteErrorFailsOnlyItsTarget) {
     }
 }
 
-TEST(FileCopierFailures, ARealFullDisk) {
-    TempTree tree;
-    ScratchMount small(tree.NativePath("small"), "tmpfs", "size=1m");
-    if (!small.Mounted())
-        GTEST_SKIP() << small.Why();
-    tree.MakeFileOfSize("card/A001.MOV", 3u << 20);
-    const std::string source = tree.NativePath("card/A001.MOV");
-    const std::vector<CopyTarget> targets = {{small.Folder() + "/A001.MOV", 0},
-                                             {tree.NativePath("big/A001.MOV"), 0}};
-    for (const std::uint32_t mode : {kVerifyMD5, kVerifyNone}) {
-        SCOPED_TRACE("mode " + std::to_string(mode));
-        CopyControl control;
-        const auto outcomes = FileCopier(kSmallChunk).CopyFile(source, targets, mode, control, {});
-        EXPECT_EQ(outcomes[0].status, CopyStatus::Failed);
-        EXPECT_NE(outcomes[0].reason.find("No space left on device"), std::string::npos)
-            << outcomes[0].reason;
-        EXPECT_TRUE(NamesIn(small.Folder()).empty());
-        EXPECT_EQ(outcomes[1].status, CopyStatus::Copied) << outcomes[1].reason;
-        EXPECT_TRUE(SameContent(source, targets[1].path));
-        std::filesystem::remove(targets[1].path);
-    }
-}
-
 // As root, permissions do not stop a write; a read-only mount does.
 TEST(FileCopierFailures, AReadOnlyDestination) {
     TempTree tree;

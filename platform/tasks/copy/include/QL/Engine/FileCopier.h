@@ -3,9 +3,12 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "QL/Engine/CopyControl.h"
+#include "QL/Engine/DestinationFolders.h"
+#include "QL/Engine/FaultSeams.h"
 
 namespace QL::Engine {
 
@@ -16,9 +19,17 @@ class LaneHasher;
 // One target of a source. action is a copy action of the task contract: 0 nothing is expected
 // at the target (an existing one is then a conflict, reported, never overwritten), 1 skip (keep
 // the existing file), 2 keep both (write under a new unique name beside it), 3 replace.
+// folders: the run's destination folders, which decide what may be created; without them the
+// target's folders are simply made.
 struct CopyTarget {
+    CopyTarget() = default;
+    CopyTarget(std::string targetPath, std::int32_t copyAction = 0,
+               std::shared_ptr<DestinationFolders> destinationFolders = nullptr)
+        : path(std::move(targetPath)), action(copyAction), folders(std::move(destinationFolders)) {}
+
     std::string path;
     std::int32_t action = 0;
+    std::shared_ptr<DestinationFolders> folders;
 };
 
 // How a destination's copy was checked.
@@ -49,16 +60,9 @@ struct CopyOutcome {
     VerifiedBy verifiedBy = VerifiedBy::NotVerified;
     std::string checksum; // hex MD5 of the source when the verify mode is MD5; else empty
     std::uint64_t bytes = 0;
-};
-
-// Test seams: fault injection between the steps of a copy. Empty in production.
-struct CopyHooks {
-    // After a temporary is written and flushed, before it is verified. While it is set the whole
-    // file is checked after it ran, rather than region by region behind the writing, so that
-    // whatever it does to the temporary is seen.
-    std::function<void(const std::string& temporaryPath)> afterWrite;
-    // Before each write to a target; answering an errno (ENOSPC, EIO) makes that write fail so.
-    std::function<int(const std::string& temporaryPath, std::uint64_t offset)> failWrite;
+    // A temporary that could not be removed (the disk turned read-only): the reason names it, and
+    // whoever cleans up later must remove it.
+    std::string leftover;
 };
 
 // Called from copying threads with the bytes of the source done so far.
@@ -66,9 +70,9 @@ using ProgressFunction = std::function<void(std::uint64_t sourceBytesDone)>;
 
 // Streams one source to all its targets: the source is read once, in large aligned chunks, and
 // each chunk goes to every target in parallel. Each target is written to a temporary name in its
-// folder (folders created), flushed, verified by verifyMode (the task contract's values), given
-// the source's modification time, and only then renamed to its final name. A failing target
-// does not stop the others.
+// folder (folders created, as far as the target's DestinationFolders allow), flushed, verified by
+// verifyMode (the task contract's values), given the source's modification time, and only then
+// renamed to its final name. A failing target does not stop the others.
 //
 // Memory is bounded whatever the file size: four chunks shared by all targets, and per target
 // four read-back buffers of at most 2 MiB each, read into at once (two buffers, one read at a

@@ -19,6 +19,14 @@ namespace QL::Engine {
 class JournalError : public Sqlite::Error {
 public:
     using Sqlite::Error::Error;
+    JournalError(const std::string& what, bool unreadable) : Sqlite::Error(what), unreadable_(unreadable) {}
+
+    // The file is no journal at all (garbage, another kind of database): nothing in it can be
+    // resumed, and only setting it aside lets a new one begin.
+    bool Unreadable() const { return unreadable_; }
+
+private:
+    bool unreadable_ = false;
 };
 
 enum class FileState : std::uint8_t {
@@ -97,6 +105,11 @@ public:
     Journal& operator=(const Journal&) = delete;
 
     const std::string& Path() const { return path_; }
+
+    // Renames a journal that cannot be read, with its side files, to a name beside it that says
+    // so, and answers that name; it is kept, never deleted, for whoever wants to look into it.
+    // Throws JournalError when the rename fails.
+    static std::string SetAside(const std::string& path);
 
     // Records a task under its batch (created waiting when new) and a pending row for each of its
     // copy entries, in one transaction. Answers the task's id; files receives the rows with ids.

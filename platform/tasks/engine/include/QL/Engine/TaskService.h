@@ -53,9 +53,10 @@ public:
     enum class ResumeResult { Queued, Unknown, NotResumable, Busy };
     // Runs an unfinished batch of the journal again, as a crash left it: temporaries removed,
     // files verified under their final names kept, the rest copied, imports not yet done done.
-    // Busy: another process is running it.
-    // The folders the batch writes to are taken first (DestinationLocks): while another igd
-    // writes to one, the call waits, after telling waiting which.
+    // Busy: another process is running it. Throws JournalError when the batch's records cannot be
+    // read; nothing on disk is touched then. The folders the batch writes to are taken first
+    // (DestinationLocks): while another igd writes to one, the call waits, after telling waiting
+    // which.
     ResumeResult Resume(const fluxcore::utility::Guid& batch,
                         const std::function<void(const std::string& busyFolder)>& waiting = {});
 
@@ -64,6 +65,8 @@ public:
     bool IsIdle() const;
 
     Journal& GetJournal() const { return *journal_; }
+    // Empty, or what became of an unreadable journal that was set aside.
+    const std::string& JournalNotice() const { return journalNotice_; }
 
 private:
     struct WaitingBatch;
@@ -77,6 +80,7 @@ private:
 
     TaskServiceOptions options_;
     std::shared_ptr<Journal> journal_;
+    std::string journalNotice_;
     std::shared_ptr<CopyBackend> backend_;
     std::unique_ptr<PathIndex> pathIndex_;
 

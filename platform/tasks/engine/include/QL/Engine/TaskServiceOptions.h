@@ -21,6 +21,10 @@ struct TaskServiceOptions {
     unsigned workerThreads = 1;
     // Null: the file copier with its default chunk size.
     std::shared_ptr<CopyBackend> copyBackend;
+    // A journal that is no journal (garbage, another kind of file) is set aside and a new one
+    // begun, rather than refusing to work: what a new ingest wants. Resume leaves it alone, and
+    // says why it cannot use it. See TaskService::JournalNotice.
+    bool setAsideUnreadableJournal = false;
     // The least time between two progress messages of a batch.
     std::chrono::milliseconds progressInterval{250};
 };
