@@ -1,6 +1,7 @@
 #include "IngestCheck.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
@@ -16,6 +17,12 @@ std::string U(const Fnd::WString& text) {
 }
 
 } // namespace
+
+void RemoveMadeFolders(const std::vector<Fnd::WString>& made) {
+    // Deepest first; a folder something was put into meanwhile stays.
+    for (auto it = made.rbegin(); it != made.rend(); ++it)
+        ::rmdir(Fnd::ToUTF8(*it).c_str());
+}
 
 std::string CheckIngestInput(const std::vector<Fnd::WString>& sources,
                              const std::vector<Fnd::WString>& destinations,
@@ -45,9 +52,10 @@ std::string CheckIngestInput(const std::vector<Fnd::WString>& sources,
     for (const Fnd::WString& destination : destinations) {
         if (Fnd::PathUtils::ExistsOnDisk(destination, false))
             continue;
-        if (::mkdir(Fnd::ToUTF8(destination).c_str(), 0777) != 0)
+        if (::mkdir(Fnd::ToUTF8(destination).c_str(), 0777) == 0)
+            made.push_back(destination);
+        else if (errno != EEXIST) // another igd given the same new folder made it first
             return "cannot create the destination " + U(destination) + ": " + std::strerror(errno);
-        made.push_back(destination);
     }
     return {};
 }

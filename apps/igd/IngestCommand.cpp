@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <filesystem>
 #include <iostream>
 #include <limits>
 #include <map>
@@ -21,6 +22,7 @@
 #include "PresetLookup.h"
 #include "Proj/Project.h"
 #include "QL/CopySetting.h"
+#include "QL/Engine/DestinationLocks.h"
 #include "ResumeCommand.h"
 #include "ServiceRunner.h"
 #include "TemplateValues.h"
@@ -85,6 +87,20 @@ std::string ChooseTemplates(const IngestOptions& options, IGD::IngestChoices& ch
     return SetTemplateValues(options.values, {choices.renamePreset, choices.metadataPreset});
 }
 
+// Another igd writing to a destination is waited for, and said so: the existing files are then
+// settled by --on-conflict against what it wrote.
+QL::Engine::DestinationLocks LockDestinations(const std::vector<Fnd::WString>& destinations) {
+    std::vector<std::string> folders;
+    for (const Fnd::WString& destination : destinations) {
+        std::error_code error;
+        const std::filesystem::path real = std::filesystem::weakly_canonical(Fnd::ToUTF8(destination), error);
+        folders.push_back(error ? Fnd::ToUTF8(destination) : real.string());
+    }
+    return QL::Engine::DestinationLocks::Take(folders, [](const std::string& busy) {
+        std::cerr << "igd: another igd is writing to " << busy << "; waiting for it to finish\n";
+    });
+}
+
 int RunIngest(const IngestOptions& options) {
     std::vector<Fnd::WString> sources;
     for (const std::string& source : options.sources)
@@ -109,14 +125,14 @@ int RunIngest(const IngestOptions& options) {
         return kExitBadInput;
     }
     std::vector<Fnd::WString> made;
-    const std::string error = CheckIngestInput(sources, choices.destinations, made);
-    for (const Fnd::WString& folder : made)
-        std::cerr << "igd: made the destination folder " << Fnd::ToDisplayUTF8(folder) << "\n";
-    if (!error.empty()) {
+    if (const std::string error = CheckIngestInput(sources, choices.destinations, made); !error.empty()) {
+        RemoveMadeFolders(made);
         std::cerr << "igd: " << error << "\n";
         return kExitBadInput;
     }
     choices.startNumber = options.startNumber;
+    // Held to the end: what is planned below stays true while this process writes.
+    const QL::Engine::DestinationLocks locks = LockDestinations(choices.destinations);
 
     for (const Fnd::WString& destination : choices.destinations)
         run.destinations.push_back(Fnd::ToDisplayUTF8(destination));
@@ -130,8 +146,13 @@ int RunIngest(const IngestOptions& options) {
     if (sessions.empty())
         sessions.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
     IGD::ApplyIngestChoices(sessions, choices);
-    if (!IGD::CheckIngestSessions(sessions, Fnd::Date::Now()) || !IGD::CompleteIngestSessions(sessions))
+    if (!IGD::CheckIngestSessions(sessions, Fnd::Date::Now()) || !IGD::CompleteIngestSessions(sessions)) {
+        RemoveMadeFolders(made);
         return kExitFailure;
+    }
+    // Said only now: a refused ingest takes the folders away again.
+    for (const Fnd::WString& folder : made)
+        std::cerr << "igd: made the destination folder " << Fnd::ToDisplayUTF8(folder) << "\n";
     const int exitCode = RunTaskService(run, [&](QL::Engine::TaskService&) {
         IGD::StartIngestSessions(sessions, fluxcore::utility::Guid::CreateUnique());
         return kExitSuccess;

@@ -45,7 +45,9 @@ int RunResume(const ResumeOptions& options) {
         for (const fluxcore::utility::Guid& batch : batches) {
             TaskService::ResumeResult result = TaskService::ResumeResult::NotResumable;
             try {
-                result = service.Resume(batch);
+                result = service.Resume(batch, [](const std::string& busy) {
+                    std::cerr << "igd: another igd is writing to " << busy << "; waiting for it to finish\n";
+                });
             } catch (const QL::Engine::JournalError& error) {
                 // One unreadable batch leaves the others resumable and touches no copy.
                 std::cerr << "igd: batch " << batch.ToString() << " cannot be resumed, its copies are left as they are: "

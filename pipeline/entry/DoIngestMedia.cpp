@@ -9,6 +9,7 @@
 #include "Mid/Utilities.h"
 #include "QL/CopySetting.h"
 #include "QL/IngestMessages.h"
+#include "pipeline/entry/ResolvedDestination.h"
 #include "pipeline/plan/CopyDecisions.h"
 #include "pipeline/gathering/GatherPathItems.h"
 #include "pipeline/session/IngestDialogData.h"
@@ -104,7 +105,7 @@ bool AddCopyDestination(const QL::IngestMediaGroup& group, bool useGivenBatch, b
                         const fluxcore::utility::Guid& givenBatch, IIngestDialogData& session,
                         fluxcore::utility::Guid& workingBatch) {
     IngestDestinationRef destination(new IngestDestination);
-    destination->SetDestinationPath(group.destinationPath);
+    destination->SetDestinationPath(ResolvedDestination(group.destinationPath));
     destination->SetPrimary(primary);
     if (useGivenBatch) {
         workingBatch = givenBatch;

@@ -6,9 +6,11 @@
 #include "Fnd/StationUtils.h"
 #include "QL/IngestMessages.h"
 #include "QL/TranscodeSetting.h"
+#include "pipeline/entry/ResolvedDestination.h"
 #include "pipeline/entry/IngestRequest.h"
 #include "pipeline/entry/AdvanceRenameCounter.h"
 #include "pipeline/plan/IngestPlan.h"
+#include "pipeline/plan/TargetsOfIngest.h"
 #include "settings/IngestSettingsController.h"
 #include "Proj/PreferenceAccess.h"
 #include "settings/SettingKeys.h"
@@ -42,7 +44,7 @@ void ApplyToSession(IIngestDialogData& session, const IngestChoices& choices) {
     session.SetImportOnly(choices.destinations.empty());
     for (std::size_t i = 0; i < choices.destinations.size(); ++i) {
         IngestDestinationRef destination(new IngestDestination);
-        destination->SetDestinationPath(choices.destinations[i]);
+        destination->SetDestinationPath(ResolvedDestination(choices.destinations[i]));
         destination->SetSubFolder(choices.subFolder);
         destination->SetPrimary(i == 0);
         destination->SetEnabled(true);
@@ -100,9 +102,13 @@ bool CheckIngestSessions(const std::vector<IngestDialogDataRef>& sessions, Fnd::
 
 bool CompleteIngestSessions(const std::vector<IngestDialogDataRef>& sessions,
                             const QL::MinimumMetadataResult& minimumMetadata) {
-    for (const IngestDialogDataRef& session : sessions)
-        if (!CompleteIngestRequest(*session, minimumMetadata))
-            return false;
+    {
+        // Files of different sessions may meet at one target too.
+        const TargetsOfIngest targets;
+        for (const IngestDialogDataRef& session : sessions)
+            if (!CompleteIngestRequest(*session, minimumMetadata))
+                return false;
+    }
     for (const IngestDialogDataRef& session : sessions)
         AdvanceRenameCounter(*session);
     if (!sessions.empty() && sessions.front()->IsRenameEnabled())

@@ -11,32 +11,45 @@
 #include "host/HostKind.h"
 #include "pipeline/session/ItemFormats.h"
 #include "pipeline/gathering/NormalizedRoot.h"
+#include "pipeline/plan/TargetsOfIngest.h"
 
 namespace IGD {
 namespace {
 
 // DecidePathCopy with the source path made only when the user must be asked: nearly every target
 // is free, and a large selection would otherwise build a source path per file for nothing.
+// A target that an earlier file of the same ingest will write is met like one on the disk, except
+// that replacing it would lose that file: both are kept. Folders meeting merge, as on the disk.
 template <class SourcePath>
 bool DecidePathCopyFrom(const SourcePath& sourcePath, const Fnd::WString& target, std::int32_t& action,
-                        std::int32_t& applyToAll) {
+                        std::int32_t& applyToAll, TargetsOfIngest& targets, const void* owner) {
     const bool exists = Fnd::PathUtils::ExistsOnDisk(target, false);
-    if (!exists && !QL::IngestTask::TaskScheduler::IsPathInCopyList(target)) {
+    const bool claimed = targets.ClaimedByOther(target, owner);
+    if (!exists && !claimed && !QL::IngestTask::TaskScheduler::IsPathInCopyList(target)) {
+        action = QL::kCopyActionNone;
+        targets.Claim(target, owner);
+        return true;
+    }
+    if (claimed && !exists && Fnd::PathUtils::IsDirectory(sourcePath())) {
         action = QL::kCopyActionNone;
         return true;
     }
     if (applyToAll != 0) {
         action = applyToAll;
-        return true;
+    } else {
+        int choice = 0;
+        int applyChoice = 0;
+        if (!QL::IngestUtils::WarnUserForExistPath(sourcePath(), target, Fnd::PathUtils::IsDirectory(target),
+                                                   choice, applyChoice, true, !exists, true))
+            return false;
+        action = choice;
+        if (applyChoice == 1)
+            applyToAll = choice;
     }
-    int choice = 0;
-    int applyChoice = 0;
-    if (!QL::IngestUtils::WarnUserForExistPath(sourcePath(), target, Fnd::PathUtils::IsDirectory(target),
-                                               choice, applyChoice, true, !exists, true))
-        return false;
-    action = choice;
-    if (applyChoice == 1)
-        applyToAll = choice;
+    if (claimed && action == QL::kCopyActionReplace)
+        action = QL::kCopyActionKeepBoth;
+    if (action != QL::kCopyActionSkip)
+        targets.Claim(target, owner);
     return true;
 }
 
@@ -64,9 +77,10 @@ std::int32_t InheritedAction(const SelectedItem& item, std::int32_t itemAction) 
 
 bool AskForEachPath(const SelectedItem& item, const NormalizedRoot& sourceRoot,
                     const NormalizedRoot& targetFolder, const Fnd::WString& target, CopyActionMap& actions,
-                    std::int32_t& applyToAll) {
+                    std::int32_t& applyToAll, TargetsOfIngest& targets) {
     std::int32_t action = QL::kCopyActionNone;
-    if (!DecidePathCopyFrom([&] { return sourceRoot.ItemPath(item); }, target, action, applyToAll))
+    if (!DecidePathCopyFrom([&] { return sourceRoot.ItemPath(item); }, target, action, applyToAll, targets,
+                            &item))
         return false;
     SetAction(actions, item.GetItemPath(), action);
 
@@ -78,7 +92,7 @@ bool AskForEachPath(const SelectedItem& item, const NormalizedRoot& sourceRoot,
         }
         std::int32_t extraAction = QL::kCopyActionNone;
         if (!DecidePathCopyFrom([&] { return sourceRoot.Join(extra); }, targetFolder.Join(extra), extraAction,
-                                applyToAll))
+                                applyToAll, targets, &item))
             return false;
         SetAction(actions, extra, extraAction);
     }
@@ -107,13 +121,13 @@ void KeepBothUnasked(SelectedItem& item, IngestDestination& destination, const F
 // The roots and the host kind come from the caller, which knows them for all items at once.
 bool DecideItemCopyAt(SelectedItem& item, const NormalizedRoot& sourceRoot, IngestDestination& destination,
                       const NormalizedRoot& targetFolder, bool hosted, CopyActionMap& actions,
-                      std::int32_t& applyToAll) {
+                      std::int32_t& applyToAll, TargetsOfIngest& targets) {
     const Fnd::WString target = targetFolder.TargetPath(item);
     if (hosted) {
         KeepBothUnasked(item, destination, target, actions, applyToAll);
         return true;
     }
-    return AskForEachPath(item, sourceRoot, targetFolder, target, actions, applyToAll);
+    return AskForEachPath(item, sourceRoot, targetFolder, target, actions, applyToAll, targets);
 }
 
 } // namespace
@@ -121,6 +135,7 @@ bool DecideItemCopyAt(SelectedItem& item, const NormalizedRoot& sourceRoot, Inge
 bool BuildCopyDecisions(const Fnd::WString& sourceRoot, const SelectedItemList& items,
                         const DestinationList& destinations, CopyDecisionMap& decisions) {
     std::int32_t applyToAll = 0;
+    TargetsOfIngest targets;
     const bool hosted = IsKilnHosted();
     const NormalizedRoot source(sourceRoot);
     for (const IngestDestinationRef& destination : destinations) {
@@ -134,7 +149,7 @@ bool BuildCopyDecisions(const Fnd::WString& sourceRoot, const SelectedItemList& 
         CopyActionMap& actions = decisions[destination];
         const NormalizedRoot targetFolder(destination->GetFullDestinationPath());
         for (const SelectedItemRef& item : items) {
-            if (!DecideItemCopyAt(*item, source, *destination, targetFolder, hosted, actions, applyToAll))
+            if (!DecideItemCopyAt(*item, source, *destination, targetFolder, hosted, actions, applyToAll, targets))
                 return false;
         }
     }
@@ -143,14 +158,16 @@ bool BuildCopyDecisions(const Fnd::WString& sourceRoot, const SelectedItemList& 
 
 bool DecideItemCopy(SelectedItem& item, const Fnd::WString& sourceRoot, IngestDestination& destination,
                     CopyActionMap& actions, std::int32_t& applyToAll) {
+    TargetsOfIngest targets;
     return DecideItemCopyAt(item, NormalizedRoot(sourceRoot), destination,
                             NormalizedRoot(destination.GetFullDestinationPath()), IsKilnHosted(), actions,
-                            applyToAll);
+                            applyToAll, targets);
 }
 
 bool DecidePathCopy(const Fnd::WString& source, const Fnd::WString& target, std::int32_t& action,
                     std::int32_t& applyToAll) {
-    return DecidePathCopyFrom([&source] { return source; }, target, action, applyToAll);
+    TargetsOfIngest targets;
+    return DecidePathCopyFrom([&source] { return source; }, target, action, applyToAll, targets, nullptr);
 }
 
 bool DecideSessionCopies(IIngestDialogData& session) {

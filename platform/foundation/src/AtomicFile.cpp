@@ -29,6 +29,13 @@ void WriteAll(int fd, std::string_view content, const std::string& path) {
     }
 }
 
+constexpr std::string_view kRandomPart = ".XXXXXX";
+constexpr std::size_t kAddedBytes = 1 + kRandomPart.size(); // "." in front, ".XXXXXX" behind
+
+bool IsRandomCharacter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
 // A temporary whose name no other writer uses: mkstemp beside the target.
 int OpenTemporary(const std::string& path, std::string& temporary) {
     const std::size_t slash = path.rfind('/');
@@ -37,8 +44,7 @@ int OpenTemporary(const std::string& path, std::string& temporary) {
     // Any name the filesystem takes must be writable, so the temporary's own name (the target's
     // behind a dot, then mkstemp's suffix) is cut to fit the same 255 bytes.
     constexpr std::size_t kMaxNameBytes = 255;
-    constexpr std::size_t kAddedBytes = 1 + 7; // "." in front, ".XXXXXX" behind
-    temporary = folder + "." + name.substr(0, kMaxNameBytes - kAddedBytes) + ".XXXXXX";
+    temporary = folder + "." + name.substr(0, kMaxNameBytes - kAddedBytes) + std::string(kRandomPart);
     const int fd = ::mkstemp(temporary.data());
     if (fd < 0)
         Fail(path);
@@ -46,6 +52,18 @@ int OpenTemporary(const std::string& path, std::string& temporary) {
 }
 
 } // namespace
+
+std::string_view AtomicTemporaryTarget(std::string_view temporaryName) {
+    if (temporaryName.size() <= kAddedBytes || temporaryName.front() != '.')
+        return {};
+    const std::string_view random = temporaryName.substr(temporaryName.size() - kRandomPart.size());
+    if (random.front() != '.')
+        return {};
+    for (const char c : random.substr(1))
+        if (!IsRandomCharacter(c))
+            return {};
+    return temporaryName.substr(1, temporaryName.size() - kAddedBytes);
+}
 
 bool WriteFileAtomically(const std::string& path, std::string_view content, bool replace) {
     std::string temporary;

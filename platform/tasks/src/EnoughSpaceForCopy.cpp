@@ -14,20 +14,19 @@
 namespace QL {
 namespace {
 
-// A filesystem that destinations write to, with the space it offers.
+// A filesystem that destinations write to, with the space it offers and what they need of it.
 struct DestinationVolume {
     dev_t device;
     std::uint64_t freeBytes;
     std::uint64_t blockSize;
-    std::size_t copies = 0; // destinations on it: each receives every source
+    std::uint64_t needed = 0;
     Fnd::WString firstPath; // the destination the user is told about
 };
 
-// What the sources take on a filesystem of one block size: files occupy whole blocks, and each
-// folder at least one.
-struct SourceTotal {
-    std::uint64_t blockSize;
-    std::uint64_t bytes = 0;
+// A destination as the walk over the sources sees it.
+struct DestinationFolder {
+    std::string path;
+    std::size_t volume; // index into the volumes
 };
 
 std::uint64_t RoundUp(std::uint64_t size, std::uint64_t blockSize) {
@@ -77,21 +76,36 @@ std::vector<std::string> OutermostSources(const std::vector<Fnd::WString>& sourc
     return outermost;
 }
 
-void AddEntry(const struct stat& info, std::vector<SourceTotal>& totals) {
-    if (S_ISREG(info.st_mode)) {
-        const auto size = static_cast<std::uint64_t>(info.st_size);
-        for (SourceTotal& total : totals)
-            total.bytes += RoundUp(size, total.blockSize);
-    } else if (S_ISDIR(info.st_mode)) {
-        for (SourceTotal& total : totals)
-            total.bytes += total.blockSize;
+// What already stands where the entry's copy would go, under the source's own name in the
+// destination, takes no new space: a file of the same size is either left as it is or swapped
+// for its copy one at a time, and an existing folder is merged into.
+bool AlreadyStands(const std::string& target, const struct stat& source) {
+    struct stat existing {};
+    if (::lstat(target.c_str(), &existing) != 0)
+        return false;
+    if (S_ISDIR(source.st_mode))
+        return S_ISDIR(existing.st_mode);
+    return S_ISREG(existing.st_mode) && existing.st_size == source.st_size;
+}
+
+void AddEntry(const std::string& relative, const struct stat& info,
+              const std::vector<DestinationFolder>& destinations, std::vector<DestinationVolume>& volumes) {
+    if (!S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode))
+        return;
+    for (const DestinationFolder& destination : destinations) {
+        if (AlreadyStands(destination.path + "/" + relative, info))
+            continue;
+        DestinationVolume& volume = volumes[destination.volume];
+        volume.needed += S_ISREG(info.st_mode) ? RoundUp(static_cast<std::uint64_t>(info.st_size), volume.blockSize)
+                                               : volume.blockSize;
     }
 }
 
-// One walk over all sources for every block size at once; links are neither followed nor
+// One walk over all sources for every destination at once; links are neither followed nor
 // counted, a missing or unreadable entry counts nothing (the existence checks report those).
-void MeasureSources(const std::vector<std::string>& sources, std::vector<SourceTotal>& totals) {
-    if (sources.empty())
+void MeasureSources(const std::vector<std::string>& sources, const std::vector<DestinationFolder>& destinations,
+                    std::vector<DestinationVolume>& volumes) {
+    if (sources.empty() || destinations.empty())
         return;
     std::vector<char*> roots;
     roots.reserve(sources.size() + 1);
@@ -101,9 +115,17 @@ void MeasureSources(const std::vector<std::string>& sources, std::vector<SourceT
     FTS* walk = ::fts_open(roots.data(), FTS_PHYSICAL | FTS_NOCHDIR, nullptr);
     if (walk == nullptr)
         return;
+    // Where the source being walked starts its path: below it, the entry's path in a destination.
+    std::size_t rootParentLength = 0;
     while (const FTSENT* entry = ::fts_read(walk)) {
+        if (entry->fts_level == FTS_ROOTLEVEL) {
+            const std::string_view root(entry->fts_path, entry->fts_pathlen);
+            const std::size_t slash = root.rfind('/');
+            rootParentLength = slash == std::string_view::npos ? 0 : slash + 1;
+        }
         if (entry->fts_info == FTS_F || entry->fts_info == FTS_D)
-            AddEntry(*entry->fts_statp, totals);
+            AddEntry(std::string(entry->fts_path + rootParentLength, entry->fts_pathlen - rootParentLength),
+                     *entry->fts_statp, destinations, volumes);
     }
     ::fts_close(walk);
 }
@@ -114,6 +136,7 @@ bool IngestUtils::EnoughSpaceForCopy(const std::vector<Fnd::WString>& sourcePath
                                      const std::vector<Fnd::WString>& destinationPaths,
                                      Fnd::WString& failingPath, std::uint64_t& missingBytes) {
     std::vector<DestinationVolume> volumes;
+    std::vector<DestinationFolder> folders;
     for (const Fnd::WString& destination : destinationPaths) {
         if (destination.empty()) {
             failingPath.clear();
@@ -130,24 +153,16 @@ bool IngestUtils::EnoughSpaceForCopy(const std::vector<Fnd::WString>& sourcePath
             measured.firstPath = destination;
             same = volumes.insert(volumes.end(), measured);
         }
-        ++same->copies;
+        folders.push_back({Fnd::ToUTF8(Mid::Utilities::NormalizePathWithoutUNC(destination)),
+                           static_cast<std::size_t>(same - volumes.begin())});
     }
 
-    std::vector<SourceTotal> totals;
-    for (const DestinationVolume& volume : volumes)
-        if (std::none_of(totals.begin(), totals.end(),
-                         [&](const SourceTotal& t) { return t.blockSize == volume.blockSize; }))
-            totals.push_back({volume.blockSize});
-    MeasureSources(OutermostSources(sourcePaths), totals);
+    MeasureSources(OutermostSources(sourcePaths), folders, volumes);
 
     for (const DestinationVolume& volume : volumes) {
-        const auto total = std::find_if(totals.begin(), totals.end(), [&](const SourceTotal& t) {
-            return t.blockSize == volume.blockSize;
-        });
-        const std::uint64_t needed = total->bytes * volume.copies;
-        if (needed > volume.freeBytes) {
+        if (volume.needed > volume.freeBytes) {
             failingPath = volume.firstPath;
-            missingBytes = needed - volume.freeBytes;
+            missingBytes = volume.needed - volume.freeBytes;
             return false;
         }
     }

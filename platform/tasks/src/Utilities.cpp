@@ -1,7 +1,9 @@
 #include "QL/Utilities.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -23,13 +25,19 @@ struct FolderEntry {
     bool descend;     // a real folder; a link to one is listed but not entered
 };
 
-// Entries of one folder in byte order of their names, so that the listing is the same on every
-// file system and in every locale. An unreadable folder lists as empty.
-std::vector<FolderEntry> ListFolderSorted(const std::string& folder) {
+// Entries of an open folder in byte order of their names, so that the listing is the same on every
+// file system and in every locale. Read through the folder's descriptor: a path longer than the
+// system takes is no obstacle. An unreadable folder lists as empty; the copy of the folder then
+// fails and names it.
+std::vector<FolderEntry> ListFolderSorted(int folder) {
     std::vector<FolderEntry> entries;
-    DIR* dir = ::opendir(folder.c_str());
-    if (!dir)
+    const int listing = ::dup(folder);
+    DIR* dir = listing < 0 ? nullptr : ::fdopendir(listing);
+    if (!dir) {
+        if (listing >= 0)
+            ::close(listing);
         return entries;
+    }
     while (const dirent* entry = ::readdir(dir)) {
         const std::string_view name = entry->d_name;
         if (name == "." || name == "..")
@@ -37,8 +45,7 @@ std::vector<FolderEntry> ListFolderSorted(const std::string& folder) {
         bool descend = entry->d_type == DT_DIR;
         if (entry->d_type == DT_UNKNOWN) {
             struct stat info {};
-            const std::string child = folder + "/" + std::string(name);
-            descend = ::lstat(child.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+            descend = ::fstatat(folder, entry->d_name, &info, AT_SYMLINK_NOFOLLOW) == 0 && S_ISDIR(info.st_mode);
         }
         entries.push_back({std::string(name), descend});
     }
@@ -47,6 +54,10 @@ std::vector<FolderEntry> ListFolderSorted(const std::string& folder) {
     std::sort(entries.begin(), entries.end(),
               [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
     return entries;
+}
+
+int OpenFolderAt(int parent, const char* path) {
+    return ::openat(parent, path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
 }
 
 template <class S> S JoinChild(const S& folder, const S& name) {
@@ -105,30 +116,31 @@ void Utilities::ExtendFolderPaths(const Fnd::WString& folder, std::vector<Fnd::W
     // An explicit stack rather than recursion: a deep tree must not exhaust the thread's stack.
     struct OpenFolder {
         Fnd::WString widePath;
-        std::string nativePath;
+        int fd;
         std::vector<FolderEntry> entries;
         std::size_t next = 0;
     };
     std::vector<OpenFolder> open;
+    const auto push = [&open](Fnd::WString widePath, int fd) {
+        std::vector<FolderEntry> entries = fd < 0 ? std::vector<FolderEntry>() : ListFolderSorted(fd);
+        open.push_back({std::move(widePath), fd, std::move(entries)});
+    };
     Fnd::WString root = Fnd::PathUtils::RemoveTrailingSlash(folder);
-    std::string nativeRoot = Fnd::ToUTF8(root);
-    std::vector<FolderEntry> rootEntries = ListFolderSorted(nativeRoot);
-    open.push_back({std::move(root), std::move(nativeRoot), std::move(rootEntries)});
+    const int rootFd = OpenFolderAt(AT_FDCWD, Fnd::ToUTF8(root).c_str());
+    push(std::move(root), rootFd);
     while (!open.empty()) {
         OpenFolder& current = open.back();
         if (current.next == current.entries.size()) {
+            if (current.fd >= 0)
+                ::close(current.fd);
             open.pop_back();
             continue;
         }
         const FolderEntry& entry = current.entries[current.next++];
         Fnd::WString wideChild = JoinChild(current.widePath, Fnd::FromUTF8(entry.name));
         paths.push_back(wideChild);
-        if (entry.descend) {
-            std::string nativeChild = JoinChild(current.nativePath, entry.name);
-            std::vector<FolderEntry> childEntries = ListFolderSorted(nativeChild);
-            // current is invalid after this push.
-            open.push_back({std::move(wideChild), std::move(nativeChild), std::move(childEntries)});
-        }
+        if (entry.descend)
+            push(std::move(wideChild), OpenFolderAt(current.fd, entry.name.c_str())); // current is invalid now
     }
 }
 

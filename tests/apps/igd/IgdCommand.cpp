@@ -10,6 +10,15 @@
 
 namespace igd::test {
 
+void ExecIgd(const std::vector<std::string>& arguments) {
+    std::vector<char*> argv{const_cast<char*>(IGD_BINARY)};
+    for (const std::string& argument : arguments)
+        argv.push_back(const_cast<char*>(argument.c_str()));
+    argv.push_back(nullptr);
+    ::execv(IGD_BINARY, argv.data());
+    ::_exit(127);
+}
+
 IgdProcess::IgdProcess(const std::vector<std::string>& arguments) {
     int out[2];
     int err[2];
@@ -22,12 +31,7 @@ IgdProcess::IgdProcess(const std::vector<std::string>& arguments) {
         ::close(out[0]);
         ::close(err[0]);
         ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
-        std::vector<char*> argv{const_cast<char*>(IGD_BINARY)};
-        for (const std::string& argument : arguments)
-            argv.push_back(const_cast<char*>(argument.c_str()));
-        argv.push_back(nullptr);
-        ::execv(IGD_BINARY, argv.data());
-        ::_exit(127);
+        ExecIgd(arguments);
     }
     ::close(out[1]);
     ::close(err[1]);

@@ -46,6 +46,9 @@ struct Ran {
     std::string Said() const { return out + err; }
 };
 
+// Replaces a forked child with igd and the arguments; never returns.
+[[noreturn]] void ExecIgd(const std::vector<std::string>& arguments);
+
 // igd with the arguments, run to its end.
 Ran RunIgd(const std::vector<std::string>& arguments);
 

@@ -204,9 +204,8 @@ TEST_F(IgdIngestCommandTest, AFolderOfCardsIsOpenedLikeACardReader) {
     EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), 5u) << "two card clips, three files";
 }
 
-TEST_F(IgdIngestCommandTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
+TEST_F(IgdIngestCommandTest, AFailedCheckShowsItsBoxAndSubmitsNorMakesNothing) {
     MakeCard();
-    tree.MakeFolder("main");
     struct Case {
         std::vector<std::string> options;
         std::string box;
@@ -218,13 +217,15 @@ TEST_F(IgdIngestCommandTest, AFailedCheckShowsItsBoxAndSubmitsNothing) {
          "Transfer Error: The destination folder path " + Native("SHOOT") +
              " is the same as the source folder. Cannot transfer to the source folder.\n"}};
     for (const Case& each : cases) {
-        std::vector<std::string> options{"--to", Native("main")};
+        std::vector<std::string> options{"--to", Native("main"), "--to", Native("backup")};
         options.insert(options.end(), each.options.begin(), each.options.end());
         const Ran ran = Ingest(options);
         SCOPED_TRACE(each.box);
         EXPECT_EQ(ran.exitCode, 1);
         EXPECT_EQ(ran.err, each.box);
-        EXPECT_TRUE(std::filesystem::is_empty(Native("main")));
+        // The destinations were missing: a refused ingest leaves none behind.
+        EXPECT_FALSE(std::filesystem::exists(Native("main")));
+        EXPECT_FALSE(std::filesystem::exists(Native("backup")));
     }
     EXPECT_TRUE(Proj::Project::Open(home.ProjectPath())->Items().empty());
 }

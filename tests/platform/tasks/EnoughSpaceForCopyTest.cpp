@@ -104,6 +104,26 @@ TEST_F(EnoughSpaceForCopy, FolderSourcesCountTheirTreeOnceAndFollowNoLinks) {
     }
 }
 
+// An ingest cut short by a full disk: the copies made stand in the destination and need no
+// second room, so the rest can be finished on the same disk.
+TEST_F(EnoughSpaceForCopy, FilesAlreadyStandingInTheDestinationNeedNoSpace) {
+    const Fnd::WString card = tree.MakeFolder("card");
+    const Fnd::WString first = Sparse("card/A001.MOV", free / 10 * 3);
+    Sparse("card/A002.MOV", free / 10 * 3);
+    const Fnd::WString destination = tree.MakeFolder("out");
+    ASSERT_TRUE(Ask({card}, {destination}).enough) << "all of it fits once";
+    ASSERT_FALSE(Ask({card}, {destination, tree.MakeFolder("backup")}).enough) << "but not twice";
+
+    Sparse("out/card/A001.MOV", free / 10 * 3);
+    EXPECT_TRUE(Ask({card}, {destination, tree.Path("backup")}).enough) << "a copy stands in out";
+    EXPECT_FALSE(Ask({first, tree.Path("card/A002.MOV")}, {destination, tree.Path("backup")}).enough)
+        << "files named one by one land in out itself, where none stands";
+
+    // Another file of that name is no copy: it is kept, and the new one needs its room.
+    ASSERT_EQ(::truncate(tree.NativePath("out/card/A001.MOV").c_str(), 5), 0);
+    EXPECT_FALSE(Ask({card}, {destination, tree.Path("backup")}).enough);
+}
+
 TEST_F(EnoughSpaceForCopy, AnEmptyDestinationFailsWithoutAPath) {
     const SpaceAnswer answer = Ask({tree.MakeFile("A001.MOV", "frames")}, {tree.MakeFolder("out"), u""});
     EXPECT_FALSE(answer.enough);

@@ -10,4 +10,8 @@ namespace Fnd {
 // std::system_error naming the path when the disk refuses.
 bool WriteFileAtomically(const std::string& path, std::string_view content, bool replace = true);
 
+// The name WriteFileAtomically gave its temporary, should it be left by a crash, without the
+// random part: "A001.xmp" for ".A001.xmp.k3Xz9Q". Empty for any other name.
+std::string_view AtomicTemporaryTarget(std::string_view temporaryName);
+
 } // namespace Fnd

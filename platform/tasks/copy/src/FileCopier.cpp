@@ -1,6 +1,8 @@
 #include "QL/Engine/FileCopier.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -177,6 +179,14 @@ std::vector<CopyOutcome> FileCopier::CopyFolder(const std::string& source,
     int error = ::stat(source.c_str(), &status) == 0 ? 0 : errno;
     if (error == 0 && !S_ISDIR(status.st_mode))
         error = ENOTDIR;
+    if (error == 0) {
+        // A folder that cannot be listed was gathered without its files: made empty, it would
+        // pass for copied.
+        const int folder = ::open(source.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        error = folder < 0 ? errno : 0;
+        if (folder >= 0)
+            ::close(folder);
+    }
     std::vector<CopyOutcome> outcomes;
     outcomes.reserve(targets.size());
     for (const CopyTarget& target : targets) {
@@ -197,6 +207,10 @@ std::string FileCopier::TemporaryPathFor(const std::string& finalPath) {
 
 bool FileCopier::IsTemporaryName(const std::string& fileName) {
     return IsTemporaryFileName(fileName);
+}
+
+bool FileCopier::IsTemporaryNameFor(const std::string& fileName, const std::string& finalName) {
+    return IsTemporaryFileNameFor(fileName, finalName);
 }
 
 } // namespace QL::Engine

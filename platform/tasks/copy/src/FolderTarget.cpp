@@ -1,3 +1,4 @@
+#include "LinkedFolder.h"
 #include "FolderTarget.h"
 
 #include <fcntl.h>
@@ -46,6 +47,9 @@ bool IsFolder(const std::string& path, bool& exists) {
 } // namespace
 
 CopyOutcome MakeFolderTarget(const CopyTarget& target, const struct stat& sourceStatus) {
+    // The folder itself too: merging into a link would write every file of it elsewhere.
+    if (FolderPathHasLink(target.path))
+        return Failed(kLinkedFolderReason);
     bool exists = false;
     const bool isFolder = IsFolder(target.path, exists);
     if (target.action == kCopyActionSkip) {

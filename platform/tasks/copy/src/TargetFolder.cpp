@@ -5,11 +5,14 @@
 
 #include "ErrorText.h"
 #include "Fnd/PathUtils.h"
+#include "LinkedFolder.h"
 
 namespace QL::Engine {
 
 std::string PrepareFolderOf(const CopyTarget& target) {
     const std::string folder = Fnd::PathUtils::FolderOf(target.path);
+    if (FolderPathHasLink(folder))
+        return kLinkedFolderReason;
     if (target.folders)
         return target.folders->Ensure(folder);
     std::error_code error;

@@ -40,6 +40,25 @@ bool IsTemporaryFileName(const std::string& fileName) {
            fileName.compare(fileName.size() - suffix, suffix, kTemporarySuffix) == 0;
 }
 
+bool IsTemporaryFileNameFor(const std::string& temporaryName, const std::string& finalName) {
+    if (!IsTemporaryFileName(temporaryName))
+        return false;
+    if (temporaryName == TemporaryVariant(finalName, 0))
+        return true;
+    // ".NAME.N.igd-partial": the number stands right before the suffix.
+    const std::size_t numberEnd = temporaryName.size() - (sizeof kTemporarySuffix - 1);
+    const std::size_t dot = temporaryName.rfind('.', numberEnd - 1);
+    if (dot == std::string::npos || dot + 1 == numberEnd || numberEnd - dot > 10)
+        return false;
+    unsigned n = 0;
+    for (std::size_t i = dot + 1; i < numberEnd; ++i) {
+        if (temporaryName[i] < '0' || temporaryName[i] > '9')
+            return false;
+        n = n * 10 + static_cast<unsigned>(temporaryName[i] - '0');
+    }
+    return n != 0 && temporaryName == TemporaryVariant(finalName, n);
+}
+
 std::string NumberedPath(const std::string& path, unsigned n, bool isFolder) {
     if (n == 0)
         return path;

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <exception>
 
 #include "Fnd/PathUtils.h"
@@ -88,7 +89,9 @@ void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>&
             Finish(folder, std::move(outcomes));
             continue;
         }
-        FinishInOrder(copies, begun, /*wait=*/false);
+        // Two files of the batch with one target (kept both) also share its temporary name: the
+        // later one starts once the earlier is settled, so the first keeps the name in plan order.
+        FinishInOrder(copies, begun, /*wait=*/SharesTargetInFlight(groups[i], begun));
         Begun next = Begin(groups[i], sources[i]);
         if (!JournalRecords()) {
             if (!next.isFolder)
@@ -117,6 +120,21 @@ void BatchCopier::FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun
         Finish(begun.front(), copies.TakeOldest());
         begun.pop_front();
     }
+}
+
+bool BatchCopier::SharesTargetInFlight(const SourceGroup& group, const std::deque<Begun>& begun) const {
+    // Spellings that differ in case only are one name where a destination ignores case.
+    const auto sameName = [](const Fnd::WString& a, const Fnd::WString& b) {
+        const auto fold = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
+        return a.size() == b.size() &&
+               std::equal(a.begin(), a.end(), b.begin(), [&](char16_t x, char16_t y) { return fold(x) == fold(y); });
+    };
+    for (const Begun& copy : begun)
+        for (const FileRecord* inFlight : copy.files)
+            for (std::size_t index : group.files)
+                if (sameName(run_.files[index].target, inFlight->target))
+                    return true;
+    return false;
 }
 
 BatchCopier::Begun BatchCopier::Begin(const SourceGroup& group, const GroupSource& source) {
@@ -153,7 +171,7 @@ void BatchCopier::Finish(Begun& begun, std::vector<CopyOutcome> outcomes) {
     std::vector<const FileRecord*> journalled;
     std::vector<FileStatus> statuses;
     for (std::size_t i = 0; i < begun.files.size(); ++i) {
-        statuses.push_back(Settle(*begun.files[i], outcomes[i]));
+        statuses.push_back(Settle(*begun.files[i], outcomes[i], begun.isFolder));
         journalled.push_back(begun.files[i]);
     }
     // On record before it is reported: a host that stops on an outcome finds it in the journal.
@@ -194,7 +212,7 @@ std::string BatchCopier::NotCopiedReason() const {
     return "not copied, since a crash could not be resumed: " + run_.journalProblem;
 }
 
-FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome) {
+FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome, bool isFolder) {
     // What could not be removed stays on record for a later clean-up.
     file.temporary = outcome.leftover;
     FileStatus status = FileStatus::Failed;
@@ -206,7 +224,7 @@ FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome) {
         file.size = SizeOnDisk(file.finalPath, outcome.bytes);
         file.reason.clear();
         status = FileStatus::Copied;
-        ++counters_.filesCopied;
+        counters_.filesCopied += isFolder ? 0 : 1;
         break;
     case CopyStatus::Skipped:
         file.state = FileState::Skipped;
@@ -214,7 +232,7 @@ FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome) {
         file.size = SizeOnDisk(file.finalPath, 0);
         file.reason.clear();
         status = FileStatus::Skipped;
-        ++counters_.filesSkipped;
+        counters_.filesSkipped += isFolder ? 0 : 1;
         break;
     case CopyStatus::Failed:
         file.state = FileState::Failed;

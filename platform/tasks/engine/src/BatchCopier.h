@@ -47,6 +47,7 @@ private:
     };
 
     Begun Begin(const SourceGroup& group, const GroupSource& source);
+    bool SharesTargetInFlight(const SourceGroup& group, const std::deque<Begun>& begun) const;
     void Finish(Begun& begun, std::vector<CopyOutcome> outcomes);
     // Settles the copies in flight from the oldest on: all of them with wait, else those finished.
     void FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun, bool wait);
@@ -58,8 +59,9 @@ private:
     // could neither be resumed nor cleaned.
     bool JournalRecords() const;
     std::string NotCopiedReason() const;
-    // Records the outcome in the file's record and answers the status to report.
-    FileStatus Settle(FileRecord& file, const CopyOutcome& outcome);
+    // Records the outcome in the file's record and answers the status to report. A folder made or
+    // merged into is no file copied or skipped; one that failed is a failure all the same.
+    FileStatus Settle(FileRecord& file, const CopyOutcome& outcome, bool isFolder);
 
     BatchRun& run_;
     RunJournal& journal_;

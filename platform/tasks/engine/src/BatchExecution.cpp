@@ -1,5 +1,7 @@
 #include "BatchExecution.h"
 
+#include <sys/stat.h>
+
 #include <chrono>
 #include <unordered_map>
 
@@ -28,7 +30,12 @@ void ReportResumed(const BatchRun& run, const ResumeFindings& findings,
         return found == modes.end() ? IngestTask::kVerifyNone : found->second;
     };
     for (std::size_t index : findings.alreadyCopied) {
-        ++counters.filesAlreadyCopied;
+        // As when copied: a folder standing is no file.
+        const FileRecord& file = run.files[index];
+        struct stat status {};
+        const std::string path = file.finalPath.empty() ? Fnd::ToUTF8(file.target) : file.finalPath;
+        if (::stat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+            ++counters.filesAlreadyCopied;
         BatchCopier::PostOutcome(run, run.files[index], FileStatus::AlreadyCopied, modeOf(run.files[index]));
     }
     for (std::size_t index : findings.changed) {
@@ -117,6 +124,7 @@ void ExecuteBatch(BatchRun& run, Journal& journal, CopyBackend& backend,
         runJournal.SetBatchState(cancelled ? BatchState::Cancelled : BatchState::Finished);
         run.lock.ReleaseFinished();
     }
+    run.destinationLocks = DestinationLocks();
     outcome.journalProblem = Fnd::FromUTF8(run.journalProblem);
     beforeOutcome();
     Fnd::StationUtils::PostMessageToUIThread(kStation_TaskService, outcome, false);

@@ -8,6 +8,7 @@
 #include "BatchLock.h"
 #include "BatchProgress.h"
 #include "QL/Engine/CopyControl.h"
+#include "QL/Engine/DestinationLocks.h"
 #include "QL/Engine/Journal.h"
 #include "fluxcore/Guid.h"
 
@@ -36,6 +37,7 @@ struct BatchRun {
     // Set when the service ends under it: the batch stays resumable instead of cancelled.
     std::atomic<bool> interrupted{false};
     BatchLock lock;
+    DestinationLocks destinationLocks; // held by a resumed batch while it runs
 };
 
 } // namespace QL::Engine

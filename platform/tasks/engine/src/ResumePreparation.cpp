@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "FileComparison.h"
+#include "LeftTemporaries.h"
 #include "Fnd/PathUtils.h"
 #include "QL/CopySetting.h"
 #include "QL/Engine/FileCopier.h"
@@ -66,6 +67,8 @@ ResumeFindings PrepareForResume(std::vector<FileRecord>& files,
                                 const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask,
                                 RunJournal& journal) {
     ResumeFindings findings;
+    // Sidecars are written after their files are verified: any file may have left one.
+    RemoveLeftTemporaries(files);
     std::vector<const FileRecord*> updated;
     for (std::size_t i = 0; i < files.size(); ++i) {
         FileRecord& file = files[i];

@@ -14,7 +14,7 @@ struct ResumeFindings {
 };
 
 // Brings the files of a batch that a crash interrupted back to a state the copy can go on from:
-// the temporaries a copy may have left are removed; a file verified under its final name that is
+// the temporaries the engine may have left beside any of its files are removed; a file verified under its final name that is
 // still there with its size is kept; a target that a copy finished just before the crash (same
 // size and time as its source, and the same content as far as the verify mode checks) is taken
 // as verified; everything else is pending again. Written to the journal before it returns.

@@ -80,7 +80,13 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
             result.Fail(Fnd::ToUTF8(file->source) + ": " + file->reason);
         }
     }
-    const auto fileAt = [&](const Fnd::WString& target) -> const FileRecord* {
+    // Files of one batch may share a target (kept both, or skipped for an earlier one): a unit's
+    // own file comes first.
+    const auto fileIn = [&](const std::vector<const FileRecord*>& unitFiles,
+                            const Fnd::WString& target) -> const FileRecord* {
+        for (const FileRecord* file : unitFiles)
+            if (file && file->target == target)
+                return file;
         const auto found = byTarget.find(target);
         return found == byTarget.end() ? nullptr : found->second;
     };
@@ -93,7 +99,7 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
     for (const IngestTask::CopyUnitRef& unit : setting.units) {
         const std::vector<const FileRecord*>& unitFiles = byUnit[unitIndex++];
         for (const auto& [target, item] : unit->importItems) {
-            const FileRecord* main = fileAt(target);
+            const FileRecord* main = fileIn(unitFiles, target);
             if (!Landed(main))
                 continue; // its failure is counted with the files
             const Fnd::WString finalPath = whereItStands(*main);
@@ -110,7 +116,7 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
             // item's record of it, and then its place in the unit tells.
             const bool oneItem = unit->importItems.size() == 1;
             for (std::size_t e = 0; e < item->extraPaths.size(); ++e) {
-                const FileRecord* side = fileAt(item->extraPaths[e]);
+                const FileRecord* side = fileIn(unitFiles, item->extraPaths[e]);
                 if (!side && oneItem && e + 1 < unitFiles.size())
                     side = unitFiles[e + 1];
                 if (side != main && Landed(side))
@@ -203,6 +209,7 @@ void TaskFinisher::WriteSidecar(Proj::ProjectItem& item, const IngestCustomData&
 
 void TaskFinisher::ImportAll(std::vector<Proj::ProjectItem> items, const IngestCustomData& data,
                              TaskResult& result) {
+    std::erase_if(items, [this](const Proj::ProjectItem& item) { return imported_.contains(item.path); });
     if (items.empty())
         return;
     Proj::Project* project = OpenProject(result);
@@ -213,7 +220,12 @@ void TaskFinisher::ImportAll(std::vector<Proj::ProjectItem> items, const IngestC
         item.metadata = metadata;
     try {
         // One transaction for the task: a large card is imported at once, or not at all.
-        result.itemsImported += project->ImportItems(items).size();
+        std::unordered_set<Fnd::WString> paths;
+        for (const Proj::ProjectItem& item : items)
+            paths.insert(item.path);
+        project->ImportItems(items);
+        result.itemsImported += paths.size();
+        imported_.merge(paths);
     } catch (const std::exception& error) {
         result.Fail(error.what());
     }

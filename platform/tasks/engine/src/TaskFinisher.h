@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "BatchRun.h"
@@ -44,6 +45,9 @@ private:
     const BatchRun& run_;
     std::unique_ptr<Proj::Project> project_;
     std::string projectError_;
+    // Paths given an item by this run: a later file of the batch that stands at one of them (one
+    // skipped in favour of an earlier copy) adds no second item, nor does it count as one.
+    std::unordered_set<Fnd::WString> imported_;
 };
 
 } // namespace QL::Engine

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <map>
 #include <system_error>
 
 #include "BatchExecution.h"
@@ -26,6 +27,17 @@ struct TaskService::WaitingBatch {
 };
 
 namespace {
+
+// The folder each task writes to: the one that holds all of its targets.
+std::vector<std::string> FoldersOfTasks(const std::vector<FileRecord>& files) {
+    std::map<std::int64_t, std::vector<std::string>> targetsOfTask;
+    for (const FileRecord& file : files)
+        targetsOfTask[file.task].push_back(Fnd::ToUTF8(file.target));
+    std::vector<std::string> folders;
+    for (const auto& [task, targets] : targetsOfTask)
+        folders.push_back(DestinationLocks::CommonFolder(targets));
+    return folders;
+}
 
 std::vector<Fnd::WString> NormalizedTargets(const std::vector<FileRecord>& files, bool unfinishedOnly) {
     std::vector<Fnd::WString> targets;
@@ -209,7 +221,8 @@ void TaskService::Start(const fluxcore::utility::Guid& batch, const Fnd::WString
     Enqueue(std::move(run));
 }
 
-TaskService::ResumeResult TaskService::Resume(const fluxcore::utility::Guid& batch) {
+TaskService::ResumeResult TaskService::Resume(const fluxcore::utility::Guid& batch,
+                                              const std::function<void(const std::string&)>& waiting) {
     std::optional<JournalBatch> loaded = journal_->LoadBatch(batch);
     if (!loaded)
         return ResumeResult::Unknown;
@@ -239,6 +252,7 @@ TaskService::ResumeResult TaskService::Resume(const fluxcore::utility::Guid& bat
     run->files = std::move(loaded->files);
     run->resumed = true;
     run->lock = std::move(lock);
+    run->destinationLocks = DestinationLocks::Take(FoldersOfTasks(run->files), waiting);
     run->indexedTargets = NormalizedTargets(run->files, true);
     pathIndex_->Add(run->indexedTargets);
     {

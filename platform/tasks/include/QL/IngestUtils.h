@@ -44,7 +44,9 @@ public:
     // True if the sources fit on every destination's filesystem. Folders count with everything
     // below them (links are counted as links, never followed). Destinations on one filesystem
     // share its free space, so their needs add up; a destination that does not exist yet is
-    // measured at its nearest existing ancestor. On false, failingPath names the first
+    // measured at its nearest existing ancestor. What already stands in a destination under a
+    // source's own name (a file of the same size, a folder) needs no space: an ingest cut short
+    // can be finished on the disk it filled. On false, failingPath names the first
     // destination of a filesystem that is short and missingBytes how much is missing; an empty
     // destination gives false with an empty failingPath and no bytes.
     static bool EnoughSpaceForCopy(const std::vector<Fnd::WString>& sourcePaths,

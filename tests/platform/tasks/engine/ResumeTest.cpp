@@ -84,6 +84,15 @@ TEST_F(ResumeTest, EachStateACrashLeavesIsFinishedAndNothingVerifiedIsCopiedAgai
     files[3].finalPath = Main("A004.MOV");
     files[3].size = 300u << 10;
     Record(files);
+    // Killed while writing A001's sidecar, and after another copy had taken A005's first
+    // temporary name; beside them hidden files that are not this batch's.
+    tree.MakeFile("main/.A001.xmp.k3Xz9Q", "<x:xmpmeta");
+    tree.MakeFile("main/.A001.MOV.XMP.a0B1c2", "<x:xmpmeta");
+    tree.MakeFile("main/.A005.MOV.1.igd-partial", "a third of a clip");
+    const std::vector<std::string> notOurs = {".B001.xmp.k3Xz9Q", ".A001.xmp.short", ".A001.MOV.notes",
+                                              ".B001.MOV.igd-partial"};
+    for (const std::string& name : notOurs)
+        tree.MakeFile("main/" + name, "the user's");
     const ino_t a001 = InodeOf(Main("A001.MOV"));
     const ino_t a003 = InodeOf(Main("A003.MOV"));
 
@@ -102,7 +111,10 @@ TEST_F(ResumeTest, EachStateACrashLeavesIsFinishedAndNothingVerifiedIsCopiedAgai
     EXPECT_EQ(InodeOf(Main("A003.MOV")), a003);
     for (const char* name : {"A001.MOV", "A002.MOV", "A003.MOV", "A004.MOV", "A005.MOV"})
         EXPECT_EQ(ReadFileBytes(Main(name)), ReadFileBytes(Card(name))) << name;
-    EXPECT_TRUE(TemporariesIn(Fnd::ToUTF8(destination)).empty());
+    for (const char* left : {".A001.xmp.k3Xz9Q", ".A001.MOV.XMP.a0B1c2", ".A005.MOV.1.igd-partial"})
+        EXPECT_FALSE(std::filesystem::exists(Main(left))) << left;
+    for (const std::string& name : notOurs)
+        EXPECT_EQ(ReadFileBytes(Main(name)), "the user's") << name;
 
     const std::optional<JournalBatch> after = service.GetJournal().LoadBatch(batch);
     EXPECT_EQ(after->state, BatchState::Finished);

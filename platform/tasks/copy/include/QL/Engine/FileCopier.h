@@ -102,6 +102,8 @@ public:
     // IsTemporaryName recognises too: clean by IsTemporaryName, not by this name alone.
     static std::string TemporaryPathFor(const std::string& finalPath);
     static bool IsTemporaryName(const std::string& fileName);
+    // Whether a file name is that of a temporary for the final name, numbered or not.
+    static bool IsTemporaryNameFor(const std::string& fileName, const std::string& finalName);
 
 private:
     std::size_t chunkBytes_;

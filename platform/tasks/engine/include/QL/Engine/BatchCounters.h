@@ -6,7 +6,7 @@ namespace QL::Engine {
 // What a batch did: kept by its worker, carried by its outcome message, and summed by a host
 // over the batches it watched.
 struct BatchCounters {
-    std::uint64_t filesCopied = 0; // targets written, over all destinations
+    std::uint64_t filesCopied = 0; // file targets written, over all destinations; folders not
     std::uint64_t filesSkipped = 0;
     std::uint64_t filesAlreadyCopied = 0;
     std::uint64_t filesFailed = 0;

@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <condition_variable>
 #include <deque>
 #include <map>
@@ -53,8 +54,11 @@ public:
     // Runs an unfinished batch of the journal again, as a crash left it: temporaries removed,
     // files verified under their final names kept, the rest copied, imports not yet done done.
     // Busy: another process is running it. Throws JournalError when the batch's records cannot be
-    // read; nothing on disk is touched then.
-    ResumeResult Resume(const fluxcore::utility::Guid& batch);
+    // read; nothing on disk is touched then. The folders the batch writes to are taken first
+    // (DestinationLocks): while another igd writes to one, the call waits, after telling waiting
+    // which.
+    ResumeResult Resume(const fluxcore::utility::Guid& batch,
+                        const std::function<void(const std::string& busyFolder)>& waiting = {});
 
     // Nothing started is waiting or running. Outcomes of finished batches may still be on their
     // way to the UI thread.
