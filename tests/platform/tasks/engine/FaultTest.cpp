@@ -339,37 +339,60 @@ TEST_F(FaultTest, ASourceTruncatedOrRemovedWhileReadIsNoCopy) {
                 pulled.pull(path);
         return 0;
     };
-    TaskService service(TestOptions(home, std::make_shared<CountingBackend>(kChunk, hooks)));
-    Submit(service, {{"A001.MOV", 6 * kChunk}, {"A002.MOV", 6 * kChunk}}, primary, backup);
-
-    RunUntilOutcome(log, batch);
-    for (const auto& pulled : cases)
-        for (const Fnd::WString& folder : {primary, backup})
-            ExpectFailed(service, folder, pulled.name, pulled.reason);
+    // Even a copy nobody reads back is no copy.
+    for (const std::uint32_t mode : {kVerifyMD5, QL::IngestTask::kVerifyNone}) {
+        SCOPED_TRACE("mode " + std::to_string(mode));
+        batch = fluxcore::utility::Guid::CreateUnique();
+        log.files.clear();
+        TaskService service(TestOptions(home, std::make_shared<CountingBackend>(kChunk, hooks)));
+        for (const auto& pulled : cases)
+            tree.MakeFileOfSize(std::string("card/") + pulled.name, 6 * kChunk);
+        Submit(service, {{"A001.MOV", 6 * kChunk}, {"A002.MOV", 6 * kChunk}}, primary, backup, mode);
+        RunUntilOutcome(log, batch);
+        for (const auto& pulled : cases)
+            for (const Fnd::WString& folder : {primary, backup})
+                ExpectFailed(service, folder, pulled.name, pulled.reason);
+    }
 }
 
 // ---- The copy is damaged or cannot be read back ---------------------------------------------------
 
-// Every mode that reads the copy back catches a single flipped bit wherever it lies; the damaged
-// temporary is removed, so no final name ever holds it.
-TEST_F(FaultTest, ABitFlippedBeforeReadBackIsCaughtEveryTimeByEveryModeThatReadsContent) {
+// Every mode that reads the copy back catches a single flipped bit wherever it lies, and the size
+// check a copy cut short; the damaged temporary is removed, so no final name ever holds it.
+TEST_F(FaultTest, ACopyDamagedBeforeReadBackIsCaughtEveryTimeByEveryModeThatCanSeeIt) {
     constexpr std::uint64_t kSize = 4 * kChunk + 333;
-    for (const std::uint32_t mode : {kVerifyMD5, kVerifyBitByBit}) {
-        for (const std::uint64_t at : {std::uint64_t{0}, kChunk + 7, kSize - 1}) {
-            SCOPED_TRACE("mode " + std::to_string(mode) + ", byte " + std::to_string(at));
-            const std::string name = "M" + std::to_string(mode) + "B" + std::to_string(at) + ".MOV";
-            batch = fluxcore::utility::Guid::CreateUnique();
-            CopyHooks hooks;
-            hooks.afterWrite = [&](const std::string& temporary) {
-                if (temporary.find("/backup/") != std::string::npos)
-                    FlipByte(temporary, at);
-            };
-            TaskService service(TestOptions(home, std::make_shared<CountingBackend>(kChunk, hooks)));
-            Submit(service, {{name, kSize}}, primary, backup, mode);
-            RunUntilOutcome(log, batch);
-            ExpectCopied(primary, name);
-            ExpectFailed(service, backup, name, "verification failed");
-        }
+    const struct {
+        std::uint32_t mode;
+        std::uint64_t at; // the byte flipped; kSize: the copy is cut short instead
+        std::string reason;
+    } cases[] = {
+        {kVerifyMD5, 0, "verification failed: MD5 differs"},
+        {kVerifyMD5, kChunk + 7, "verification failed: MD5 differs"},
+        {kVerifyMD5, kSize - 1, "verification failed: MD5 differs"},
+        {kVerifyBitByBit, 0, "verification failed: contents differ at byte 0"},
+        {kVerifyBitByBit, kChunk + 7, "verification failed: contents differ at byte " + std::to_string(kChunk + 7)},
+        {kVerifyBitByBit, kSize - 1, "verification failed: contents differ at byte " + std::to_string(kSize - 1)},
+        {kVerifyBitByBit, kSize, "verification failed: sizes differ"},
+        {QL::IngestTask::kVerifyFileSize, kSize, "verification failed: sizes differ"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.reason);
+        const std::string name = "M" + std::to_string(c.mode) + "B" + std::to_string(c.at) + ".MOV";
+        batch = fluxcore::utility::Guid::CreateUnique();
+        CopyHooks hooks;
+        hooks.afterWrite = [&](const std::string& temporary) {
+            if (temporary.find("/backup/") == std::string::npos)
+                return;
+            if (c.at == kSize)
+                std::filesystem::resize_file(temporary, kSize - 1);
+            else
+                FlipByte(temporary, c.at);
+        };
+        TaskService service(TestOptions(home, std::make_shared<CountingBackend>(kChunk, hooks)));
+        Submit(service, {{name, kSize}}, primary, backup, c.mode);
+        RunUntilOutcome(log, batch);
+        ExpectCopied(primary, name);
+        ExpectFailed(service, backup, name, c.reason);
     }
 }
 

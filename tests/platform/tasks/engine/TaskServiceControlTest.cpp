@@ -133,8 +133,10 @@ TEST_F(TaskServiceControlTest, CancelStopsMidFileRemovesTemporariesAndImportsNot
     StartBatch(batch);
     Fnd::GetDefaultQueue().Drain();
     gate.reached.get_future().wait();
-    PostControl(QL::CancelIngestMessage());
+    // Paused first: the cancel has to wake the copies, not only stop them.
+    PostControl(QL::PauseIngestMessage());
     gate.release.set_value();
+    PostControl(QL::CancelIngestMessage());
 
     const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
     EXPECT_EQ(outcome.status, OutcomeStatus::Cancelled);
