@@ -172,6 +172,8 @@ TEST_F(IgdIngestCommandTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesM
         }
     }
     EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
+    EXPECT_EQ(ReadFileBytes(Native("SHOOT/CARD01/EXTRA/B001.xmp")), "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>")
+        << "the card is never written to";
 
     const auto items = Proj::Project::Open(home.ProjectPath())->Items();
     std::vector<std::pair<std::string, std::string>> named;

@@ -1,7 +1,5 @@
 // What lands in the project and in the sidecars once the copies are settled.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include "EngineTestSupport.h"
 #include "Fnd/PathUtils.h"
 #include "Mid/Utilities.h"
@@ -22,7 +20,6 @@ QL::IngestCustomData ShootMetadata() {
     set->presetName = u"Shoot";
     set->values = {{u"scene", u"12A"}, {u"take", u"3"}};
     data.metadataSets.push_back(set);
-    data.minimumMetadata.keywords = {u"night", u"exterior"};
     return data;
 }
 
@@ -49,66 +46,6 @@ protected:
         return Proj::Project::Open(home.ProjectPath())->Items();
     }
 };
-
-// Renamed clips imported from the primary copy with their sidecars under the new name are checked by
-// the command line's ingest test; the start message's bin by ResumeTest and the import task below.
-TEST_F(TaskServiceImportTest, MetadataGoesToSidecarsAndProjectAndThePanelAnswersOnlyToThePrimary) {
-    tree.MakeFile("card/A001.MOV", "frames");
-    tree.MakeFile("card/A001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-    TaskService service(TestOptions(home));
-    service.SubmitCopyTask(
-        CopyOf({FileUnit(source, primary, "A001.MOV", {"A001.xmp"})}, QL::IngestTask::kVerifyMD5, true),
-        batch, ShootMetadata());
-    service.SubmitCopyTask(CopyOf({FileUnit(source, backup, "A001.MOV")}, QL::IngestTask::kVerifyMD5, false),
-                           batch, ShootMetadata());
-    EXPECT_EQ(Run(service).status, OutcomeStatus::Succeeded);
-
-    const std::string primarySidecar = Fnd::ToUTF8(In(primary, u"A001.xmp"));
-    // The backup had no sidecar: one is made beside the copy, with the template's values only.
-    const std::string backupSidecar = Fnd::ToUTF8(In(backup, u"A001.xmp"));
-    EXPECT_EQ(QL::ReadXmpProperty(backupSidecar, kShootNamespace, u"scene"), u"12A");
-    EXPECT_EQ(ReadFileBytes(backupSidecar).find("exterior"), std::string::npos);
-    EXPECT_NE(ReadFileBytes(primarySidecar).find("exterior"), std::string::npos);
-    // The source card is never written to.
-    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(In(source, u"A001.xmp"))), "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
-
-    const std::vector<Proj::ProjectItem> items = ProjectItems();
-    ASSERT_EQ(items.size(), 1u);
-    std::map<Fnd::WString, std::map<Fnd::WString, Fnd::WString>> metadata;
-    for (const Proj::ItemMetadata& schema : items[0].metadata)
-        metadata[schema.namespaceURI] = schema.values;
-    EXPECT_EQ(metadata[kShootNamespace],
-              (std::map<Fnd::WString, Fnd::WString>{{u"scene", u"12A"}, {u"take", u"3"}}));
-    EXPECT_EQ(metadata[u"http://purl.org/dc/elements/1.1/"][u"subject"], u"exterior; night");
-}
-
-TEST_F(TaskServiceImportTest, SkippedTargetsAreImportedAsTheyStandAndKeptBothUnderTheirNewName) {
-    tree.MakeFile("card/A001.MOV", "new frames");
-    tree.MakeFile("card/A002.MOV", "second take");
-    tree.MakeFile("primary/A001.MOV", "frames already there");
-    tree.MakeFile("primary/A002.MOV", "an older A002");
-    TaskService service(TestOptions(home));
-    service.SubmitCopyTask(CopyOf({FileUnit(source, primary, "A001.MOV", {}, QL::kCopyActionSkip),
-                                   FileUnit(source, primary, "A002.MOV", {}, QL::kCopyActionKeepBoth)},
-                                  QL::IngestTask::kVerifyMD5, true),
-                           batch, ShootMetadata());
-    const BatchOutcomeMessage& outcome = Run(service);
-    EXPECT_EQ(outcome.filesSkipped, 1u);
-    EXPECT_EQ(outcome.filesCopied, 1u);
-
-    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(In(primary, u"A001.MOV"))), "frames already there");
-    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(In(primary, u"A001.xmp"), false))
-        << "a skipped file is not touched";
-    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(In(primary, u"A002.MOV"))), "an older A002");
-    EXPECT_EQ(ReadFileBytes(Fnd::ToUTF8(In(primary, u"A002 (1).MOV"))), "second take");
-
-    const std::vector<Proj::ProjectItem> items = ProjectItems();
-    ASSERT_EQ(items.size(), 2u);
-    EXPECT_EQ(items[0].path, In(primary, u"A001.MOV"));
-    EXPECT_FALSE(items[0].metadata.empty()) << "the project item still takes the metadata";
-    EXPECT_EQ(items[1].path, In(primary, u"A002 (1).MOV"));
-    EXPECT_EQ(items[1].name, u"A002 (1).MOV");
-}
 
 TEST_F(TaskServiceImportTest, AnImportTaskImportsInPlaceAndNamesWhatIsMissing) {
     const Fnd::WString present = tree.MakeFile("card/A001.MOV", "frames");
