@@ -61,8 +61,6 @@ TEST_F(PresetInstall, BadFilesInstallNothingAndSayWhy) {
         std::string bytes;
         const char* reason;
     } cases[] = {
-        {"zero bytes", "", "is empty"},
-        {"truncated", RenameDocument(u"Cut").substr(0, 80), "truncated"},
         {"other category", QL::SerializePresetDocument(metadata),
          "is a metadata preset, not a rename preset"},
         {"slash in name", RenameDocument(u"a/b"), "cannot name a file: it holds \"/\""},

@@ -22,16 +22,6 @@ std::string Whole(const IQLPresetField& field) {
            (field.GetRequired() ? "required" : "optional");
 }
 
-TEST(PresetField, NewFieldStartsWithTheFirstChoiceOfItsTypeSoWhatIsShownIsWhatIsSaved) {
-    for (auto type : {kQLFieldAutoIncrement, kQLFieldCustomText, kQLFieldCreationDate, kQLFieldIngestDate,
-                      kQLFieldCreationTime, kQLFieldIngestTime, kQLFieldFileName, kQLFieldMetadata,
-                      kQLFieldUserDefinedAutoIncrement}) {
-        const auto choices = GetPredefinedFieldValues(type);
-        const std::string first = choices.empty() ? "" : Fnd::ToUTF8(choices.front());
-        EXPECT_EQ(Whole(*CreatePresetField(type)), std::to_string(type) + "||" + first + "|" + first + "|optional");
-    }
-}
-
 TEST(PresetField, ValueFollowsTheFormatUntilSetValueAndSetValueNeverTouchesTheFormat) {
     auto field = Field(kQLFieldCustomText, u"Roll_");
     EXPECT_EQ(field->GetValue(), u"Roll_");
@@ -87,18 +77,6 @@ TEST(PresetObject, ACloneIsDeepAndKeepsNamePathAndOwnershipButNotTheIdentity) {
     // A null field is a programming fault and leaves the list as it was.
     EXPECT_THROW(source->SetFields({Field(kQLFieldMetadata, u"a", u"k"), nullptr}), Fnd::NullInterfaceException);
     EXPECT_EQ(source->GetFields().size(), 2u);
-}
-
-TEST(PresetObject, IdentitiesDifferBetweenPresetsAndFollowThePathForFilePresets) {
-    auto a = PresetObject::Create(kQLPresetCategoryRename);
-    auto b = PresetObject::Create(kQLPresetCategoryRename);
-    EXPECT_NE(a->GetPresetID(), b->GetPresetID());
-
-    const Fnd::WString path = u"/p/rename/Day.igdrename";
-    EXPECT_EQ(PresetObject::IdentityForPath(path), PresetObject::IdentityForPath(Fnd::WString(path)));
-    EXPECT_NE(PresetObject::IdentityForPath(path), PresetObject::IdentityForPath(u"/p/rename/day.igdrename"));
-    // Identities of file presets and of presets made in memory are drawn from separate ranges.
-    EXPECT_NE(PresetObject::IdentityForPath(path) >> 63, a->GetPresetID() >> 63);
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include "PresetTestSupport.h"
 #include "QL/PresetNames.h"
 #include "QL/PresetObject.h"
-#include "support/CountedUnknown.h"
 
 namespace igd::test {
 namespace {
@@ -134,25 +133,11 @@ TEST_F(PresetSave, TypedValuesStayInTheObjectsAndNeverReachTheFile) {
     EXPECT_TRUE(fresh[0]->GetFields()[0]->GetRequired());
 }
 
-TEST_F(PresetSave, PresetsOfTheOtherCategoryOrOfNoServiceAreRefused) {
+TEST_F(PresetSave, PresetsOfTheOtherCategoryOrNoneAreRefused) {
     auto rename = Manager(kQLPresetCategoryRename);
     auto metadata = Manager(kQLPresetCategoryMetadata);
     EXPECT_EQ(rename->SavePreset(metadata->CreatePreset(), u"M", u"", false, u"M"), kPresetWrongCategory);
     EXPECT_THROW(rename->SavePreset(nullptr, u"M", u"", false, u"M"), Fnd::NullInterfaceException);
-
-    struct Foreign final : CountedUnknown<IQLPreset> {
-        std::uint64_t GetPresetID() const override { return 7; }
-        Fnd::WString GetName(bool) const override { return u"F"; }
-        void SetName(const Fnd::WString&) override {}
-        Fnd::InterfaceRef<IQLPreset> ClonePreset(bool) const override { return nullptr; }
-        bool IsUserPreset() const override { return true; }
-        void SetFields(const PresetFieldList&) override {}
-        PresetFieldList GetFields() const override { return {}; }
-        Fnd::WString GetPath() const override { return {}; }
-    };
-    Fnd::InterfaceRef<IQLPreset> foreign(new Foreign);
-    EXPECT_THROW(rename->SavePreset(foreign, u"F", u"", false, u"F"), std::invalid_argument);
-    EXPECT_THROW(rename->DeletePreset(foreign), std::invalid_argument);
 }
 
 TEST_F(PresetSave, AUserFolderThatCannotBeMadeAnswersWriteFailed) {

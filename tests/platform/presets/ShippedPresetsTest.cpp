@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <set>
 
 #include "PresetTestSupport.h"
 
@@ -40,17 +39,6 @@ TEST_F(ShippedPresets, AreReadableAndUseOnlyChoicesTheDialogOffers) {
             }
         }
     EXPECT_TRUE(warnings.empty()) << warnings.front().path << " " << warnings.front().reason;
-}
-
-// What the required-field check and the command line's --set rely on.
-TEST_F(ShippedPresets, ProductionRequiresSceneAndTake) {
-    std::set<std::string> required;
-    for (const auto& preset : System(kQLPresetCategoryMetadata))
-        if (preset->GetName(true) == u"Production")
-            for (const auto& field : preset->GetFields())
-                if (field->GetRequired())
-                    required.insert(Fnd::ToUTF8(field->GetKey()));
-    EXPECT_EQ(required, (std::set<std::string>{"scene", "take"}));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // What lands in the project and in the sidecars once the copies are settled.
 #include <gtest/gtest.h>
+
 #include "EngineTestSupport.h"
 #include "Fnd/PathUtils.h"
 #include "Mid/Utilities.h"
