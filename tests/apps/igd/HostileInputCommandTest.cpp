@@ -87,7 +87,7 @@ TEST_F(HostileInputCommandTest, ALinkBetweenSourceAndDestinationIsRefusedEitherW
 TEST_F(HostileInputCommandTest, ASubfolderMustBeOneFoldersName) {
     tree.MakeFile("card/A001.MOV", "frames");
     tree.MakeFolder("backups/main");
-    for (const std::string name : {"..", ".", " .. ", "day1/..", "../day1"}) {
+    for (const std::string name : {"..", ".", " .. ", "day1/..", "../day1", " \t "}) {
         SCOPED_TRACE(name);
         const Ran ran = RunIgd({"ingest", Native("card"), "--to", Native("backups/main"), "--subfolder", name});
         EXPECT_EQ(ran.exitCode, 1);
@@ -142,6 +142,7 @@ TEST_F(HostileInputCommandTest, HostileNamesAreCopiedByteForByteAndShownEscaped)
     EXPECT_EQ(ReadFileBytes(Native("alone/-rf.mov")), "content of -rf.mov");
 
     EXPECT_EQ(Fnd::ToValidUTF8(Fnd::FromUTF8(json.out)), json.out) << "JSON is well-formed UTF-8";
+    EXPECT_EQ(SummaryNumber(json.out, "filesCopied"), std::to_string(std::size(names))) << "no folder counts";
     for (const auto& each : names) {
         SCOPED_TRACE(each.shown);
         EXPECT_EQ(ReadFileBytes(Native("out/src/" + each.name)), "content of " + each.name);

@@ -85,11 +85,24 @@ int IgdProcess::Wait() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-Ran RunIgd(const std::vector<std::string>& arguments) {
-    IgdProcess igd(arguments);
+Ran Finish(IgdProcess& igd) {
     std::string out = igd.RestOfOutput();
     std::string err = igd.ErrorOutput();
     return Ran{igd.Wait(), std::move(out), std::move(err)};
+}
+
+Ran RunIgd(const std::vector<std::string>& arguments) {
+    IgdProcess igd(arguments);
+    return Finish(igd);
+}
+
+std::string SummaryNumber(const std::string& out, const std::string& name) {
+    const std::size_t summary = out.rfind("{\"event\":\"summary\"");
+    if (summary == std::string::npos)
+        return "no summary";
+    const std::string key = "\"" + name + "\":";
+    const std::size_t from = out.find(key, summary) + key.size();
+    return out.substr(from, out.find_first_of(",}", from) - from);
 }
 
 } // namespace igd::test

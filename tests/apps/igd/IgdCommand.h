@@ -51,6 +51,11 @@ struct Ran {
 
 // igd with the arguments, run to its end.
 Ran RunIgd(const std::vector<std::string>& arguments);
+// What a started igd said, once it has ended.
+Ran Finish(IgdProcess& igd);
+
+// A count from the summary line of `--json` output; "no summary" when there is none.
+std::string SummaryNumber(const std::string& out, const std::string& name);
 
 // A home of its own and a tree of files for each test.
 class IgdCommandTest : public ::testing::Test {

@@ -18,33 +18,10 @@ namespace {
 
 constexpr int kFiles = 300;
 
-std::string JsonNumber(const std::string& out, const std::string& name) {
-    const std::size_t summary = out.rfind("{\"event\":\"summary\"");
-    if (summary == std::string::npos)
-        return "no summary";
-    const std::string key = "\"" + name + "\":";
-    const std::size_t from = out.find(key, summary) + key.size();
-    return out.substr(from, out.find_first_of(",}", from) - from);
-}
-
-struct Finished {
-    int exitCode;
-    std::string out;
-    std::string err;
-};
-
-Finished Finish(IgdProcess& process) {
-    Finished done;
-    done.out = process.RestOfOutput();
-    done.err = process.ErrorOutput();
-    done.exitCode = process.Wait();
-    return done;
-}
-
 // Both read at once: the one that waits for the other must not wait for a reader as well.
-std::pair<Finished, Finished> FinishBoth(IgdProcess& first, IgdProcess& second) {
-    std::future<Finished> one = std::async(std::launch::async, [&first] { return Finish(first); });
-    Finished two = Finish(second);
+std::pair<Ran, Ran> FinishBoth(IgdProcess& first, IgdProcess& second) {
+    std::future<Ran> one = std::async(std::launch::async, [&first] { return Finish(first); });
+    Ran two = Finish(second);
     return {one.get(), std::move(two)};
 }
 
@@ -81,8 +58,8 @@ TEST_F(IgdConcurrencyTest, TwoIngestsIntoOneDestinationTakeTurns) {
     EXPECT_EQ(one.exitCode, 0) << one.err;
     EXPECT_EQ(two.exitCode, 0) << two.err;
     // One wrote everything, the other found it written: nothing failed for meeting the other.
-    EXPECT_EQ(std::stoi(JsonNumber(one.out, "filesCopied")) + std::stoi(JsonNumber(two.out, "filesCopied")), kFiles);
-    EXPECT_EQ(std::stoi(JsonNumber(one.out, "filesSkipped")) + std::stoi(JsonNumber(two.out, "filesSkipped")), kFiles);
+    EXPECT_EQ(std::stoi(SummaryNumber(one.out, "filesCopied")) + std::stoi(SummaryNumber(two.out, "filesCopied")), kFiles);
+    EXPECT_EQ(std::stoi(SummaryNumber(one.out, "filesSkipped")) + std::stoi(SummaryNumber(two.out, "filesSkipped")), kFiles);
     for (const std::string& err : {one.err, two.err}) {
         if (!err.empty()) {
             EXPECT_EQ(err, "igd: another igd is writing to " + Native("main") + "; waiting for it to finish\n");
@@ -106,7 +83,7 @@ TEST_F(IgdConcurrencyTest, AnIngestStartedWhileAResumeRunsWaitsForIt) {
     const auto [resumed, ingested] = FinishBoth(resume, ingest);
     EXPECT_EQ(resumed.exitCode, 0) << resumed.err;
     EXPECT_EQ(ingested.exitCode, 0) << ingested.err;
-    EXPECT_EQ(JsonNumber(ingested.out, "filesFailed"), "0");
+    EXPECT_EQ(SummaryNumber(ingested.out, "filesFailed"), "0");
     ExpectWholeCopy("shoot", "main");
     EXPECT_EQ(ProjectItems(), static_cast<std::size_t>(kFiles));
     EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
@@ -125,8 +102,8 @@ TEST_F(IgdConcurrencyTest, TwoIngestsSharingOneHomeEachImportAllTheirItems) {
     EXPECT_TRUE(one.err.empty() && two.err.empty()) << "folders side by side wait for nobody";
     ExpectWholeCopy("day1", "main");
     ExpectWholeCopy("day2", "backup");
-    EXPECT_EQ(JsonNumber(one.out, "itemsImported"), std::to_string(kFiles));
-    EXPECT_EQ(JsonNumber(two.out, "itemsImported"), std::to_string(kFiles));
+    EXPECT_EQ(SummaryNumber(one.out, "itemsImported"), std::to_string(kFiles));
+    EXPECT_EQ(SummaryNumber(two.out, "itemsImported"), std::to_string(kFiles));
     EXPECT_EQ(ProjectItems(), 2u * kFiles);
 }
 
