@@ -66,6 +66,10 @@ int RunResume(const ResumeOptions& options) {
                 std::cerr << "igd: no batch " << batch.ToString() << " in the journal\n";
                 return kExitBadInput;
             case TaskService::ResumeResult::NotResumable:
+                // A batch listed as running may be another live igd's, finished while this one
+                // waited for its destinations: nothing is left of it to do.
+                if (!named)
+                    break;
                 std::cerr << "igd: batch " << batch.ToString() << " is not unfinished\n";
                 return kExitBadInput;
             }
