@@ -44,6 +44,16 @@ inline constexpr std::uint32_t kVerifyMD5 = 0;
 inline constexpr std::uint32_t kVerifyFileSize = 1;
 inline constexpr std::uint32_t kVerifyBitByBit = 2;
 inline constexpr std::uint32_t kVerifyNone = 0xFFFFFFFFu;
+// The checksum modes besides MD5: the copy is read back and its digest compared with the source's.
+inline constexpr std::uint32_t kVerifyXXH128 = 3;
+inline constexpr std::uint32_t kVerifyXXH3 = 4;
+inline constexpr std::uint32_t kVerifyXXH64 = 5;
+
+// Whether the mode compares digests (MD5 or one of the xxHash family).
+constexpr bool IsChecksumVerify(std::uint32_t verifyMode) {
+    return verifyMode == kVerifyMD5 || verifyMode == kVerifyXXH128 || verifyMode == kVerifyXXH3 ||
+           verifyMode == kVerifyXXH64;
+}
 
 // A task of copies for one destination.
 struct CopySetting {
