@@ -206,8 +206,10 @@ void TargetCopy::Conclude(const SourceEnd& end) {
     }
     outcome_.status = CopyStatus::Copied;
     outcome_.bytes = end.size;
-    if (job_.verifyMode == IngestTask::kVerifyMD5)
+    if (job_.verifyMode == IngestTask::kVerifyMD5) {
         outcome_.checksum = end.md5;
+        outcome_.checksumAlgorithm = "md5";
+    }
 }
 
 bool TargetCopy::Verify(const SourceEnd& end) {

@@ -221,6 +221,7 @@ FileStatus BatchCopier::Settle(FileRecord& file, const CopyOutcome& outcome, boo
         file.state = FileState::Verified;
         file.finalPath = outcome.finalPath.empty() ? Fnd::ToUTF8(file.target) : outcome.finalPath;
         file.checksum = outcome.checksum;
+        file.checksumAlgorithm = outcome.checksumAlgorithm;
         file.size = SizeOnDisk(file.finalPath, outcome.bytes);
         file.reason.clear();
         status = FileStatus::Copied;
@@ -259,6 +260,7 @@ void BatchCopier::PostOutcome(const BatchRun& run, const FileRecord& file, FileS
     message.status = status;
     message.reason = Fnd::FromUTF8(file.reason);
     message.checksum = file.checksum;
+    message.checksumAlgorithm = file.checksumAlgorithm;
     message.verifyMode = verifyMode;
     message.verifiedBy = verifiedBy;
     message.bytes = file.size;

@@ -74,7 +74,9 @@ void CopiesInFlight::Run() {
         try {
             outcomes = slot->work();
         } catch (const std::exception& error) {
-            outcomes.assign(slot->targetCount, CopyOutcome{CopyStatus::Failed, {}, error.what(), {}, {}, 0, {}});
+            CopyOutcome failed;
+            failed.reason = error.what();
+            outcomes.assign(slot->targetCount, failed);
         }
         {
             std::lock_guard lock(mutex_);

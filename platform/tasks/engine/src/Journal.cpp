@@ -20,6 +20,25 @@
 namespace QL::Engine {
 namespace {
 
+// A digest is kept as "algorithm:hex" in one column; journals written before the xxHash family
+// hold a bare MD5.
+std::string StoredChecksum(const FileRecord& file) {
+    if (file.checksum.empty() || file.checksumAlgorithm.empty())
+        return file.checksum;
+    return file.checksumAlgorithm + ":" + file.checksum;
+}
+
+void LoadChecksum(const std::string& stored, FileRecord& file) {
+    const auto colon = stored.find(':');
+    if (colon == std::string::npos) {
+        file.checksum = stored;
+        file.checksumAlgorithm = stored.empty() ? "" : "md5";
+        return;
+    }
+    file.checksumAlgorithm = stored.substr(0, colon);
+    file.checksum = stored.substr(colon + 1);
+}
+
 constexpr std::array<std::string_view, 6> kFileStateNames{"pending", "copying", "verified",
                                                           "skipped", "failed",  "cancelled"};
 constexpr std::array<std::string_view, 5> kBatchStateNames{"waiting", "running", "finished", "cancelled",
@@ -236,7 +255,7 @@ void Journal::UpdateFiles(const std::vector<const FileRecord*>& files) {
         update.Bind(1, FileStateName(file->state))
             .Bind(2, file->temporary)
             .Bind(3, file->finalPath)
-            .Bind(4, file->checksum)
+            .Bind(4, StoredChecksum(*file))
             .Bind(5, file->reason)
             .Bind(6, static_cast<std::int64_t>(file->size))
             .Bind(7, file->id)
@@ -289,7 +308,7 @@ std::optional<JournalBatch> Journal::LoadBatch(const fluxcore::utility::Guid& ba
         file.state = ParseState<FileState>(kFileStateNames, files.Text(7), path_);
         file.temporary = files.Text(8);
         file.finalPath = files.Text(9);
-        file.checksum = files.Text(10);
+        LoadChecksum(files.Text(10), file);
         file.reason = files.Text(11);
         file.size = static_cast<std::uint64_t>(files.Int(12));
         loaded.files.push_back(std::move(file));

@@ -58,7 +58,11 @@ struct CopyOutcome {
     // ..."; errors of the system end with the system's text for them.
     std::string reason;
     VerifiedBy verifiedBy = VerifiedBy::NotVerified;
-    std::string checksum; // hex MD5 of the source when the verify mode is MD5; else empty
+    // The source's digest taken while it was read (lower-case hex) and its algorithm's name
+    // ("md5", "xxh128", "xxh3", "xxh64"): the verify mode's checksum, else xxh128, so that every
+    // copy can be listed in the destination's manifest. Empty when nothing was copied.
+    std::string checksum;
+    std::string checksumAlgorithm;
     std::uint64_t bytes = 0;
     // A temporary that could not be removed (the disk turned read-only): the reason names it, and
     // whoever cleans up later must remove it.

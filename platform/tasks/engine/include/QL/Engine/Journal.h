@@ -61,7 +61,8 @@ struct FileRecord {
     FileState state = FileState::Pending;
     std::string temporary; // while copying
     std::string finalPath; // once verified or skipped
-    std::string checksum;
+    std::string checksum;          // hex digest of the source, once copied
+    std::string checksumAlgorithm; // its algorithm's name: "md5", "xxh128", ...
     std::string reason;
     std::uint64_t size = 0; // of the final file
 };

@@ -48,7 +48,11 @@ struct FileOutcomeMessage : Fnd::MessageT<FileOutcomeMessage> {
     Fnd::WString finalPath; // where the file stands; differs from target for keep both
     FileStatus status = FileStatus::Failed;
     Fnd::WString reason;  // one line, for a failure
-    std::string checksum; // hex MD5 of the source when verified by MD5
+    // The source's digest taken while it was copied, lower-case hex, and its algorithm ("md5",
+    // "xxh128", "xxh3", "xxh64"): the verify mode's checksum, else xxh128 for the manifest of the
+    // copy. Empty for what was not copied.
+    std::string checksum;
+    std::string checksumAlgorithm;
     std::uint32_t verifyMode = 0xFFFFFFFFu;
     // How this copy was checked: a host says per destination whether the copy was read back past
     // the page cache or only after dropping it.
