@@ -1,7 +1,9 @@
 #pragma once
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +11,7 @@
 #include "BatchProgress.h"
 #include "QL/Engine/CopyControl.h"
 #include "QL/Engine/DestinationLocks.h"
+#include "QL/Engine/FileCopier.h"
 #include "QL/Engine/Journal.h"
 #include "fluxcore/Guid.h"
 
@@ -38,6 +41,8 @@ struct BatchRun {
     std::atomic<bool> interrupted{false};
     BatchLock lock;
     DestinationLocks destinationLocks; // held by a resumed batch while it runs
+    // What a source (UTF-8 path) must hash to, when a history of the media lists it; may be empty.
+    std::function<std::optional<ExpectedDigest>(const std::string& source)> expectedDigestOf;
 };
 
 } // namespace QL::Engine

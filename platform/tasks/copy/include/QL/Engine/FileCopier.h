@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "Checksum/Checksum.h"
 #include "QL/Engine/CopyControl.h"
 #include "QL/Engine/DestinationFolders.h"
 #include "QL/Engine/FaultSeams.h"
@@ -30,6 +31,14 @@ struct CopyTarget {
     std::string path;
     std::int32_t action = 0;
     std::shared_ptr<DestinationFolders> folders;
+};
+
+// What a source is known to hash to, from the ASC MHL history of the card or drive it is on: the
+// copy fails, with nothing under a final name, unless the source read now hashes the same.
+struct ExpectedDigest {
+    Checksum::Algorithm algorithm = Checksum::Algorithm::Md5;
+    std::string hex;       // lower-case
+    std::string listedIn;  // the history's generation file that lists the source, for the reason
 };
 
 // How a destination's copy was checked.
