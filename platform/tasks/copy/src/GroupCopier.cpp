@@ -24,6 +24,7 @@
 #include "TargetFolder.h"
 #include "TemporaryFile.h"
 #include "VerifyAlgorithms.h"
+#include "WorkerPool.h"
 
 namespace QL::Engine {
 namespace {
@@ -50,6 +51,9 @@ struct GroupTarget {
     CopyOutcome* outcome = nullptr;
 };
 
+// Reads of a group in flight at once: these threads and the group's own.
+constexpr std::size_t kReadersBesideTheCaller = 3;
+
 std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t length) {
     if (std::memcmp(a, b, length) == 0)
         return length;
@@ -58,9 +62,9 @@ std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t 
 
 class GroupRun {
 public:
-    GroupRun(const std::vector<SourceCopy>& group, GroupBuffers& buffers, CopyControl& control,
+    GroupRun(const std::vector<SourceCopy>& group, GroupBuffers& buffers, WorkerPool& pool, CopyControl& control,
              const CopyHooks& hooks, const GroupProgressFunction& progress)
-        : group_(group), buffers_(buffers), control_(control), hooks_(hooks), progress_(progress),
+        : group_(group), buffers_(buffers), pool_(pool), control_(control), hooks_(hooks), progress_(progress),
           outcomes_(group.size()), sources_(group.size()) {}
 
     ~GroupRun() {
@@ -80,7 +84,7 @@ public:
 
 private:
     void ReadSources() {
-        std::uint64_t offset = 0;
+        std::vector<std::size_t> toRead;
         for (std::size_t i = 0; i < group_.size(); ++i) {
             const SourceCopy& copy = group_[i];
             outcomes_[i].resize(copy.targets.size());
@@ -93,52 +97,73 @@ private:
                 continue;
             for (const std::size_t t : pending)
                 targets_.push_back(GroupTarget{i, t, &copy.targets[t], {}, -1, true, &outcomes_[i][t]});
-            if (!control_.Checkpoint()) {
+            if (!control_.Checkpoint())
                 FailSource(i, {});
+            else
+                toRead.push_back(i);
+        }
+        // Opened side by side, placed in the buffer in order, then read side by side: each read
+        // waits on the disk, and a few in flight keep it busy.
+        std::vector<int> fds(group_.size(), -1);
+        std::vector<std::string> reasons(group_.size());
+        pool_.ForEach(toRead.size(), [&](std::size_t k) {
+            const std::size_t i = toRead[k];
+            reasons[i] = OpenSource(sources_[i], fds[i]);
+        });
+        std::uint64_t offset = 0;
+        for (const std::size_t i : toRead) {
+            if (!reasons[i].empty())
+                continue;
+            const std::uint64_t footprint = GroupCopier::Footprint(sources_[i].size);
+            // Grown since the batch was planned beyond what the group set aside: being written.
+            if (offset + footprint > buffers_.sources.Size()) {
+                reasons[i] = "source could not be read: it changed while it was being read";
                 continue;
             }
-            if (std::string reason = ReadWhole(sources_[i], offset); !reason.empty()) {
-                FailSource(i, reason);
+            sources_[i].data = buffers_.sources.Data() + offset;
+            offset += footprint;
+        }
+        pool_.ForEach(toRead.size(), [&](std::size_t k) {
+            const std::size_t i = toRead[k];
+            if (reasons[i].empty())
+                reasons[i] = ReadOpened(sources_[i], fds[i]);
+            if (fds[i] >= 0)
+                ::close(fds[i]);
+        });
+        for (const std::size_t i : toRead) {
+            if (!reasons[i].empty()) {
+                FailSource(i, reasons[i]);
                 continue;
             }
-            offset += GroupCopier::Footprint(sources_[i].size);
+            sources_[i].read = true;
             if (progress_)
                 progress_(i, sources_[i].size);
         }
     }
 
-    // The whole file in one read, into its place in the group's buffer.
-    std::string ReadWhole(GroupSource& source, std::uint64_t offset) {
-        const std::string& path = source.copy->source;
-        const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    std::string OpenSource(GroupSource& source, int& fd) {
+        fd = ::open(source.copy->source.c_str(), O_RDONLY | O_CLOEXEC);
         if (fd < 0)
             return Because("source could not be read", errno);
-        std::string reason;
         if (::fstat(fd, &source.status) != 0)
-            reason = Because("source could not be read", errno);
-        else if (!S_ISREG(source.status.st_mode))
-            reason = Because("source could not be read", S_ISDIR(source.status.st_mode) ? EISDIR : EINVAL);
-        const auto size = static_cast<std::uint64_t>(source.status.st_size);
-        // Grown since the batch was planned beyond what the group set aside: it is being written.
-        if (reason.empty() && offset + GroupCopier::Footprint(size) > buffers_.sources.Size())
-            reason = "source could not be read: it changed while it was being read";
-        if (reason.empty() && hooks_.beforeRead) {
-            if (const int error = hooks_.beforeRead(path, 0))
-                reason = Because("source could not be read", error);
+            return Because("source could not be read", errno);
+        if (!S_ISREG(source.status.st_mode))
+            return Because("source could not be read", S_ISDIR(source.status.st_mode) ? EISDIR : EINVAL);
+        source.size = static_cast<std::uint64_t>(source.status.st_size);
+        return {};
+    }
+
+    // The whole file in one read, into its place in the group's buffer.
+    std::string ReadOpened(GroupSource& source, int fd) {
+        if (hooks_.beforeRead) {
+            if (const int error = hooks_.beforeRead(source.copy->source, 0))
+                return Because("source could not be read", error);
         }
-        if (reason.empty()) {
-            source.data = buffers_.sources.Data() + offset;
-            // One byte more than expected shows a file that grew meanwhile.
-            const IoResult read = ReadAt(fd, source.data, static_cast<std::size_t>(size) + 1, 0);
-            if (read.error != 0)
-                reason = Because("source could not be read", read.error);
-            else
-                reason = ChangedWhileRead(fd, source.status, read.bytes);
-            source.size = size;
-        }
-        ::close(fd);
-        source.read = reason.empty();
-        return reason;
+        // One byte more than expected shows a file that grew meanwhile.
+        const IoResult read = ReadAt(fd, source.data, static_cast<std::size_t>(source.size) + 1, 0);
+        if (read.error != 0)
+            return Because("source could not be read", read.error);
+        return ChangedWhileRead(fd, source.status, read.bytes);
     }
 
     void HashSources() {
@@ -243,25 +268,35 @@ private:
     }
 
     void VerifyCopies() {
+        std::vector<GroupTarget*> toReadBack;
         for (GroupTarget& target : targets_) {
             if (!target.live)
                 continue;
-            if (!control_.Checkpoint()) {
-                Cancel(target);
-                continue;
-            }
             const std::uint32_t mode = group_[target.source].verifyMode;
-            if (mode == IngestTask::kVerifyNone)
-                continue;
-            if (mode == IngestTask::kVerifyFileSize) {
+            if (mode == IngestTask::kVerifyFileSize)
                 CheckSize(target);
-                continue;
-            }
-            ReadBack(target);
-            if (readBackBytes_ + kIoAlignment > buffers_.readBack.Size() || window_.size() == 8)
-                CheckWindow();
+            else if (mode != IngestTask::kVerifyNone)
+                toReadBack.push_back(&target);
         }
-        CheckWindow();
+        // In windows as large as the buffer: read side by side, then checked in order.
+        for (std::size_t next = 0; next < toReadBack.size();) {
+            if (!control_.Checkpoint()) {
+                for (; next < toReadBack.size(); ++next)
+                    Cancel(*toReadBack[next]);
+                return;
+            }
+            std::vector<ReadBackSlot> window;
+            std::uint64_t used = 0;
+            for (; next < toReadBack.size(); ++next) {
+                const std::uint64_t room = RoundUpToAlignment(sources_[toReadBack[next]->source].size + 1);
+                if (!window.empty() && used + room > buffers_.readBack.Size())
+                    break;
+                window.push_back(ReadBackSlot{toReadBack[next], buffers_.readBack.Data() + used, {}, 0, false});
+                used += room;
+            }
+            pool_.ForEach(window.size(), [&](std::size_t k) { ReadBack(window[k]); });
+            CheckWindow(window);
+        }
     }
 
     void CheckSize(GroupTarget& target) {
@@ -274,59 +309,59 @@ private:
             target.outcome->verifiedBy = VerifiedBy::Size;
     }
 
-    // Reads the copy back from the medium into the window; checksums are compared when the window
-    // is full, a byte-by-byte check at once against the source still in memory.
-    void ReadBack(GroupTarget& target) {
-        const GroupSource& source = sources_[target.source];
-        const std::uint64_t room = RoundUpToAlignment(source.size + 1);
-        if (readBackBytes_ + room > buffers_.readBack.Size())
-            CheckWindow();
+    struct ReadBackSlot {
+        GroupTarget* target;
+        std::byte* data;
+        IoResult read;
+        int openError = 0;
+        bool direct = false;
+    };
+
+    // Reads the copy back from the medium; on a thread of the pool.
+    void ReadBack(ReadBackSlot& slot) {
         MediumReader reader;
-        if (const int error = reader.Open(target.temporary, &hooks_.failReadBack)) {
-            Fail(target, Because("could not read back the copy", error));
+        if ((slot.openError = reader.Open(slot.target->temporary, &hooks_.failReadBack)) != 0)
             return;
-        }
-        std::byte* data = buffers_.readBack.Data() + readBackBytes_;
         // One byte more than the source shows a copy that is longer.
-        const IoResult read = reader.Read(data, static_cast<std::size_t>(source.size) + 1, 0);
-        if (read.error != 0) {
-            Fail(target, Because("could not read back the copy", read.error));
-            return;
-        }
-        target.outcome->verifiedBy = reader.Direct() ? VerifiedBy::DirectRead : VerifiedBy::DroppedCache;
-        if (group_[target.source].verifyMode == IngestTask::kVerifyBitByBit) {
-            const std::size_t common = std::min<std::size_t>(read.bytes, source.size);
-            const std::size_t differs = FirstDifference(data, source.data, common);
-            if (differs != common)
-                Fail(target, "verification failed: contents differ at byte " + std::to_string(differs));
-            else if (read.bytes != source.size)
-                Fail(target, "verification failed: sizes differ");
-            return;
-        }
-        if (read.bytes != source.size) {
-            Fail(target, "verification failed: sizes differ");
-            return;
-        }
-        window_.push_back(WindowEntry{&target, ByteRange{data, read.bytes}});
-        readBackBytes_ += room;
+        slot.read = reader.Read(slot.data, static_cast<std::size_t>(sources_[slot.target->source].size) + 1, 0);
+        slot.direct = reader.Direct();
     }
 
-    void CheckWindow() {
-        std::map<Checksum::Algorithm, std::vector<const WindowEntry*>> byAlgorithm;
-        for (const WindowEntry& entry : window_)
-            byAlgorithm[sources_[entry.target->source].algorithm].push_back(&entry);
-        for (const auto& [algorithm, entries] : byAlgorithm) {
-            std::vector<ByteRange> ranges;
-            ranges.reserve(entries.size());
-            for (const WindowEntry* entry : entries)
-                ranges.push_back(entry->range);
-            const std::vector<std::string> digests = DigestsOf(algorithm, ranges);
-            for (std::size_t k = 0; k < entries.size(); ++k)
-                if (digests[k] != sources_[entries[k]->target->source].digest)
-                    Fail(*entries[k]->target, "verification failed: " + ChecksumLabel(algorithm) + " differs");
+    // Byte by byte against the source still in memory; checksums side by side, per algorithm.
+    void CheckWindow(std::vector<ReadBackSlot>& window) {
+        std::map<Checksum::Algorithm, std::vector<const ReadBackSlot*>> byAlgorithm;
+        for (const ReadBackSlot& slot : window) {
+            GroupTarget& target = *slot.target;
+            const GroupSource& source = sources_[target.source];
+            const int error = slot.openError != 0 ? slot.openError : slot.read.error;
+            if (error != 0) {
+                Fail(target, Because("could not read back the copy", error));
+                continue;
+            }
+            target.outcome->verifiedBy = slot.direct ? VerifiedBy::DirectRead : VerifiedBy::DroppedCache;
+            if (group_[target.source].verifyMode == IngestTask::kVerifyBitByBit) {
+                const std::size_t common = std::min<std::size_t>(slot.read.bytes, source.size);
+                const std::size_t differs = FirstDifference(slot.data, source.data, common);
+                if (differs != common)
+                    Fail(target, "verification failed: contents differ at byte " + std::to_string(differs));
+                else if (slot.read.bytes != source.size)
+                    Fail(target, "verification failed: sizes differ");
+            } else if (slot.read.bytes != source.size) {
+                Fail(target, "verification failed: sizes differ");
+            } else {
+                byAlgorithm[source.algorithm].push_back(&slot);
+            }
         }
-        window_.clear();
-        readBackBytes_ = 0;
+        for (const auto& [algorithm, slots] : byAlgorithm) {
+            std::vector<ByteRange> ranges;
+            ranges.reserve(slots.size());
+            for (const ReadBackSlot* slot : slots)
+                ranges.push_back(ByteRange{slot->data, slot->read.bytes});
+            const std::vector<std::string> digests = DigestsOf(algorithm, ranges);
+            for (std::size_t k = 0; k < slots.size(); ++k)
+                if (digests[k] != sources_[slots[k]->target->source].digest)
+                    Fail(*slots[k]->target, "verification failed: " + ChecksumLabel(algorithm) + " differs");
+        }
     }
 
     void GiveFinalNames() {
@@ -405,13 +440,9 @@ private:
         target.temporary.clear();
     }
 
-    struct WindowEntry {
-        GroupTarget* target;
-        ByteRange range;
-    };
-
     const std::vector<SourceCopy>& group_;
     GroupBuffers& buffers_;
+    WorkerPool& pool_;
     CopyControl& control_;
     const CopyHooks& hooks_;
     const GroupProgressFunction& progress_;
@@ -420,8 +451,6 @@ private:
     std::vector<GroupTarget> targets_;
     std::unordered_map<std::string, std::string> preparedFolders_;
     DurabilityBarrier barrier_;
-    std::vector<WindowEntry> window_;
-    std::uint64_t readBackBytes_ = 0;
 };
 
 } // namespace
@@ -431,7 +460,8 @@ std::uint64_t GroupCopier::Footprint(std::uint64_t fileSize) {
     return RoundUpToAlignment(fileSize + 1);
 }
 
-GroupCopier::GroupCopier(CopyHooks hooks) : hooks_(std::move(hooks)) {}
+GroupCopier::GroupCopier(CopyHooks hooks)
+    : hooks_(std::move(hooks)), readers_(std::make_unique<WorkerPool>(kReadersBesideTheCaller)) {}
 
 GroupCopier::~GroupCopier() = default;
 
@@ -446,7 +476,7 @@ std::vector<std::vector<CopyOutcome>> GroupCopier::CopyGroup(const std::vector<S
     std::unique_ptr<GroupBuffers> buffers = AcquireBuffers();
     std::vector<std::vector<CopyOutcome>> outcomes;
     {
-        GroupRun run(group, *buffers, control, hooks_, progress);
+        GroupRun run(group, *buffers, *readers_, control, hooks_, progress);
         outcomes = run.Run();
     }
     ReturnBuffers(std::move(buffers));

@@ -24,6 +24,7 @@ struct SourceCopy {
 using GroupProgressFunction = std::function<void(std::size_t source, std::uint64_t bytesDone)>;
 
 class GroupBuffers;
+class WorkerPool;
 
 // Copies a group of small files with the costs of one: a card's XML, thumbnails and index files
 // would otherwise each pay a flush, a dropped cache, a folder flush and their own threads, which
@@ -60,6 +61,7 @@ private:
     void ReturnBuffers(std::unique_ptr<GroupBuffers> buffers) const;
 
     CopyHooks hooks_;
+    std::unique_ptr<WorkerPool> readers_; // reads a group's files side by side
     mutable std::mutex poolMutex_;
     mutable std::vector<std::unique_ptr<GroupBuffers>> pool_;
 };
