@@ -140,6 +140,62 @@ TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAg
     EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
 }
 
+// Small files are copied in groups with one flush for all: killed while groups are in flight, no
+// final name holds anything but a verified copy, and resume finishes the batch.
+TEST_F(IgdIngestCommandTest, AnIngestKilledInsideAGroupOfSmallFilesLeavesOnlyVerifiedCopiesAndResumes) {
+    constexpr int kFiles = 1200;
+    for (int i = 1; i <= kFiles; ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, "stills/DCIM/I%04d.JPG", i);
+        tree.MakeFileOfSize(name, 8u << 10);
+    }
+    IgdProcess ingest({"ingest", Native("stills"), "--to", Native("main"), "--to", Native("backup"), "--verify",
+                       "md5", "--json"});
+    std::string line;
+    std::string batchText;
+    bool copied = false;
+    while (!copied && ingest.ReadLine(line)) {
+        copied = JsonField(line, "event") == "file" && JsonField(line, "status") == "copied";
+        if (batchText.empty())
+            batchText = JsonField(line, "batch");
+    }
+    ingest.Signal(SIGKILL);
+    EXPECT_EQ(ingest.Wait(), 128 + SIGKILL);
+    const auto batch = fluxcore::utility::Guid::FromString(batchText);
+    ASSERT_TRUE(batch.has_value()) << line;
+
+    std::map<std::string, FileIdentity> landed;
+    for (const std::string destination : {"main", "backup"})
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(Native(destination))) {
+            const std::string name = entry.path().filename().string();
+            if (!entry.is_regular_file() || !name.ends_with(".JPG"))
+                continue;
+            EXPECT_EQ(ReadFileBytes(entry.path().string()), ReadFileBytes(Native("stills/DCIM/" + name))) << entry.path();
+            landed.emplace(entry.path().string(), IdentityOf(entry.path().string()));
+        }
+    ASSERT_LT(landed.size(), 2u * kFiles) << "the ingest ended before it could be killed";
+
+    const Ran resume = RunIgd({"resume", "--json"});
+    EXPECT_EQ(resume.exitCode, 0) << resume.out << resume.err;
+    for (int i = 1; i <= kFiles; i += 97) {
+        char name[32];
+        std::snprintf(name, sizeof name, "DCIM/I%04d.JPG", i);
+        const std::string original = ReadFileBytes(Native("stills/" + std::string(name)));
+        EXPECT_EQ(ReadFileBytes(Native("main/stills/" + std::string(name))), original) << name;
+        EXPECT_EQ(ReadFileBytes(Native("backup/stills/" + std::string(name))), original) << name;
+    }
+    EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
+    EXPECT_TRUE(TemporariesBelow(Native("backup")).empty());
+    for (const auto& [path, identity] : landed)
+        EXPECT_EQ(IdentityOf(path).inode, identity.inode) << path << " was copied again";
+    Journal journal(home.Path() + "/journal.sqlite");
+    const std::optional<JournalBatch> after = journal.LoadBatch(*batch);
+    ASSERT_TRUE(after.has_value());
+    EXPECT_EQ(after->state, BatchState::Finished);
+    for (const FileRecord& file : after->files)
+        EXPECT_EQ(file.state, FileState::Verified) << Fnd::ToUTF8(file.target);
+}
+
 TEST_F(IgdIngestCommandTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMetadataOnBothCopies) {
     MakeCard();
     const Ran ran =

@@ -13,14 +13,14 @@ DurabilityBarrier::~DurabilityBarrier() {
         ::close(filesystem.fd);
 }
 
-int DurabilityBarrier::Note(int fd) {
+int DurabilityBarrier::Note(int fd, const std::string& folder) {
     struct stat status {};
     if (::fstat(fd, &status) != 0)
         return -errno;
     for (std::size_t i = 0; i < filesystems_.size(); ++i)
         if (filesystems_[i].device == status.st_dev)
             return static_cast<int>(i);
-    const int kept = ::fcntl(fd, F_DUPFD_CLOEXEC, 0);
+    const int kept = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (kept < 0)
         return -errno;
     filesystems_.push_back(Filesystem{status.st_dev, kept});

@@ -228,7 +228,10 @@ private:
             return Because("could not create the copy", -fd);
         const GroupSource& source = sources_[target.source];
         std::string reason;
-        if (hooks_.failWrite) {
+        target.filesystem = barrier_.Note(fd, Fnd::PathUtils::FolderOf(target.target->path));
+        if (target.filesystem < 0)
+            reason = Because("could not flush the copy", -target.filesystem);
+        if (reason.empty() && hooks_.failWrite) {
             if (const int error = hooks_.failWrite(target.temporary, 0))
                 reason = Because("could not write the copy", error);
         }
@@ -246,9 +249,6 @@ private:
             // Writing back starts now, so that the group's flush mostly waits for what is already
             // under way.
             ::sync_file_range(fd, 0, 0, SYNC_FILE_RANGE_WRITE);
-            target.filesystem = barrier_.Note(fd);
-            if (target.filesystem < 0)
-                reason = Because("could not flush the copy", -target.filesystem);
         }
         if (::close(fd) != 0 && reason.empty())
             reason = Because("could not write the copy", errno);

@@ -82,11 +82,11 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
     }
     // Files of one batch may share a target (kept both, or skipped for an earlier one): a unit's
     // own file comes first.
-    const auto fileIn = [&](const std::vector<const FileRecord*>& unitFiles,
-                            const Fnd::WString& target) -> const FileRecord* {
-        for (const FileRecord* file : unitFiles)
-            if (file && file->target == target)
-                return file;
+    // A card is one unit of thousands of files: its own files are looked up by target, not walked.
+    std::unordered_map<Fnd::WString, const FileRecord*> unitByTarget;
+    const auto fileIn = [&](const Fnd::WString& target) -> const FileRecord* {
+        if (const auto own = unitByTarget.find(target); own != unitByTarget.end())
+            return own->second;
         const auto found = byTarget.find(target);
         return found == byTarget.end() ? nullptr : found->second;
     };
@@ -98,8 +98,12 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
     std::size_t unitIndex = 0;
     for (const IngestTask::CopyUnitRef& unit : setting.units) {
         const std::vector<const FileRecord*>& unitFiles = byUnit[unitIndex++];
+        unitByTarget.clear();
+        for (const FileRecord* file : unitFiles)
+            if (file)
+                unitByTarget.emplace(file->target, file);
         for (const auto& [target, item] : unit->importItems) {
-            const FileRecord* main = fileIn(unitFiles, target);
+            const FileRecord* main = fileIn(target);
             if (!Landed(main))
                 continue; // its failure is counted with the files
             const Fnd::WString finalPath = whereItStands(*main);
@@ -116,7 +120,7 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
             // item's record of it, and then its place in the unit tells.
             const bool oneItem = unit->importItems.size() == 1;
             for (std::size_t e = 0; e < item->extraPaths.size(); ++e) {
-                const FileRecord* side = fileIn(unitFiles, item->extraPaths[e]);
+                const FileRecord* side = fileIn(item->extraPaths[e]);
                 if (!side && oneItem && e + 1 < unitFiles.size())
                     side = unitFiles[e + 1];
                 if (side != main && Landed(side))
