@@ -69,6 +69,18 @@ FileDigest DigestFromRow(const Sqlite::Statement& row, int first) {
     return {Fnd::FromUTF8(row.Text(first)), row.Text(first + 1), row.Text(first + 2)};
 }
 
+// Rows of a side table, item id first, arrive sorted by item id as the items are: one pass over
+// both joins them. add gets the item's index and the row.
+template <class Add> void JoinByItem(Sqlite::Statement& rows, const std::vector<std::int64_t>& ids, Add add) {
+    std::size_t at = 0;
+    while (rows.Step()) {
+        while (at < ids.size() && ids[at] < rows.Int(0))
+            ++at;
+        if (at < ids.size() && ids[at] == rows.Int(0))
+            add(at, rows);
+    }
+}
+
 // What the tables hold after metadata is stored on a new item: sets of one namespace merged (the
 // later value and prefix win), sets without values dropped, namespaces in the byte order of
 // their UTF-8, as ReadItem answers them.
@@ -373,41 +385,27 @@ std::vector<ProjectItem> SqliteProject::Items(const Fnd::WString* bin) const {
             items.push_back(ItemFromRow(*read));
         }
     }
-    // Rows of the side tables arrive in item order: walk both lists together.
+    const auto bound = [&](Sqlite::StatementUse& rows) -> Sqlite::Statement& {
+        if (bin != nullptr)
+            rows->Bind(1, binName);
+        return *rows;
+    };
     {
         Sqlite::StatementUse extra(statements_->readAllExtraPaths);
-        if (bin != nullptr)
-            extra->Bind(1, binName);
-        std::size_t at = 0;
-        while (extra->Step()) {
-            while (at < ids.size() && ids[at] < extra->Int(0))
-                ++at;
-            if (at < ids.size() && ids[at] == extra->Int(0))
-                items[at].extraPaths.push_back(Fnd::FromUTF8(extra->Text(1)));
-        }
+        JoinByItem(bound(extra), ids, [&](std::size_t at, const Sqlite::Statement& row) {
+            items[at].extraPaths.push_back(Fnd::FromUTF8(row.Text(1)));
+        });
     }
     {
         Sqlite::StatementUse metadata(statements_->readAllMetadata);
-        if (bin != nullptr)
-            metadata->Bind(1, binName);
-        std::size_t at = 0;
-        while (metadata->Step()) {
-            while (at < ids.size() && ids[at] < metadata->Int(0))
-                ++at;
-            if (at < ids.size() && ids[at] == metadata->Int(0))
-                AddMetadataRow(items[at].metadata, *metadata, 1);
-        }
+        JoinByItem(bound(metadata), ids, [&](std::size_t at, const Sqlite::Statement& row) {
+            AddMetadataRow(items[at].metadata, row, 1);
+        });
     }
     Sqlite::StatementUse digests(statements_->readAllDigests);
-    if (bin != nullptr)
-        digests->Bind(1, binName);
-    std::size_t at = 0;
-    while (digests->Step()) {
-        while (at < ids.size() && ids[at] < digests->Int(0))
-            ++at;
-        if (at < ids.size() && ids[at] == digests->Int(0))
-            items[at].digests.push_back(DigestFromRow(*digests, 1));
-    }
+    JoinByItem(bound(digests), ids, [&](std::size_t at, const Sqlite::Statement& row) {
+        items[at].digests.push_back(DigestFromRow(row, 1));
+    });
     return items;
 }
 
