@@ -115,13 +115,5 @@ bool CopyMatchesSource(const std::string& source, const std::string& copy, std::
     return true;
 }
 
-bool CopyMatchesSource(const std::string& source, const std::string& copy, std::uint32_t verifyMode,
-                       std::string& checksum) {
-    if (IngestTask::IsChecksumVerify(verifyMode)) {
-        std::string algorithm;
-        return CopyMatchesSource(source, copy, verifyMode, checksum, algorithm);
-    }
-    return verifyMode != IngestTask::kVerifyBitByBit || SameBytes(source, copy);
-}
 
 } // namespace QL::Engine

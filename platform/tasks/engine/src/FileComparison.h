@@ -20,8 +20,4 @@ bool SameBytes(const std::string& first, const std::string& second, Checksum::Ha
 bool CopyMatchesSource(const std::string& source, const std::string& copy, std::uint32_t verifyMode,
                        std::string& checksum, std::string& checksumAlgorithm);
 
-// The same, answering a digest only for the checksum modes, whose algorithm is the mode's.
-bool CopyMatchesSource(const std::string& source, const std::string& copy, std::uint32_t verifyMode,
-                       std::string& checksum);
-
 } // namespace QL::Engine

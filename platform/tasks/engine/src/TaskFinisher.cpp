@@ -32,6 +32,12 @@ template <class Map, class Key> const typename Map::mapped_type* Find(const Map&
     return found == map.end() ? nullptr : &found->second;
 }
 
+// The project keeps the digest each file was copied with, so that the item can be checked later.
+void AddDigest(Proj::ProjectItem& item, const FileRecord& file, const Fnd::WString& path) {
+    if (!file.checksum.empty() && !file.checksumAlgorithm.empty())
+        item.digests.push_back(Proj::FileDigest{path, file.checksumAlgorithm, file.checksum});
+}
+
 constexpr const char* kNoTranscoding = "transcoding is not available in this build";
 
 } // namespace
@@ -123,12 +129,15 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
                 const FileRecord* side = fileIn(item->extraPaths[e]);
                 if (!side && oneItem && e + 1 < unitFiles.size())
                     side = unitFiles[e + 1];
-                if (side != main && Landed(side))
+                if (side != main && Landed(side)) {
                     projectItem.extraPaths.push_back(whereItStands(*side));
+                    AddDigest(projectItem, *side, projectItem.extraPaths.back());
+                }
             }
             // A skipped target is the user's file as it stands: nothing is written into it.
             if (main->state == FileState::Verified)
                 WriteSidecar(projectItem, diskMetadata, result);
+            AddDigest(projectItem, *main, finalPath);
             if (setting.addToProject)
                 imports.push_back(std::move(projectItem));
         }
