@@ -131,6 +131,12 @@ std::optional<History> History::Load(const std::string& root, std::string& error
             if (patterns.insert(pattern).second)
                 history.ignorePatterns_.push_back(std::move(pattern));
         for (FileHash& hash : generation->hashes) {
+            // A check that found a file changed does not make the change its new truth.
+            const bool failedOnly = !hash.digests.empty() &&
+                std::all_of(hash.digests.begin(), hash.digests.end(),
+                            [](const Digest& digest) { return digest.action == kActionFailed; });
+            if (failedOnly && history.files_.count(hash.path))
+                continue;
             ListedFile& listed = history.files_[hash.path];
             listed.hash = std::move(hash);
             listed.generation = file.name;
