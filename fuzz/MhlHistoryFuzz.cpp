@@ -2,6 +2,7 @@
 // read as both, and what a generation yields written back and read again.
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
