@@ -25,7 +25,9 @@ struct VerifyOptions {
     bool record = false;
 };
 
-std::string Shown(const std::string& path) { return Fnd::ToDisplayUTF8(Fnd::FromUTF8(path)); }
+std::string Shown(const std::string& path) {
+    return Fnd::ToDisplayUTF8(Fnd::FromUTF8(path));
+}
 
 // On a terminal a percentage that rewrites itself; otherwise a line now and then, so a log shows
 // that a long check is alive without a line per file.
@@ -96,7 +98,8 @@ Mhl::Generation Recorded(const std::string& folder, Mhl::FolderCheck& check, std
     generation.ignorePatterns = {Mhl::kHistoryFolderName};
     generation.hashes = check.matched;
     generation.hashes.insert(generation.hashes.end(), check.altered.begin(), check.altered.end());
-    const std::string format = check.matched.empty() ? "xxh128" : check.matched.front().digests.front().format;
+    const std::string format =
+        check.matched.empty() ? "xxh128" : check.matched.front().digests.front().format;
     for (Mhl::FileHash& hash : Mhl::HashAdded(folder, check.added, format, check.unreadable))
         generation.hashes.push_back(std::move(hash));
     return generation;
@@ -113,8 +116,8 @@ int RunVerify(const VerifyOptions& options) {
     const std::optional<Mhl::History> history = Mhl::History::Load(folder, error);
     if (!history) {
         std::cerr << "igd verify: "
-                  << (error.empty() ? "no ASC MHL history in " + Shown(folder) + " (no " + Mhl::kHistoryFolderName +
-                                          " folder)"
+                  << (error.empty() ? "no ASC MHL history in " + Shown(folder) + " (no " +
+                                          Mhl::kHistoryFolderName + " folder)"
                                     : "the history cannot be read: " + Shown(error))
                   << "\n";
         return kExitFailure;

@@ -22,7 +22,9 @@ struct C4Hasher::State {
     }
 };
 
-C4Hasher::C4Hasher() : state_(std::make_unique<State>()) { state_->Start(); }
+C4Hasher::C4Hasher() : state_(std::make_unique<State>()) {
+    state_->Start();
+}
 
 C4Hasher::~C4Hasher() = default;
 

@@ -13,23 +13,19 @@ constexpr std::size_t kMaxChainBytes = std::size_t{16} << 20;
 
 std::optional<std::vector<ChainEntry>> ReadDocument(xercesc::DOMDocument* document,
                                                     const std::string& parseError, std::string& error) {
-    if (!document) {
-        error = parseError;
+    const xercesc::DOMElement* found =
+        Dom::RootNamed(document, parseError, "ascmhldirectory", "an ASC MHL chain", error);
+    if (!found)
         return std::nullopt;
-    }
-    const xercesc::DOMElement& root = *document->getDocumentElement();
-    if (Dom::LocalName(root) != "ascmhldirectory") {
-        error = "not an ASC MHL chain: its root is <" + Dom::LocalName(root) + ">";
-        return std::nullopt;
-    }
+    const xercesc::DOMElement& root = *found;
     std::vector<ChainEntry> entries;
     for (const xercesc::DOMElement* element : Dom::Children(root)) {
         if (Dom::LocalName(*element) != "hashlist")
             continue;
         ChainEntry entry;
         const std::string sequence = Dom::Attribute(*element, u"sequencenr");
-        const auto [end, failure] = std::from_chars(sequence.data(), sequence.data() + sequence.size(),
-                                                    entry.sequence);
+        const auto [end, failure] =
+            std::from_chars(sequence.data(), sequence.data() + sequence.size(), entry.sequence);
         if (failure != std::errc() || end != sequence.data() + sequence.size() || entry.sequence < 0) {
             error = "a chain entry without a sequence number";
             return std::nullopt;

@@ -22,6 +22,20 @@ std::string Utf8(const XMLCh* text) {
 
 } // namespace
 
+const xercesc::DOMElement* RootNamed(xercesc::DOMDocument* document, const std::string& parseError,
+                                     std::string_view localName, std::string_view what, std::string& error) {
+    if (!document) {
+        error = parseError;
+        return nullptr;
+    }
+    const xercesc::DOMElement* root = document->getDocumentElement();
+    if (LocalName(*root) != localName) {
+        error = "not " + std::string(what) + ": its root is <" + LocalName(*root) + ">";
+        return nullptr;
+    }
+    return root;
+}
+
 std::string LocalName(const xercesc::DOMElement& element) {
     std::string name = Utf8(element.getTagName());
     const std::size_t colon = name.rfind(':');

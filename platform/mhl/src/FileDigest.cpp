@@ -29,8 +29,7 @@ private:
     int fd_;
 };
 
-template <typename Consume>
-void ReadAll(const std::string& path, Consume&& consume) {
+template <typename Consume> void ReadAll(const std::string& path, Consume&& consume) {
     const FileDescriptor file(path);
     // Dirty pages stay until written; clean ones are dropped so the read comes from the medium.
     ::posix_fadvise(file.Get(), 0, 0, POSIX_FADV_DONTNEED);

@@ -28,8 +28,9 @@ void WriteHash(XmlTextWriter& xml, const FileHash& hash) {
         pathAttributes.emplace_back("lastmodificationdate", hash.lastModified);
     xml.Text("path", hash.path, pathAttributes);
     std::vector<Digest> digests = hash.digests;
-    std::stable_sort(digests.begin(), digests.end(),
-                     [](const Digest& a, const Digest& b) { return FormatRank(a.format) < FormatRank(b.format); });
+    std::stable_sort(digests.begin(), digests.end(), [](const Digest& a, const Digest& b) {
+        return FormatRank(a.format) < FormatRank(b.format);
+    });
     for (const Digest& digest : digests) {
         if (FormatRank(digest.format) == static_cast<int>(std::size(kHashFormats)))
             throw std::invalid_argument("no ASC MHL hash format is named \"" + digest.format + "\"");
@@ -105,15 +106,11 @@ namespace {
 
 std::optional<Generation> ReadDocument(xercesc::DOMDocument* document, const std::string& parseError,
                                        std::string& error) {
-    if (!document) {
-        error = parseError;
+    const xercesc::DOMElement* found =
+        Dom::RootNamed(document, parseError, "hashlist", "an ASC MHL generation", error);
+    if (!found)
         return std::nullopt;
-    }
-    const xercesc::DOMElement& root = *document->getDocumentElement();
-    if (Dom::LocalName(root) != "hashlist") {
-        error = "not an ASC MHL generation: its root is <" + Dom::LocalName(root) + ">";
-        return std::nullopt;
-    }
+    const xercesc::DOMElement& root = *found;
     Generation generation;
     if (const xercesc::DOMElement* creator = Dom::Child(root, "creatorinfo")) {
         generation.creationDate = Dom::Text(Dom::Child(*creator, "creationdate"));

@@ -20,7 +20,9 @@
 namespace Mhl {
 namespace {
 
-std::string HistoryFolderOf(const std::string& root) { return root + "/" + kHistoryFolderName; }
+std::string HistoryFolderOf(const std::string& root) {
+    return root + "/" + kHistoryFolderName;
+}
 
 bool IsFolder(const std::string& path) {
     struct stat status {};
@@ -71,8 +73,8 @@ std::vector<History::GenerationFile> Ordered(const std::vector<std::string>& nam
     std::vector<History::GenerationFile> files;
     for (const std::string& name : names) {
         const auto listed = sequenceOf.find(name);
-        const std::optional<long> number = listed != sequenceOf.end() ? std::optional(listed->second)
-                                                                      : GenerationNumberOf(name);
+        const std::optional<long> number =
+            listed != sequenceOf.end() ? std::optional(listed->second) : GenerationNumberOf(name);
         files.push_back({number.value_or(0), name});
     }
     std::sort(files.begin(), files.end(), [](const auto& a, const auto& b) {
@@ -132,7 +134,8 @@ std::optional<History> History::Load(const std::string& root, std::string& error
                 history.ignorePatterns_.push_back(std::move(pattern));
         for (FileHash& hash : generation->hashes) {
             // A check that found a file changed does not make the change its new truth.
-            const bool failedOnly = !hash.digests.empty() &&
+            const bool failedOnly =
+                !hash.digests.empty() &&
                 std::all_of(hash.digests.begin(), hash.digests.end(),
                             [](const Digest& digest) { return digest.action == kActionFailed; });
             if (failedOnly && history.files_.count(hash.path))
@@ -181,8 +184,8 @@ std::string AppendGeneration(const std::string& root, const Generation& generati
         chained.insert(entry.path);
     for (const History::GenerationFile& file : Ordered(GenerationFilesIn(folder), chain))
         if (!chained.count(file.name))
-            chain.push_back({file.name == name ? number : file.number, file.name,
-                             C4IdOfFile(folder + "/" + file.name)});
+            chain.push_back(
+                {file.name == name ? number : file.number, file.name, C4IdOfFile(folder + "/" + file.name)});
     std::stable_sort(chain.begin(), chain.end(),
                      [](const ChainEntry& a, const ChainEntry& b) { return a.sequence < b.sequence; });
     Fnd::WriteFileAtomically(chainPath, ChainXml(chain));

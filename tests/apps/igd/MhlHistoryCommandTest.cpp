@@ -20,8 +20,9 @@ protected:
     void MakeP2Card() {
         const std::string c = "SHOOT/CARD01/CONTENTS/";
         for (const std::string id : {"0001AB", "0002AB"}) {
-            tree.MakeFile(c + "CLIP/" + id + ".XML", "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" +
-                                                         id + "</GlobalClipID></ClipContent></P2Main>");
+            tree.MakeFile(c + "CLIP/" + id + ".XML",
+                          "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" + id +
+                              "</GlobalClipID></ClipContent></P2Main>");
             tree.MakeFile(c + "VIDEO/" + id + ".MXF", "video " + id);
             tree.MakeFile(c + "AUDIO/" + id + "00.MXF", "audio " + id);
         }
@@ -40,7 +41,8 @@ protected:
 
 TEST_F(IgdMhlHistoryTest, AnIngestLeavesAValidHistoryThatVerifyChecksAndASecondIngestContinues) {
     MakeP2Card();
-    const Ran ingest = RunIgd({"ingest", Native("SHOOT/CARD01"), "--to", Native("main"), "--to", Native("backup")});
+    const Ran ingest =
+        RunIgd({"ingest", Native("SHOOT/CARD01"), "--to", Native("main"), "--to", Native("backup")});
     ASSERT_EQ(ingest.exitCode, 0) << ingest.Said();
 
     for (const std::string destination : {"main/CARD01", "backup/CARD01"}) {
@@ -56,7 +58,8 @@ TEST_F(IgdMhlHistoryTest, AnIngestLeavesAValidHistoryThatVerifyChecksAndASecondI
         ASSERT_NE(video, nullptr) << destination;
         EXPECT_EQ(*video->hash.size, 12u);
         EXPECT_EQ(video->hash.digests[0].action, "original");
-        EXPECT_EQ(video->hash.digests[0].value, Checksum::DigestHex(Checksum::Algorithm::Md5, "video 0001AB", 12));
+        EXPECT_EQ(video->hash.digests[0].value,
+                  Checksum::DigestHex(Checksum::Algorithm::Md5, "video 0001AB", 12));
     }
 
     // One byte of one copy flipped: that copy names the file, the other still matches.
@@ -73,7 +76,8 @@ TEST_F(IgdMhlHistoryTest, AnIngestLeavesAValidHistoryThatVerifyChecksAndASecondI
     EXPECT_NE(good.out.find("\"matched\":6,\"altered\":[]"), std::string::npos) << good.out;
 
     // The same card again into the same place, kept as it stands: the history goes on.
-    const Ran again = RunIgd({"ingest", Native("SHOOT/CARD01"), "--to", Native("main"), "--on-conflict", "skip"});
+    const Ran again =
+        RunIgd({"ingest", Native("SHOOT/CARD01"), "--to", Native("main"), "--on-conflict", "skip"});
     ASSERT_EQ(again.exitCode, 0) << again.Said();
     const std::vector<std::string> names = Generations("main/CARD01");
     ASSERT_EQ(names.size(), 2u);

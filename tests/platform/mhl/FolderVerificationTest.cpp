@@ -28,11 +28,11 @@ TEST(MhlFolderVerification, NamesAlteredMissingAndNewFilesAndPassesOverIgnoredOn
 
     Mhl::Generation generation = Mhl::NewGeneration("transfer", 0, 0);
     generation.ignorePatterns = {".DS_Store", "/cache"};
-    generation.hashes = {Listed("same.mov", "xxh64", Checksum::DigestHex(Checksum::Algorithm::Xxh64, "same", 4)),
-                         Listed("sub/c4.mov", "c4", Mhl::C4IdOf("by c4")),
-                         Listed("changed.mov", "md5", Checksum::DigestHex(Checksum::Algorithm::Md5, "before", 6)),
-                         Listed("gone.mov", "xxh128", "00"),
-                         Listed("unknown.mov", "sha1", "00")};
+    generation.hashes = {
+        Listed("same.mov", "xxh64", Checksum::DigestHex(Checksum::Algorithm::Xxh64, "same", 4)),
+        Listed("sub/c4.mov", "c4", Mhl::C4IdOf("by c4")),
+        Listed("changed.mov", "md5", Checksum::DigestHex(Checksum::Algorithm::Md5, "before", 6)),
+        Listed("gone.mov", "xxh128", "00"), Listed("unknown.mov", "sha1", "00")};
     Mhl::AppendGeneration(root, generation, 0);
     std::string error;
     const auto history = Mhl::History::Load(root, error);

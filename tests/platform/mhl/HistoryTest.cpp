@@ -78,11 +78,14 @@ TEST_F(MhlHistoryTest, GenerationsAndTheirChainAreValidAndNamedInOrder) {
     tree.MakeFolder("card");
     Mhl::Generation first = Sample("CONTENTS/VIDEO/0001AB.MXF", "0123456789abcdef0123456789abcdef");
     // Every format in one hash, given out of the schema's order; names XML must escape.
-    first.hashes.push_back({"a <b> & \"c\".mov", std::nullopt, "", {{"xxh64", "0123456789abcdef", "original"},
-                                                                     {"c4", Mhl::C4IdOf("x"), "original"},
-                                                                     {"md5", "00112233445566778899aabbccddeeff", ""},
-                                                                     {"xxh3", "0011223344556677", "verified"},
-                                                                     {"xxh128", "00", "failed"}}});
+    first.hashes.push_back({"a <b> & \"c\".mov",
+                            std::nullopt,
+                            "",
+                            {{"xxh64", "0123456789abcdef", "original"},
+                             {"c4", Mhl::C4IdOf("x"), "original"},
+                             {"md5", "00112233445566778899aabbccddeeff", ""},
+                             {"xxh3", "0011223344556677", "verified"},
+                             {"xxh128", "00", "failed"}}});
     const std::string firstName = Mhl::AppendGeneration(Root(), first, 1700000070);
     EXPECT_EQ(firstName, "0001_card_2023-11-14_221430Z.mhl");
     const std::string firstBytes = ReadFileBytes(HistoryFile(firstName));
@@ -92,8 +95,10 @@ TEST_F(MhlHistoryTest, GenerationsAndTheirChainAreValidAndNamedInOrder) {
     for (const std::string& name : {firstName, secondName})
         EXPECT_EQ(GenerationSchemaErrors(HistoryFile(name)), "") << name;
     EXPECT_EQ(ChainSchemaErrors(HistoryFile(Mhl::kChainFileName)), "");
-    tree.MakeFile("card/wrong.mhl", "<hashlist version='2.0' xmlns='urn:ASC:MHL:v2.0'><processinfo/></hashlist>");
-    EXPECT_NE(GenerationSchemaErrors(HistoryFile("../wrong.mhl")), "") << "the validator must be able to refuse";
+    tree.MakeFile("card/wrong.mhl",
+                  "<hashlist version='2.0' xmlns='urn:ASC:MHL:v2.0'><processinfo/></hashlist>");
+    EXPECT_NE(GenerationSchemaErrors(HistoryFile("../wrong.mhl")), "")
+        << "the validator must be able to refuse";
     EXPECT_EQ(ReadFileBytes(HistoryFile(firstName)), firstBytes) << "a generation is never rewritten";
 
     std::string error;
@@ -139,7 +144,8 @@ TEST_F(MhlHistoryTest, AHistoryOfAnotherToolIsReadAndContinued) {
     // Copied with the media, the history goes on in the destination, its first entry unchanged.
     tree.MakeFolder("copy/card");
     Mhl::CopyHistory(Root(), tree.NativePath("copy/card"));
-    const std::string next = Mhl::AppendGeneration(tree.NativePath("copy/card"), Sample("a", "00"), 1700000000);
+    const std::string next =
+        Mhl::AppendGeneration(tree.NativePath("copy/card"), Sample("a", "00"), 1700000000);
     EXPECT_TRUE(next.starts_with("0002_card_")) << next;
     const auto chain = Mhl::ReadChainFile(tree.NativePath("copy/card/ascmhl/ascmhl_chain.xml"), error);
     ASSERT_TRUE(chain) << error;
@@ -167,7 +173,8 @@ TEST_F(MhlHistoryTest, DocumentsThatAreNoHistoryAreRefusedWithTheirReason) {
     EXPECT_FALSE(Mhl::ReadGeneration(
         "<hashlist><hashes><hash><path size='-1'>a</path></hash></hashes></hashlist>", error));
     EXPECT_NE(error.find("size of a"), std::string::npos) << error;
-    EXPECT_FALSE(Mhl::ReadChain("<ascmhldirectory><hashlist><path>a</path></hashlist></ascmhldirectory>", error));
+    EXPECT_FALSE(
+        Mhl::ReadChain("<ascmhldirectory><hashlist><path>a</path></hashlist></ascmhldirectory>", error));
     EXPECT_NE(error.find("sequence"), std::string::npos) << error;
 
     // An unreadable generation makes the whole history unreadable, never a shorter one.

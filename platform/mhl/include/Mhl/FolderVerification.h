@@ -10,15 +10,16 @@
 namespace Mhl {
 
 struct FolderCheck {
-    std::vector<FileHash> matched;  // hashed again: the same (action "verified")
-    std::vector<FileHash> altered;  // hashed again: different (action "failed")
-    std::vector<std::string> missing;   // listed, not on the disk
-    std::vector<std::string> added;     // on the disk, listed nowhere
-    std::vector<std::string> unreadable; // "path: reason", listed or not
+    std::vector<FileHash> matched;        // hashed again: the same (action "verified")
+    std::vector<FileHash> altered;        // hashed again: different (action "failed")
+    std::vector<std::string> missing;     // listed, not on the disk
+    std::vector<std::string> added;       // on the disk, listed nowhere
+    std::vector<std::string> unreadable;  // "path: reason", listed or not
     std::vector<std::string> uncheckable; // listed without a digest this tool computes
 
     bool AllMatch() const {
-        return altered.empty() && missing.empty() && added.empty() && unreadable.empty() && uncheckable.empty();
+        return altered.empty() && missing.empty() && added.empty() && unreadable.empty() &&
+               uncheckable.empty();
     }
 };
 

@@ -63,14 +63,16 @@ void WriteGeneration(const IngestedFolder& folder, const TaskFiles& task, std::i
             continue;
         Mhl::FileHash hash;
         hash.path = path.substr(prefix.size());
-        if (hash.path.starts_with(std::string(Mhl::kHistoryFolderName) + "/") || !Mhl::DescribeFile(path, hash))
+        if (hash.path.starts_with(std::string(Mhl::kHistoryFolderName) + "/") ||
+            !Mhl::DescribeFile(path, hash))
             continue;
         if (file->state == FileState::Skipped)
             hash.digests.push_back(DigestOfKept(path, hash.path, history ? &*history : nullptr, task.format));
         else if (!file->checksum.empty() && !file->checksumAlgorithm.empty())
             hash.digests.push_back({file->checksumAlgorithm, file->checksum, Mhl::kActionOriginal});
         else
-            hash.digests.push_back({kFallbackFormat, Mhl::DigestOfFile(path, kFallbackFormat), Mhl::kActionOriginal});
+            hash.digests.push_back(
+                {kFallbackFormat, Mhl::DigestOfFile(path, kFallbackFormat), Mhl::kActionOriginal});
         generation.hashes.push_back(std::move(hash));
     }
     if (!generation.hashes.empty())
@@ -80,7 +82,9 @@ void WriteGeneration(const IngestedFolder& folder, const TaskFiles& task, std::i
 } // namespace
 
 CopyHistories::CopyHistories(BatchRun& run) : startedAt_(std::time(nullptr)) {
-    run.expectedDigestOf = [cache = cache_](const std::string& source) { return ExpectedDigestOf(*cache, source); };
+    run.expectedDigestOf = [cache = cache_](const std::string& source) {
+        return ExpectedDigestOf(*cache, source);
+    };
 }
 
 std::optional<ExpectedDigest> CopyHistories::ExpectedDigestOf(Cache& cache, const std::string& source) {
@@ -96,13 +100,15 @@ std::optional<ExpectedDigest> CopyHistories::ExpectedDigestOf(Cache& cache, cons
                 std::optional<Mhl::History> loaded = Mhl::History::Load(folder, error);
                 // A history that cannot be read vouches for nothing; the copy is checked as usual.
                 found = cache.histories
-                            .emplace(folder, loaded ? std::make_shared<const Mhl::History>(std::move(*loaded)) : nullptr)
+                            .emplace(folder, loaded ? std::make_shared<const Mhl::History>(std::move(*loaded))
+                                                    : nullptr)
                             .first;
             }
             history = found->second;
         }
         if (history) {
-            const Mhl::ListedFile* listed = history->Find(source.substr(folder == "/" ? 1 : folder.size() + 1));
+            const Mhl::ListedFile* listed =
+                history->Find(source.substr(folder == "/" ? 1 : folder.size() + 1));
             const Mhl::Digest* digest = listed ? Mhl::ComputableDigest(listed->hash) : nullptr;
             std::optional<Checksum::Algorithm> algorithm;
             if (digest)

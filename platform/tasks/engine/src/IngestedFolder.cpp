@@ -19,7 +19,8 @@ std::string CommonFolder(const std::vector<std::string>& paths) {
 
 } // namespace
 
-IngestedFolder IngestedFolderOf(const std::vector<std::string>& sources, const std::vector<std::string>& targets) {
+IngestedFolder IngestedFolderOf(const std::vector<std::string>& sources,
+                                const std::vector<std::string>& targets) {
     IngestedFolder found{CommonFolder(targets), {}};
     std::string target = found.target;
     std::string source = CommonFolder(sources);

@@ -17,6 +17,7 @@ struct IngestedFolder {
 // when one was given), and the card's root is its source. Files taken one by one, or cards side
 // by side, share no such name: the folder holding the targets, the destination root or the
 // subfolder, is the ingested folder, and no source folder came whole.
-IngestedFolder IngestedFolderOf(const std::vector<std::string>& sources, const std::vector<std::string>& targets);
+IngestedFolder IngestedFolderOf(const std::vector<std::string>& sources,
+                                const std::vector<std::string>& targets);
 
 } // namespace QL::Engine
