@@ -19,7 +19,8 @@ using HostileInputCommandTest = IgdCommandTest;
 std::vector<std::string> EntriesBelow(const std::string& root) {
     std::vector<std::string> found;
     for (const auto& entry : fs::recursive_directory_iterator(root))
-        found.push_back(entry.path().string());
+        if (!InHistory(entry.path().string()))
+            found.push_back(entry.path().string());
     std::sort(found.begin(), found.end());
     return found;
 }

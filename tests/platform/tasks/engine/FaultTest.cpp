@@ -541,7 +541,8 @@ TEST_F(FaultTest, NamesDifferingOnlyInCaseNeverOverwriteEachOtherWhereCaseIsIgno
         const std::string lower = ReasonFor(folder, "case.mov");
         std::multiset<std::string> contents;
         for (const auto& entry : std::filesystem::directory_iterator(Fnd::ToUTF8(folder)))
-            contents.insert(ReadFileBytes(entry.path().string()));
+            if (entry.path().filename() != "ascmhl") // the history of the copy
+                contents.insert(ReadFileBytes(entry.path().string()));
         if (action == QL::kCopyActionNone) {
             EXPECT_EQ(std::multiset<std::string>({upper, lower}),
                       std::multiset<std::string>({"copied", "target exists"}));
