@@ -41,8 +41,9 @@ protected:
 
 TEST_F(IgdMhlHistoryTest, AnIngestLeavesAValidHistoryThatVerifyChecksAndASecondIngestContinues) {
     MakeP2Card();
-    const Ran ingest =
-        RunIgd({"ingest", Native("SHOOT/CARD01"), "--to", Native("main"), "--to", Native("backup")});
+    // Metadata sidecars are written after the copies: the history lists them as they stand.
+    const Ran ingest = RunIgd({"ingest", Native("SHOOT/CARD01"), "--to", Native("main"), "--to", Native("backup"),
+                               "--metadata-preset", "Production", "--set", "scene=12", "--set", "take=3"});
     ASSERT_EQ(ingest.exitCode, 0) << ingest.Said();
 
     for (const std::string destination : {"main/CARD01", "backup/CARD01"}) {
@@ -73,7 +74,8 @@ TEST_F(IgdMhlHistoryTest, AnIngestLeavesAValidHistoryThatVerifyChecksAndASecondI
     EXPECT_NE(damaged.out.find("altered  CONTENTS/AUDIO/0002AB00.MXF"), std::string::npos) << damaged.out;
     const Ran good = RunIgd({"verify", Native("main/CARD01"), "--json"});
     EXPECT_EQ(good.exitCode, 0) << good.Said();
-    EXPECT_NE(good.out.find("\"matched\":6,\"altered\":[]"), std::string::npos) << good.out;
+    // Six clip files and the two clips' sidecars.
+    EXPECT_NE(good.out.find("\"matched\":8,\"altered\":[]"), std::string::npos) << good.out;
 
     // The same card again into the same place, kept as it stands: the history goes on.
     const Ran again =

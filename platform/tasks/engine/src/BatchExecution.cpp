@@ -92,8 +92,6 @@ void ExecuteBatch(BatchRun& run, Journal& journal, CopyBackend& backend,
     CopyHistories histories(run);
     BatchCopier(run, runJournal, backend, counters, std::move(folders)).CopyAll(modes);
     const bool cancelled = run.control->IsCancelled();
-    if (!cancelled && !run.interrupted)
-        histories.Record(run);
 
     std::unordered_map<std::int64_t, std::vector<const FileRecord*>> filesOfTask;
     for (const FileRecord& file : run.files)
@@ -109,6 +107,8 @@ void ExecuteBatch(BatchRun& run, Journal& journal, CopyBackend& backend,
             result.status = OutcomeStatus::Cancelled;
         } else {
             result = finisher.Finish(task, filesOfTask[task.id]);
+            if (!run.interrupted)
+                histories.Record(run, task, result.written);
             histories.Amend(task, result);
             task.finished = true;
         }

@@ -42,6 +42,7 @@ Mhl::Digest DigestOfKept(const std::string& path, const std::string& relative, c
 
 struct TaskFiles {
     std::vector<const FileRecord*> files;
+    const std::vector<std::string>* written = nullptr; // by the task itself, after its copies
     std::string format = kFallbackFormat;
 };
 
@@ -74,6 +75,21 @@ void WriteGeneration(const IngestedFolder& folder, const TaskFiles& task, std::i
             hash.digests.push_back(
                 {kFallbackFormat, Mhl::DigestOfFile(path, kFallbackFormat), Mhl::kActionOriginal});
         generation.hashes.push_back(std::move(hash));
+    }
+    // What the task wrote itself (sidecars, also over a copied one) is listed as it stands now.
+    std::unordered_map<std::string, std::size_t> listed;
+    for (std::size_t i = 0; i < generation.hashes.size(); ++i)
+        listed.emplace(generation.hashes[i].path, i);
+    for (const std::string& path : task.written ? *task.written : std::vector<std::string>{}) {
+        Mhl::FileHash hash;
+        if (!path.starts_with(prefix) || !Mhl::DescribeFile(path, hash))
+            continue;
+        hash.path = path.substr(prefix.size());
+        hash.digests.push_back({task.format, Mhl::DigestOfFile(path, task.format), Mhl::kActionOriginal});
+        if (const auto found = listed.find(hash.path); found != listed.end())
+            generation.hashes[found->second] = std::move(hash);
+        else
+            generation.hashes.push_back(std::move(hash));
     }
     if (!generation.hashes.empty())
         Mhl::AppendGeneration(folder.target, generation, std::time(nullptr));
@@ -123,34 +139,31 @@ std::optional<ExpectedDigest> CopyHistories::ExpectedDigestOf(Cache& cache, cons
     }
 }
 
-void CopyHistories::Record(const BatchRun& run) {
-    std::unordered_map<std::int64_t, TaskFiles> byTask;
+void CopyHistories::Record(const BatchRun& run, const RunTask& task, const std::vector<std::string>& written) {
+    if (task.record.kind != TaskKind::Copy)
+        return;
+    TaskFiles files;
+    files.written = &written;
     for (const FileRecord& file : run.files)
-        if (file.state == FileState::Verified || file.state == FileState::Skipped)
-            byTask[file.task].files.push_back(&file);
-    for (const RunTask& task : run.tasks) {
-        if (task.record.kind != TaskKind::Copy || task.finished)
-            continue;
-        const auto found = byTask.find(task.id);
-        if (found == byTask.end())
-            continue;
-        TaskFiles& files = found->second;
-        std::vector<std::string> sources, targets;
-        for (const FileRecord* file : files.files) {
-            if (!file->checksumAlgorithm.empty())
-                files.format = file->checksumAlgorithm;
-            // A folder's own record stands for the folder, not for an entry of its parent.
-            const std::string target = WhereItStands(*file);
-            const bool folder = IsFolder(target);
-            sources.push_back(Fnd::ToUTF8(file->source) + (folder ? "/." : ""));
-            targets.push_back(target + (folder ? "/." : ""));
-        }
-        const IngestedFolder folder = IngestedFolderOf(sources, targets);
-        try {
-            WriteGeneration(folder, files, startedAt_);
-        } catch (const std::exception& error) {
-            problems_[task.id] = "ASC MHL history not written in " + folder.target + ": " + error.what();
-        }
+        if (file.task == task.id && (file.state == FileState::Verified || file.state == FileState::Skipped))
+            files.files.push_back(&file);
+    if (files.files.empty())
+        return;
+    std::vector<std::string> sources, targets;
+    for (const FileRecord* file : files.files) {
+        if (!file->checksumAlgorithm.empty())
+            files.format = file->checksumAlgorithm;
+        // A folder's own record stands for the folder, not for an entry of its parent.
+        const std::string target = WhereItStands(*file);
+        const bool folder = IsFolder(target);
+        sources.push_back(Fnd::ToUTF8(file->source) + (folder ? "/." : ""));
+        targets.push_back(target + (folder ? "/." : ""));
+    }
+    const IngestedFolder folder = IngestedFolderOf(sources, targets);
+    try {
+        WriteGeneration(folder, files, startedAt_);
+    } catch (const std::exception& error) {
+        problems_[task.id] = "ASC MHL history not written in " + folder.target + ": " + error.what();
     }
 }
 

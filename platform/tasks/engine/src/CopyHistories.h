@@ -21,9 +21,10 @@ public:
     // Points run.expectedDigestOf at the histories found above each source.
     explicit CopyHistories(BatchRun& run);
 
-    // After the copies: a generation in the ingested folder of each copy task that copied or kept
-    // a file. What could not be written is kept for Amend.
-    void Record(const BatchRun& run);
+    // Once a copy task is finished (its copies settled, its sidecars written): a generation in its
+    // ingested folder, when it copied or kept a file, listing written as they stand. What could
+    // not be written is kept for Amend.
+    void Record(const BatchRun& run, const RunTask& task, const std::vector<std::string>& written);
 
     // A copy task whose history could not be written fails, saying why.
     void Amend(const RunTask& task, TaskResult& result) const;

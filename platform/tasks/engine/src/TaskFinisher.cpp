@@ -213,6 +213,7 @@ void TaskFinisher::WriteSidecar(Proj::ProjectItem& item, const IngestCustomData&
     const Fnd::WString sidecar = SidecarPathFor(item.path, item.extraPaths);
     try {
         WriteXmpSidecar(Fnd::ToUTF8(sidecar), metadata);
+        result.written.push_back(Fnd::ToUTF8(sidecar));
         if (std::find(item.extraPaths.begin(), item.extraPaths.end(), sidecar) == item.extraPaths.end())
             item.extraPaths.push_back(sidecar);
     } catch (const std::exception& error) {

@@ -16,6 +16,8 @@ struct TaskResult {
     std::string reason; // the first thing that went wrong
     std::uint64_t filesFailed = 0;
     std::uint64_t itemsImported = 0;
+    // Files the task wrote beside its copies (XMP sidecars), for the destination's history.
+    std::vector<std::string> written;
 
     void Fail(const std::string& why);
 };
