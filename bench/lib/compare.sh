@@ -80,6 +80,7 @@ compare_contenders() {
 
 median_of() { echo "${bench_times[$1]:-}" | median; }
 
+ratio_width() { local w=$((${#1} + 2)); echo $((w < 6 ? 6 : w)); }
 ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
 
 # TITLE REFERENCE...: one row per contender, a ratio column per reference.
@@ -91,7 +92,7 @@ print_comparison() {
     echo "$title"
     echo "  ($runs runs each, alternating; median; $(page_cache_note))"
     printf '  %-46s %8s  %-26s' "contender" "median s" "runs (s)"
-    for ref in "${refs[@]}"; do printf ' %9s' "x ${ref}"; done
+    for ref in "${refs[@]}"; do printf ' %*s' "$(ratio_width "$ref")" "x ${ref}"; done
     printf ' %8s  %s\n' "peak MB" "target"
     for id in "${bench_order[@]}"; do
         printf '  %-46s' "${bench_labels[$id]}"
@@ -103,8 +104,8 @@ print_comparison() {
         t=$(median_of "$id")
         printf ' %8.2f  %-26s' "$t" "$(echo "${bench_times[$id]}" | xargs)"
         for ref in "${refs[@]}"; do
-            if [ -n "${bench_skipped[$ref]:-}" ]; then printf ' %9s' "-"; else
-                printf ' %9s' "$(ratio "$t" "$(median_of "$ref")")"; fi
+            if [ -n "${bench_skipped[$ref]:-}" ]; then printf ' %*s' "$(ratio_width "$ref")" "-"; else
+                printf ' %*s' "$(ratio_width "$ref")" "$(ratio "$t" "$(median_of "$ref")")"; fi
         done
         local peak="-"
         [ -z "${bench_peak_kib[$id]:-}" ] || peak=$(awk -v k="${bench_peak_kib[$id]}" 'BEGIN { printf "%.1f", k / 1024 }')
@@ -138,17 +139,21 @@ print_peak_target() {
 # The manual verified workflow: the copies, made durable, then every file of the source and both
 # copies hashed from the disk and the lists compared, as an operator would check an offload.
 hash_tree() {
-    local tool="$1" dir="$2"
-    (cd "$dir" && find . -type f -print0 | sort -z | xargs -0 -r "$tool")
+    local dir="$1"
+    shift
+    (cd "$dir" && find . -type f -print0 | sort -z | xargs -0 -r "$@")
 }
 
 verify_copies_by_hand() {
     local tool="$1" src="$2" name
     name=$(basename "$src")
+    local hasher=("$tool")
+    # xxh128sum draws progress on stderr for large files, which would cut through the table.
+    [ "$tool" != xxh128sum ] || hasher+=(-q)
     drop_page_cache
-    hash_tree "$tool" "$src" >"$work/sums-src.txt"
-    hash_tree "$tool" "$work/d1/$name" >"$work/sums-d1.txt"
-    hash_tree "$tool" "$work/d2/$name" >"$work/sums-d2.txt"
+    hash_tree "$src" "${hasher[@]}" >"$work/sums-src.txt"
+    hash_tree "$work/d1/$name" "${hasher[@]}" >"$work/sums-d1.txt"
+    hash_tree "$work/d2/$name" "${hasher[@]}" >"$work/sums-d2.txt"
     cmp -s "$work/sums-src.txt" "$work/sums-d1.txt" && cmp -s "$work/sums-src.txt" "$work/sums-d2.txt" ||
         { echo "bench: the manual $tool check found a copy differing from $src" >&2; exit 1; }
 }
