@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Side-by-side timing of whole processes, sourced by the bench/*/run scripts.
 #
 # A script names each contender by an id, defines `run_<id>` doing one run of it from empty
@@ -7,8 +8,15 @@
 # the medians with their runs, the ratios to the reference contenders and the targets.
 #
 # The script sets before sourcing: work (the folder for destinations and scratch) and runs.
+# shellcheck disable=SC2154 # work and runs
 
 declare -A bench_times=() bench_peak_kib=() bench_labels=() bench_targets=() bench_skipped=()
+declare -a bench_order=()
+
+# Forgets the contenders and their times, before the next table.
+reset_comparison() {
+    bench_times=() bench_peak_kib=() bench_labels=() bench_targets=() bench_skipped=() bench_order=()
+}
 
 bench_is_root() { [ "$(id -u)" -eq 0 ]; }
 
@@ -26,8 +34,10 @@ page_cache_note() {
         echo "page cache NOT dropped (needs root): times flatter the readers"; fi
 }
 
+clear_destinations() { rm -rf "${work:?}/d1" "${work:?}/d2" "${work:?}/home"; }
+
 fresh_destinations() {
-    rm -rf "$work/d1" "$work/d2" "$work/home"
+    clear_destinations
     mkdir -p "$work/d1" "$work/d2" "$work/home"
     drop_page_cache
 }
@@ -48,7 +58,6 @@ with_peak_memory() {
 }
 
 # ID LABEL: a contender of the table. Labels keep the order they were declared in.
-declare -a bench_order=()
 contender() {
     bench_labels[$1]="$2"
     bench_order+=("$1")
@@ -154,8 +163,10 @@ verify_copies_by_hand() {
     hash_tree "$src" "${hasher[@]}" >"$work/sums-src.txt"
     hash_tree "$work/d1/$name" "${hasher[@]}" >"$work/sums-d1.txt"
     hash_tree "$work/d2/$name" "${hasher[@]}" >"$work/sums-d2.txt"
-    cmp -s "$work/sums-src.txt" "$work/sums-d1.txt" && cmp -s "$work/sums-src.txt" "$work/sums-d2.txt" ||
-        { echo "bench: the manual $tool check found a copy differing from $src" >&2; exit 1; }
+    if ! cmp -s "$work/sums-src.txt" "$work/sums-d1.txt" || ! cmp -s "$work/sums-src.txt" "$work/sums-d2.txt"; then
+        echo "bench: the manual $tool check found a copy differing from $src" >&2
+        exit 1
+    fi
 }
 
 copy_twice() {
