@@ -24,6 +24,14 @@ bool IsInside(std::int32_t index, std::size_t size) {
     return index >= 0 && static_cast<std::size_t>(index) < size;
 }
 
+// MD5 for a name this build does not know, so that a store written by a newer version still
+// verifies.
+Checksum::Algorithm ReadVerifyChecksum(Proj::IPreferences& preferences) {
+    Fnd::WString name(kLocalVerifyChecksum.defaultValue);
+    ReadPreference(preferences, kLocalVerifyChecksum, name);
+    return Checksum::AlgorithmNamed(Fnd::ToUTF8(name)).value_or(Checksum::Algorithm::Md5);
+}
+
 } // namespace
 
 std::shared_ptr<IngestSettingsController> IngestSettingsController::GetInstance() {
@@ -61,6 +69,7 @@ void IngestSettingsController::ResetToDefaults() {
     importOnly_ = kLocalImportOnly.defaultValue && !IsKilnHosted();
     vaultTempLocalCopy_ = kVaultTempLocalCopy.defaultValue;
     verifyOption_ = static_cast<std::int32_t>(kLocalVerifyOption.defaultValue);
+    verifyChecksum_ = Checksum::Algorithm::Md5;
     destinations_.clear();
     renameSectionOpened_ = kRenameSectionOpened.defaultValue;
     metadataSectionOpened_ = kMetadataSectionOpened.defaultValue;
@@ -92,6 +101,7 @@ void IngestSettingsController::LoadSettings() {
             std::uint32_t verifyBits = kLocalVerifyOption.defaultValue;
             ReadPreference(preferences, kLocalVerifyOption, verifyBits);
             verifyOption_ = static_cast<std::int32_t>(verifyBits);
+            verifyChecksum_ = ReadVerifyChecksum(preferences);
         }
         ReadPreference(preferences, kRenameSectionOpened, renameSectionOpened_);
         ReadPreference(preferences, kMetadataSectionOpened, metadataSectionOpened_);
@@ -147,6 +157,8 @@ void IngestSettingsController::SaveSettings() {
     } else {
         WritePreference(preferences, kLocalImportOnly, importOnly_);
         WritePreference(preferences, kLocalVerifyOption, static_cast<std::uint32_t>(verifyOption_));
+        WritePreference(preferences, kLocalVerifyChecksum,
+                        Fnd::FromUTF8(std::string(Checksum::NameOf(verifyChecksum_))));
     }
     SaveDestinations();
     WritePreference(preferences, kRenameSectionOpened, renameSectionOpened_);

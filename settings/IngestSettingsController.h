@@ -7,6 +7,7 @@
 
 #include <boost/function.hpp>
 
+#include "Checksum/Checksum.h"
 #include "Fnd/WString.h"
 #include "IGD/IIngestDialogData.h"
 #include "QL/IngestUtils.h"
@@ -68,6 +69,9 @@ public:
 
     std::int32_t GetVerifyOption() const { return verifyOption_; }
     void SetVerifyOption(std::int32_t option) { verifyOption_ = option; }
+    // What the checksum row of the verify option compares.
+    Checksum::Algorithm GetVerifyChecksum() const { return verifyChecksum_; }
+    void SetVerifyChecksum(Checksum::Algorithm checksum) { verifyChecksum_ = checksum; }
 
     // Element 0 is the primary. An index outside the list answers the primary, so that callers
     // need no test; asking with no destinations at all is a fault (std::logic_error).
@@ -133,6 +137,7 @@ private:
     bool importOnly_ = true;
     bool vaultTempLocalCopy_ = false;
     std::int32_t verifyOption_ = 0;
+    Checksum::Algorithm verifyChecksum_ = Checksum::Algorithm::Md5;
     std::vector<DestinationSetting> destinations_;
     bool renameSectionOpened_ = true;
     bool metadataSectionOpened_ = true;

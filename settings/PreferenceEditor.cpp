@@ -1,5 +1,6 @@
 #include "IGD/PreferenceEditor.h"
 
+#include <algorithm>
 #include <charconv>
 #include <memory>
 
@@ -37,7 +38,7 @@ std::optional<std::uint32_t> TakeNumber(std::string_view& text) {
 }
 
 std::optional<KnownPreferenceKey> Known(const PreferenceKeyInfo& info) {
-    return KnownPreferenceKey{*info.kind, DefaultText(info), !info.defaultNote.empty()};
+    return KnownPreferenceKey{*info.kind, DefaultText(info), !info.defaultNote.empty(), info.choices};
 }
 
 // What follows a list's prefix: its count, or an item with its number.
@@ -228,6 +229,13 @@ PreferenceEditResult SetPreferenceFromText(Proj::IPreferences& preferences, std:
         return {false, std::string(key) + " holds " + std::string(Proj::KindName(known->kind)) + " (" +
                            std::string(KindExplained(known->kind)) + "), not \"" + std::string(text) +
                            "\"; nothing was written"};
+    if (!known->choices.empty() && std::find(known->choices.begin(), known->choices.end(), text) == known->choices.end()) {
+        std::string names;
+        for (const std::string_view choice : known->choices)
+            names += (names.empty() ? "" : ", ") + std::string(choice);
+        return {false, std::string(key) + " holds one of " + names + ", not \"" + std::string(text) +
+                           "\"; nothing was written"};
+    }
     const Proj::PreferenceKey preferenceKey(key);
     if (preferences.IsReadOnly(preferenceKey)) {
         std::string reason = std::string(key) + " is locked by the administrator";

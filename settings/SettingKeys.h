@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <type_traits>
 #include <variant>
@@ -32,6 +33,8 @@ template <class T> struct PreferenceKeyDef {
     KeyShape shape = KeyShape::kPlain;
     // Set where the true default is not a constant; tools show it in place of defaultValue.
     std::string_view defaultNote = {};
+    // For a text that names one of a few things: the names it may hold.
+    std::span<const std::string_view> choices = {};
 };
 
 inline constexpr PreferenceKeyDef<std::uint32_t> kPathsMRUCount{
@@ -48,6 +51,10 @@ inline constexpr PreferenceKeyDef<bool> kLocalImportOnly{"IGD.IngestDestinationS
 // The bits of a signed row: 4294967295 is -1, no verification.
 inline constexpr PreferenceKeyDef<std::uint32_t> kLocalVerifyOption{
     "IGD.IngestDestinationSettingImpl.Local.VerifyOption", 0};
+// Which checksum the verify option's checksum row (0) compares; MD5 unless the user picks another.
+inline constexpr std::array<std::string_view, 4> kVerifyChecksumNames{"md5", "xxh128", "xxh3", "xxh64"};
+inline constexpr PreferenceKeyDef<std::u16string_view> kLocalVerifyChecksum{
+    "IGD.IngestDestinationSettingImpl.Local.VerifyChecksum", u"md5", KeyShape::kPlain, {}, kVerifyChecksumNames};
 inline constexpr PreferenceKeyDef<bool> kRenameSectionOpened{
     "IGD.IngestDestinationSettingImpl.RenameSectionOpened", true};
 inline constexpr PreferenceKeyDef<bool> kMetadataSectionOpened{
@@ -121,6 +128,7 @@ struct PreferenceKeyInfo {
     KeyShape shape;
     DefaultValue defaultValue;
     std::string_view defaultNote;
+    std::span<const std::string_view> choices;
 };
 
 template <class T> constexpr std::optional<Proj::ValueKind> KindOfDefault() {
@@ -134,12 +142,12 @@ template <class T> constexpr std::optional<Proj::ValueKind> KindOfDefault() {
 
 template <class T> constexpr PreferenceKeyInfo Describe(const PreferenceKeyDef<T>& key) {
     if constexpr (std::is_same_v<T, PathList>)
-        return {key.name, std::nullopt, key.shape, std::monostate{}, key.defaultNote};
+        return {key.name, std::nullopt, key.shape, std::monostate{}, key.defaultNote, key.choices};
     else
-        return {key.name, KindOfDefault<T>(), key.shape, key.defaultValue, key.defaultNote};
+        return {key.name, KindOfDefault<T>(), key.shape, key.defaultValue, key.defaultNote, key.choices};
 }
 
-// The 28 keys of IngestSettingsController, in the order of their definition.
+// The 29 keys of IngestSettingsController, in the order of their definition.
 inline constexpr std::array kSettingsControllerKeys = {
     Describe(kPathsMRUCount),
     Describe(kPathsMRUItem),
@@ -147,6 +155,7 @@ inline constexpr std::array kSettingsControllerKeys = {
     Describe(kVaultTempLocalCopy),
     Describe(kLocalImportOnly),
     Describe(kLocalVerifyOption),
+    Describe(kLocalVerifyChecksum),
     Describe(kRenameSectionOpened),
     Describe(kMetadataSectionOpened),
     Describe(kEnableRenameTemplate),

@@ -10,12 +10,15 @@
 
 namespace igd {
 
-// "md5", "size", "bit", "none".
+// "md5", "xxh128", "xxh3", "xxh64", "size", "bit", "none".
 const std::vector<std::string>& VerifyWords();
 // The session's verify mode for a word of VerifyWords.
 std::uint32_t VerifyModeOf(const std::string& word);
-// The verify method a host request names for it ("MD5", "FileSize", "BitByBit"); empty for "none".
+// The verify method a host request names for it ("MD5", "xxh128", "FileSize", ...); empty for "none".
 Fnd::WString VerifyMethodOf(const std::string& word);
+// The word of a verify mode, as plans, reports and JSON events name it; the number for a mode
+// without one.
+std::string VerifyWordOf(std::uint32_t mode);
 
 // "ask", "skip", "keep-both", "replace", "cancel".
 const std::vector<std::string>& ConflictWords();

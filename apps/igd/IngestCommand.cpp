@@ -35,7 +35,7 @@ struct IngestOptions {
     std::vector<std::string> sources;
     std::vector<std::string> destinations;
     std::string subFolder;
-    std::string verify = "md5";
+    std::string verify; // none given: the checksum the preferences name
     std::string renamePreset;
     std::string metadataPreset;
     std::vector<std::string> values;
@@ -109,7 +109,7 @@ int RunIngest(const IngestOptions& options) {
     for (const std::string& destination : options.destinations)
         choices.destinations.push_back(AbsolutePath(destination));
     choices.subFolder = Fnd::FromUTF8(options.subFolder);
-    choices.verifyMode = VerifyModeOf(options.verify);
+    choices.verifyMode = options.verify.empty() ? IGD::StoredChecksumVerifyMode() : VerifyModeOf(options.verify);
     ServiceRunOptions run;
     run.projectPath =
         options.project.empty() ? Proj::DefaultProjectPath() : Fnd::ToUTF8(AbsolutePath(options.project));
@@ -185,7 +185,9 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
             "NAME"));
     command
         ->add_option("--verify", options->verify,
-                     "how each copy is checked: md5 (default), size, bit or none")
+                     "how each copy is checked: by checksum (md5, xxh128, xxh3 or xxh64), size, bit or none; "
+                     "by default the checksum the preference IGD.IngestDestinationSettingImpl.Local.VerifyChecksum "
+                     "names, md5 unless set")
         ->check(CLI::IsMember(VerifyWords()));
     command->add_option(
         "--rename-preset", options->renamePreset,

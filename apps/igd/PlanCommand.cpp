@@ -94,7 +94,7 @@ void RegisterPlanCommand(CLI::App& app, CommandTable& table) {
         ->required();
     command->add_option("--to", plan->destination, "copy to this folder (without it: import in place)");
     command
-        ->add_option("--verify", plan->verify, "how each copy is checked: md5, size, bit or none (default)")
+        ->add_option("--verify", plan->verify, "how each copy is checked: md5, xxh128, xxh3, xxh64, size, bit or none (default)")
         ->check(CLI::IsMember(VerifyWords()));
     command->add_option("--on-conflict", plan->onConflict, "what to do with existing targets")
         ->check(CLI::IsMember(ConflictWords()));

@@ -5,7 +5,9 @@
 #include <sstream>
 
 #include "Fnd/StationUtils.h"
+#include "CommandChoices.h"
 #include "OutputFormat.h"
+#include "QL/CopySetting.h"
 
 namespace igd {
 namespace {
@@ -37,19 +39,6 @@ const char* FileStatusName(FileStatus status) {
         return "cancelled";
     }
     return "?";
-}
-
-const char* VerifyName(std::uint32_t mode) {
-    switch (mode) {
-    case 0:
-        return "md5";
-    case 1:
-        return "size";
-    case 2:
-        return "bit";
-    default:
-        return "none";
-    }
 }
 
 const char* VerifiedByName(VerifiedBy way) {
@@ -150,7 +139,7 @@ void ProgressPrinter::OnProgress(const BatchProgressMessage& progress) {
     barShown_ = true;
 }
 
-void ProgressPrinter::NoteVerification(const std::string& finalPath, VerifiedBy way) {
+void ProgressPrinter::NoteVerification(const std::string& finalPath, const Check& check) {
     std::string destination;
     for (const std::string& root : destinations_)
         if (root.size() > destination.size() && finalPath.size() > root.size() &&
@@ -162,23 +151,27 @@ void ProgressPrinter::NoteVerification(const std::string& finalPath, VerifiedBy 
                               [&](const auto& known) { return known.first == destination; });
     if (entry == verification_.end())
         entry = verification_.insert(verification_.end(), {destination, {}});
-    if (std::find(entry->second.begin(), entry->second.end(), way) == entry->second.end())
-        entry->second.push_back(way);
+    if (std::find(entry->second.begin(), entry->second.end(), check) == entry->second.end())
+        entry->second.push_back(check);
 }
 
 void ProgressPrinter::OnFile(const FileOutcomeMessage& file) {
     if (file.status == FileStatus::Failed)
         problems_.push_back(U(file.target) + ": " + U(file.reason));
     if (file.status == FileStatus::Copied && file.verifiedBy != VerifiedBy::NotVerified)
-        NoteVerification(U(file.finalPath.empty() ? file.target : file.finalPath), file.verifiedBy);
+        NoteVerification(U(file.finalPath.empty() ? file.target : file.finalPath),
+                         {file.verifiedBy, QL::IngestTask::IsChecksumVerify(file.verifyMode)
+                                               ? VerifyWordOf(file.verifyMode)
+                                               : std::string()});
     if (style_ == OutputStyle::Json) {
         out_ << "{\"event\":\"file\",\"batch\":" << JsonString(file.batch.ToString())
              << ",\"status\":" << JsonString(FileStatusName(file.status))
              << ",\"source\":" << JsonString(U(file.source)) << ",\"target\":" << JsonString(U(file.target))
              << ",\"finalPath\":" << JsonString(U(file.finalPath))
-             << ",\"verify\":" << JsonString(VerifyName(file.verifyMode))
+             << ",\"verify\":" << JsonString(VerifyWordOf(file.verifyMode))
              << ",\"verifiedBy\":" << JsonString(VerifiedByName(file.verifiedBy))
-             << ",\"checksum\":" << JsonString(file.checksum) << ",\"bytes\":" << file.bytes
+             << ",\"checksum\":" << JsonString(file.checksum)
+             << ",\"checksumAlgorithm\":" << JsonString(file.checksumAlgorithm) << ",\"bytes\":" << file.bytes
              << ",\"reason\":" << JsonString(U(file.reason)) << "}\n"
              << std::flush;
         return;
@@ -188,7 +181,7 @@ void ProgressPrinter::OnFile(const FileOutcomeMessage& file) {
     std::string line = std::string(FileStatusName(file.status)) + "  " + U(file.source) + " -> " +
                        U(file.finalPath.empty() ? file.target : file.finalPath);
     if (!file.checksum.empty())
-        line += "  md5 " + file.checksum;
+        line += "  " + file.checksumAlgorithm + " " + file.checksum;
     if (!file.reason.empty())
         line += ": " + U(file.reason);
     PrintLine(line);
@@ -261,9 +254,10 @@ void ProgressPrinter::PrintSummary() {
     summary << ", " << totals_.filesSkipped << " skipped, " << totals_.filesFailed << " failed, "
             << totals_.itemsImported << " imported into the project.";
     out_ << summary.str() << "\n";
-    for (const auto& [destination, ways] : verification_)
-        for (const VerifiedBy way : ways)
-            out_ << "  " << destination << ": " << VerifiedByText(way) << "\n";
+    for (const auto& [destination, checks] : verification_)
+        for (const Check& check : checks)
+            out_ << "  " << destination << ": " << VerifiedByText(check.way)
+                 << (check.checksum.empty() ? "" : ", " + check.checksum + " digests compared") << "\n";
     for (const std::string& problem : problems_)
         out_ << "  " << problem << "\n";
     out_ << std::flush;

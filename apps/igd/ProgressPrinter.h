@@ -54,10 +54,16 @@ private:
     double seconds_ = 0;
     std::vector<std::string> problems_;
     std::vector<std::string> destinations_;
+    // How a copy was checked: read back, and with which checksum ("" for none).
+    struct Check {
+        QL::Engine::VerifiedBy way;
+        std::string checksum;
+        bool operator==(const Check&) const = default;
+    };
     // Per destination, each way its copies were checked, in the order first met.
-    std::vector<std::pair<std::string, std::vector<QL::Engine::VerifiedBy>>> verification_;
+    std::vector<std::pair<std::string, std::vector<Check>>> verification_;
 
-    void NoteVerification(const std::string& finalPath, QL::Engine::VerifiedBy way);
+    void NoteVerification(const std::string& finalPath, const Check& check);
 };
 
 } // namespace igd

@@ -122,6 +122,11 @@ void PrintItemJson(std::ostream& out, const Proj::ProjectItem& item) {
         }
         out << "}}";
     }
+    out << "],\"digests\":[";
+    for (std::size_t i = 0; i < item.digests.size(); ++i)
+        out << (i ? "," : "") << "{\"path\":" << JsonString(Utf8(item.digests[i].path))
+            << ",\"algorithm\":" << JsonString(item.digests[i].algorithm)
+            << ",\"digest\":" << JsonString(item.digests[i].hex) << "}";
     out << "]}";
 }
 
@@ -146,6 +151,9 @@ void PrintItemText(std::ostream& out, const Proj::ProjectItem& item) {
         for (const auto& [key, value] : set.values)
             out << "      " << Utf8(key) << ": " << Utf8(value) << "\n";
     }
+    for (const Proj::FileDigest& digest : item.digests)
+        out << "    " << digest.algorithm << std::string(digest.algorithm.size() < 9 ? 9 - digest.algorithm.size() : 1, ' ')
+            << digest.hex << "  " << Utf8(digest.path) << "\n";
 }
 
 int RunList(const ProjectOptions& options) {

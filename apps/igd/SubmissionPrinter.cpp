@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "CommandChoices.h"
 #include "QL/IngestMessages.h"
 
 namespace igd {
@@ -15,19 +16,6 @@ std::string U(const Fnd::WString& text) {
 
 const char* YesNo(bool value) {
     return value ? "yes" : "no";
-}
-
-const char* VerifyName(std::uint32_t mode) {
-    switch (mode) {
-    case QL::IngestTask::kVerifyMD5:
-        return "md5";
-    case QL::IngestTask::kVerifyFileSize:
-        return "size";
-    case QL::IngestTask::kVerifyBitByBit:
-        return "bytes";
-    default:
-        return "none";
-    }
 }
 
 const char* ActionName(std::int32_t action) {
@@ -71,7 +59,7 @@ void SubmissionPrinter::SubmitCopyTask(const QL::IngestTask::CopySetting& settin
                                        const fluxcore::utility::Guid& batch,
                                        const QL::IngestCustomData& data) {
     ++taskCount_;
-    out_ << "copy task, batch " << batch.ToString() << ", verify " << VerifyName(setting.verifyMode)
+    out_ << "copy task, batch " << batch.ToString() << ", verify " << VerifyWordOf(setting.verifyMode)
          << ", add to project " << YesNo(setting.addToProject) << "\n";
     for (const auto& unit : setting.units) {
         // The service copies a file once however often the plan names it; so does this listing.

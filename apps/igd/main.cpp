@@ -21,6 +21,7 @@
 #include "PresetsCommand.h"
 #include "Proj/PreferenceStore.h"
 #include "ProjectCommand.h"
+#include "VerifyCommand.h"
 #include "QL/FilePresetService.h"
 #include "fluxcore/ApplicationName.h"
 #include "fluxcore/UsageLogFile.h"
@@ -85,6 +86,7 @@ int main(int argc, char** argv) {
     igd::RegisterPresetsCommand(app, commands);
     igd::RegisterProjectCommands(app, commands);
     igd::RegisterCardsCommand(app, commands);
+    igd::RegisterVerifyCommand(app, commands);
 
     try {
         app.parse(argc, argv);

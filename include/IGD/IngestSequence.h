@@ -47,6 +47,10 @@ IGD_EXPORT std::vector<IngestDialogDataRef> GatherIngestSources(const std::vecto
 IGD_EXPORT void ApplyIngestChoices(const std::vector<IngestDialogDataRef>& sessions,
                                    const IngestChoices& choices);
 
+// The verify mode of the dialog's checksum row: the checksum the stored preferences name, MD5
+// unless set or while the site locks the settings.
+IGD_EXPORT std::uint32_t StoredChecksumVerifyMode();
+
 // The rename template the dialog would use: the stored one when renaming is on, else null.
 IGD_EXPORT PresetRef StoredRenameTemplate();
 

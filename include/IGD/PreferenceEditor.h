@@ -2,6 +2,7 @@
 // The library's preferences by name and text, for tools such as `igd prefs`: which keys exist,
 // what they hold, and a checked way to change one.
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,8 @@ struct KnownPreferenceKey {
     // A value, or where the default is not a constant, how it comes about.
     std::string defaultText;
     bool defaultIsComputed = false;
+    // The texts a key that names one of a few things may hold; empty for any text of its kind.
+    std::span<const std::string_view> choices;
 };
 
 // The kind and default of a key the library reads, backups' and list keys included
@@ -48,7 +51,7 @@ struct PreferenceEditResult {
 IGD_EXPORT PreferenceEditResult GetPreferenceText(Proj::IPreferences& preferences, std::string_view key);
 
 // Writes a known key from its text form. Refused, with nothing written, for an unknown key, a
-// text that is not of the key's kind, or a locked key; lockSource, when given, names where the
+// text that is not of the key's kind or not one of its choices, or a locked key; lockSource, when given, names where the
 // lock comes from.
 IGD_EXPORT PreferenceEditResult SetPreferenceFromText(Proj::IPreferences& preferences, std::string_view key,
                                                       std::string_view text,

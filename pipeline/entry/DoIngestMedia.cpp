@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <cctype>
 #include <memory>
 
 #include "Browse/CardScanScope.h"
@@ -5,9 +7,10 @@
 #include "Fnd/PathUtils.h"
 #include "Fnd/StationUtils.h"
 #include "IGD/IngestApi.h"
+#include "IGD/IngestSequence.h"
 #include "IGD/SelectedClipItem.h"
 #include "Mid/Utilities.h"
-#include "QL/CopySetting.h"
+#include "QL/ChecksumVerifyMode.h"
 #include "QL/IngestMessages.h"
 #include "pipeline/entry/ResolvedDestination.h"
 #include "pipeline/plan/CopyDecisions.h"
@@ -96,7 +99,13 @@ std::uint32_t VerifyModeFor(const QL::IngestMediaGroup& group) {
         return QL::IngestTask::kVerifyFileSize;
     if (group.verifyMethod == u"BitByBit")
         return QL::IngestTask::kVerifyBitByBit;
-    return QL::IngestTask::kVerifyMD5;
+    // A checksum the host names, in any case ("MD5", "xxh128"); any other text asks for the
+    // checksum the user prefers.
+    std::string name = Fnd::ToUTF8(group.verifyMethod);
+    std::transform(name.begin(), name.end(), name.begin(), [](unsigned char c) { return std::tolower(c); });
+    if (const auto named = Checksum::AlgorithmNamed(name))
+        return QL::IngestTask::ChecksumVerifyMode(*named);
+    return StoredChecksumVerifyMode();
 }
 
 // Adds the group's destination to the session with its copy decisions. False when the request

@@ -4,6 +4,7 @@
 
 #include "Fnd/NullInterfaceException.h"
 #include "Fnd/StationUtils.h"
+#include "QL/ChecksumVerifyMode.h"
 #include "QL/IngestMessages.h"
 #include "QL/TranscodeSetting.h"
 #include "pipeline/entry/ResolvedDestination.h"
@@ -77,6 +78,12 @@ void ApplyIngestChoices(const std::vector<IngestDialogDataRef>& sessions, const 
         settings.SetUserDefAutoIncStartNumber(*choices.startNumber);
     for (const IngestDialogDataRef& session : sessions)
         ApplyToSession(*session, choices);
+}
+
+std::uint32_t StoredChecksumVerifyMode() {
+    IngestSettingsController& settings = *IngestSettingsController::GetInstance();
+    LoadStoredSettings(settings);
+    return QL::IngestTask::ChecksumVerifyMode(settings.GetVerifyChecksum());
 }
 
 PresetRef StoredRenameTemplate() {

@@ -22,8 +22,8 @@ TEST(ListPreferences, ExpandsTheBackupsAndListsAsFarAsTheStoredCountsReach) {
         return std::find(keys.begin(), keys.end(), key) - keys.begin();
     };
 
-    // 19 plain keys, the primary's count and 5 items, 2 backups of 5 keys and a count, 6 dialog keys.
-    EXPECT_EQ(entries.size(), 19u + 6u + 2u * 6u + 6u);
+    // 20 plain keys, the primary's count and 5 items, 2 backups of 5 keys and a count, 6 dialog keys.
+    EXPECT_EQ(entries.size(), 20u + 6u + 2u * 6u + 6u);
     EXPECT_LT(at(K("Primary.DestPathMRU") + K("PathsMRUItem4")), at(K("Pimary.NeedSubFolder")));
     EXPECT_LT(at(K("Local.Backup.Count")), at(K("Local.Backup.Enabled1")));
     EXPECT_LT(at(K("Local.Backup.NeedSubFolder1")), at(K("Local.Backup.Enabled2")));
@@ -60,6 +60,8 @@ TEST(PreferenceEditor, SetRefusesBadInputWithItsReasonAndWritesNothing) {
              " holds uint32 (a whole number from 0 to 4294967295), not \"-1\"; nothing was written"},
         {K("EnableRenameTemplate"), "yes",
          K("EnableRenameTemplate") + " holds bool (true or false), not \"yes\"; nothing was written"},
+        {K("Local.VerifyChecksum"), "XXH128",
+         K("Local.VerifyChecksum") + " holds one of md5, xxh128, xxh3, xxh64, not \"XXH128\"; nothing was written"},
         {K("Local.ImportOnly"), "false",
          K("Local.ImportOnly") + " is locked by the administrator (listed in /etc/igd/locked-preferences); "
                                  "nothing was written"},
@@ -73,6 +75,8 @@ TEST(PreferenceEditor, SetRefusesBadInputWithItsReasonAndWritesNothing) {
     EXPECT_TRUE(preferences->KeysOf(RecordingPreferences::Op::kSet).empty());
 
     EXPECT_TRUE(SetPreferenceFromText(*preferences, "IngestDialog.mainDialog.Left", "-40").ok);
+    EXPECT_TRUE(SetPreferenceFromText(*preferences, K("Local.VerifyChecksum"), "xxh3").ok);
+    EXPECT_EQ(preferences->values[K("Local.VerifyChecksum")], Proj::PreferenceData(std::string("xxh3")));
     EXPECT_EQ(preferences->values["IngestDialog.mainDialog.Left"], Proj::PreferenceData(std::int32_t{-40}));
 }
 

@@ -26,12 +26,16 @@ TEST_F(SettingsLoad, AFirstRunRefreshesBeforeEachReadAndGivesOneDisabledPrimary)
     EXPECT_TRUE(primary.needSubFolder);
     EXPECT_TRUE(primary.destination->IsPrimary());
     EXPECT_EQ(controller.GetVerifyOption(), 0);
+    EXPECT_EQ(controller.GetVerifyChecksum(), Checksum::Algorithm::Md5);
 
     // The count stored when no destinations existed reads as none.
     Put("Local.VerifyOption", std::uint32_t{0xFFFFFFFF});
     Put("Local.Backup.Count", std::uint32_t{0xFFFFFFFF});
+    // A checksum of a newer version verifies by MD5 rather than not at all.
+    Put("Local.VerifyChecksum", "blake3");
     controller.LoadSettings();
     EXPECT_EQ(controller.GetVerifyOption(), -1);
+    EXPECT_EQ(controller.GetVerifyChecksum(), Checksum::Algorithm::Md5);
     EXPECT_EQ(controller.GetDestinations().size(), 1u);
 }
 
@@ -49,6 +53,7 @@ TEST_F(SettingsLoad, ALockedSiteReadsNoOptionsYetStillReadsTheBackups) {
     Put("Local.ImportOnly", false);
     Put("EnableRenameTemplate", true);
     Put("EnableMetadataTemplate", true);
+    Put("Local.VerifyChecksum", "xxh64");
     Put("Local.Backup.Count", std::uint32_t{2});
     Put("Local.Backup.Enabled2", true);
     controller.LoadSettings();
@@ -58,6 +63,7 @@ TEST_F(SettingsLoad, ALockedSiteReadsNoOptionsYetStillReadsTheBackups) {
     EXPECT_TRUE(controller.IsImportOnly());
     EXPECT_FALSE(controller.GetEnableRenameTemplate());
     EXPECT_FALSE(controller.GetEnableMetadataTemplate());
+    EXPECT_EQ(controller.GetVerifyChecksum(), Checksum::Algorithm::Md5);
     ASSERT_EQ(controller.GetDestinations().size(), 3u);
     EXPECT_TRUE(controller.GetDestinations()[2].enabled);
 }

@@ -43,6 +43,7 @@ TEST_F(SettingsStore, WhatIsStoredLoadsBackTheSame) {
     controller.SetEnableMetadataTemplate(true);
     controller.SetRenamePreset(NamedPreset(u"Dailies", u"/presets/Dailies.irp"));
     controller.SetUserDefAutoIncStartNumber(17);
+    controller.SetVerifyChecksum(Checksum::Algorithm::Xxh128);
     DestinationSetting& primary = controller.GetDestinationSetting(0);
     primary.needSubFolder = false;
     primary.AddPathToMRU(u"/Volumes/RAID/Ünïcode");
@@ -60,6 +61,7 @@ TEST_F(SettingsStore, WhatIsStoredLoadsBackTheSame) {
     EXPECT_TRUE(reloaded.GetEnableMetadataTemplate());
     EXPECT_EQ(reloaded.GetRenamePresetPath(), u"/presets/Dailies.irp");
     EXPECT_EQ(reloaded.GetUserDefAutoIncStartNumber(), 17u);
+    EXPECT_EQ(reloaded.GetVerifyChecksum(), Checksum::Algorithm::Xxh128);
     ASSERT_EQ(reloaded.GetDestinations().size(), 2u);
     const DestinationSetting& primaryAgain = reloaded.GetDestinations()[0];
     EXPECT_TRUE(primaryAgain.enabled);

@@ -105,4 +105,8 @@ std::string SummaryNumber(const std::string& out, const std::string& name) {
     return out.substr(from, out.find_first_of(",}", from) - from);
 }
 
+bool InHistory(const std::string& path) {
+    return path.find("/ascmhl/") != std::string::npos || path.ends_with("/ascmhl");
+}
+
 } // namespace igd::test

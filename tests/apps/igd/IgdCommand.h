@@ -54,6 +54,10 @@ Ran RunIgd(const std::vector<std::string>& arguments);
 // What a started igd said, once it has ended.
 Ran Finish(IgdProcess& igd);
 
+// Whether a path lies in the ASC MHL history an ingest keeps beside the media it copied, which
+// tests that look at the media alone pass over.
+bool InHistory(const std::string& path);
+
 // A count from the summary line of `--json` output; "no summary" when there is none.
 std::string SummaryNumber(const std::string& out, const std::string& name);
 

@@ -17,7 +17,8 @@ namespace {
 std::set<std::string> NamesIn(const std::string& folder) {
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
-        names.insert(entry.path().filename().string());
+        if (!InHistory(entry.path().string()))
+            names.insert(entry.path().filename().string());
     return names;
 }
 

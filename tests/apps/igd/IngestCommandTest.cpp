@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 
 #include <cstdio>
+#include <cstdlib>
+#include <sstream>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -44,6 +46,22 @@ std::vector<std::string> TemporariesBelow(const std::string& root) {
         if (FileCopier::IsTemporaryName(entry.path().filename().string()))
             found.push_back(entry.path().string());
     return found;
+}
+
+// The first word a checksum tool prints for a file, or after "= " in its BSD-style line.
+std::string ToolDigest(const std::string& tool, const std::string& path) {
+    const std::string command = tool + " '" + path + "'";
+    FILE* pipe = ::popen(command.c_str(), "r");
+    if (pipe == nullptr)
+        return "no " + tool;
+    std::string line;
+    char buffer[512];
+    while (std::fgets(buffer, sizeof buffer, pipe))
+        line += buffer;
+    ::pclose(pipe);
+    if (const auto equals = line.find(" = "); equals != std::string::npos)
+        line.erase(0, equals + 3);
+    return line.substr(0, line.find_first_of(" \n"));
 }
 
 class IgdIngestCommandTest : public IgdCommandTest {
@@ -140,6 +158,62 @@ TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAg
     EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
 }
 
+// Small files are copied in groups with one flush for all: killed while groups are in flight, no
+// final name holds anything but a verified copy, and resume finishes the batch.
+TEST_F(IgdIngestCommandTest, AnIngestKilledInsideAGroupOfSmallFilesLeavesOnlyVerifiedCopiesAndResumes) {
+    constexpr int kFiles = 1200;
+    for (int i = 1; i <= kFiles; ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, "stills/DCIM/I%04d.JPG", i);
+        tree.MakeFileOfSize(name, 8u << 10);
+    }
+    IgdProcess ingest({"ingest", Native("stills"), "--to", Native("main"), "--to", Native("backup"), "--verify",
+                       "md5", "--json"});
+    std::string line;
+    std::string batchText;
+    bool copied = false;
+    while (!copied && ingest.ReadLine(line)) {
+        copied = JsonField(line, "event") == "file" && JsonField(line, "status") == "copied";
+        if (batchText.empty())
+            batchText = JsonField(line, "batch");
+    }
+    ingest.Signal(SIGKILL);
+    EXPECT_EQ(ingest.Wait(), 128 + SIGKILL);
+    const auto batch = fluxcore::utility::Guid::FromString(batchText);
+    ASSERT_TRUE(batch.has_value()) << line;
+
+    std::map<std::string, FileIdentity> landed;
+    for (const std::string destination : {"main", "backup"})
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(Native(destination))) {
+            const std::string name = entry.path().filename().string();
+            if (!entry.is_regular_file() || !name.ends_with(".JPG"))
+                continue;
+            EXPECT_EQ(ReadFileBytes(entry.path().string()), ReadFileBytes(Native("stills/DCIM/" + name))) << entry.path();
+            landed.emplace(entry.path().string(), IdentityOf(entry.path().string()));
+        }
+    ASSERT_LT(landed.size(), 2u * kFiles) << "the ingest ended before it could be killed";
+
+    const Ran resume = RunIgd({"resume", "--json"});
+    EXPECT_EQ(resume.exitCode, 0) << resume.out << resume.err;
+    for (int i = 1; i <= kFiles; i += 97) {
+        char name[32];
+        std::snprintf(name, sizeof name, "DCIM/I%04d.JPG", i);
+        const std::string original = ReadFileBytes(Native("stills/" + std::string(name)));
+        EXPECT_EQ(ReadFileBytes(Native("main/stills/" + std::string(name))), original) << name;
+        EXPECT_EQ(ReadFileBytes(Native("backup/stills/" + std::string(name))), original) << name;
+    }
+    EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
+    EXPECT_TRUE(TemporariesBelow(Native("backup")).empty());
+    for (const auto& [path, identity] : landed)
+        EXPECT_EQ(IdentityOf(path).inode, identity.inode) << path << " was copied again";
+    Journal journal(home.Path() + "/journal.sqlite");
+    const std::optional<JournalBatch> after = journal.LoadBatch(*batch);
+    ASSERT_TRUE(after.has_value());
+    EXPECT_EQ(after->state, BatchState::Finished);
+    for (const FileRecord& file : after->files)
+        EXPECT_EQ(file.state, FileState::Verified) << Fnd::ToUTF8(file.target);
+}
+
 TEST_F(IgdIngestCommandTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMetadataOnBothCopies) {
     MakeCard();
     const Ran ran =
@@ -190,6 +264,47 @@ TEST_F(IgdIngestCommandTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesM
     EXPECT_EQ(RunIgd({"prefs", "get", "IGD.IngestDestinationSettingImpl.UserDefAutoIncStartNumber"}).out,
               "5\n")
         << "the next ingest numbers on from the last";
+}
+
+// What igd says it verified with is what the user's own tools compute, from the source and from the
+// copy; without --verify the checksum preference decides.
+TEST_F(IgdIngestCommandTest, EachCopyIsReportedWithADigestTheUsersChecksumToolAgreesWith) {
+    if (std::system("command -v xxh128sum xxhsum >/dev/null 2>&1") != 0)
+        GTEST_SKIP() << "xxh128sum and xxhsum are needed (Debian package xxhash)";
+    tree.MakeFileOfSize("card/A001.MOV", (3u << 20) + 5);
+    tree.MakeFile("card/A002.WAV", "sound");
+    ASSERT_EQ(RunIgd({"prefs", "set", "IGD.IngestDestinationSettingImpl.Local.VerifyChecksum", "xxh3"}).exitCode,
+              0);
+    const struct {
+        std::vector<std::string> verify;
+        std::string algorithm;
+        std::string tool;
+    } cases[] = {{{"--verify", "xxh128"}, "xxh128", "xxh128sum"}, {{}, "xxh3", "xxhsum -H3"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.algorithm);
+        const std::string to = Native(c.algorithm);
+        std::vector<std::string> arguments{"ingest", Native("card"), "--to", to, "--json"};
+        arguments.insert(arguments.end(), c.verify.begin(), c.verify.end());
+        const Ran ran = RunIgd(arguments);
+        ASSERT_EQ(ran.exitCode, 0) << ran.Said();
+        std::size_t files = 0;
+        std::istringstream lines(ran.out);
+        for (std::string line; std::getline(lines, line);) {
+            // The card's folder itself is made, not copied: it has no digest.
+            if (JsonField(line, "event") != "file" || JsonField(line, "source") == Native("card"))
+                continue;
+            ++files;
+            const std::string source = JsonField(line, "source");
+            EXPECT_EQ(JsonField(line, "verify"), c.algorithm) << line;
+            EXPECT_EQ(JsonField(line, "checksumAlgorithm"), c.algorithm) << line;
+            EXPECT_EQ(JsonField(line, "checksum"), ToolDigest(c.tool, source)) << line;
+            EXPECT_EQ(JsonField(line, "checksum"), ToolDigest(c.tool, JsonField(line, "finalPath"))) << line;
+        }
+        EXPECT_EQ(files, 2u) << ran.out;
+    }
+    const Ran plan = RunIgd({"plan", Native("card/A001.MOV"), "--to", Native("xxh128"), "--verify", "xxh64",
+                             "--on-conflict", "skip"});
+    EXPECT_NE(plan.out.find(", verify xxh64,"), std::string::npos) << plan.Said();
 }
 
 TEST_F(IgdIngestCommandTest, AFolderOfCardsIsOpenedLikeACardReader) {

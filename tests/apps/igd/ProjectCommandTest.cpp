@@ -49,6 +49,7 @@ TEST_F(ProjectCommandTest, ListShowsBinsItemsAndMetadataForPeopleAndPrograms) {
         clip.extraPaths = {u"/card/A001.xmp"};
         clip.inPoint = 0;
         clip.metadata = {{u"http://ns.example.com/shoot/", "shoot", {{u"scene", u"12"}, {u"take", u"3"}}}};
+        clip.digests = {{u"/card/A001.MOV", "xxh128", "99aa06d3014798d86001c324468d497f"}};
         project->ImportItem(clip);
         project->ImportItem(MakeItem(u"/card/A002.MOV"));
     }
@@ -64,7 +65,8 @@ TEST_F(ProjectCommandTest, ListShowsBinsItemsAndMetadataForPeopleAndPrograms) {
                   "  Interview \xC3\xA9t\xC3\xA9\n    path     /card/A001.MOV\n    format   File\n"
                   "    clip     {38645337-A23D-4652-9C78-542163697F95}\n"
                   "    in/out   0 / - ticks\n    extra    /card/A001.xmp\n"
-                  "    shoot <http://ns.example.com/shoot/>\n      scene: 12\n      take: 3\n");
+                  "    shoot <http://ns.example.com/shoot/>\n      scene: 12\n      take: 3\n"
+                  "    xxh128   99aa06d3014798d86001c324468d497f  /card/A001.MOV\n");
 
     run = RunIgd({"project", "ls", "--json", "--bin", "Day \"1\"", path});
     EXPECT_EQ(run.exitCode, 0) << run.err;
@@ -75,7 +77,8 @@ TEST_F(ProjectCommandTest, ListShowsBinsItemsAndMetadataForPeopleAndPrograms) {
                   "\"clipGuid\":\"{38645337-A23D-4652-9C78-542163697F95}\",\"inPoint\":0,"
                   "\"outPoint\":null,\"frameRate\":null,\"extraPaths\":[\"/card/A001.xmp\"],"
                   "\"metadata\":[{\"namespace\":\"http://ns.example.com/shoot/\",\"prefix\":\"shoot\","
-                  "\"values\":{\"scene\":\"12\",\"take\":\"3\"}}]}]}]}\n");
+                  "\"values\":{\"scene\":\"12\",\"take\":\"3\"}}],\"digests\":[{\"path\":\"/card/A001.MOV\","
+                  "\"algorithm\":\"xxh128\",\"digest\":\"99aa06d3014798d86001c324468d497f\"}]}]}]}\n");
 }
 
 TEST_F(ProjectCommandTest, ListNeverCreatesOrTakesOverAFile) {

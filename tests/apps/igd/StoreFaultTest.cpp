@@ -31,7 +31,7 @@ protected:
     std::map<std::string, std::string> Contents(const std::string& relative) const {
         std::map<std::string, std::string> contents;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(Native(relative)))
-            if (entry.is_regular_file())
+            if (entry.is_regular_file() && !InHistory(entry.path().string()))
                 contents[entry.path().string()] = ReadFileBytes(entry.path().string());
         return contents;
     }

@@ -10,7 +10,10 @@
 #include "Fnd/StationUtils.h"
 #include "IGD/IngestApi.h"
 #include "tests/pipeline/PlanTestSupport.h"
+#include "Proj/Backend.h"
+#include "QL/CopySetting.h"
 #include "QL/IngestMessages.h"
+#include "tests/settings/RecordingPreferences.h"
 
 namespace igd::test {
 namespace {
@@ -119,15 +122,33 @@ TEST_F(DirectTest, WithTheGivenBatchOnlyTheFirstFileIsCopiedWithTheSidecarsThatE
     EXPECT_EQ(messages.starts[0].target, u"");
 }
 
+// A method that names no checksum takes the one the user's preferences name.
 TEST_F(DirectTest, TheGroupsTextsChooseTheVerification) {
+    using namespace QL::IngestTask;
+    const auto preferences = RecordingPreferences::Make();
+    const Proj::ScopedBackend backend{preferences->Interface()};
     const struct {
         const char16_t* verify;
         const char16_t* method;
+        const char* preferred; // the stored checksum preference; none when unset
         std::uint32_t expected;
-    } cases[] = {{u"Verify", u"Other", 0},    {u"Verify", u"FileSize", 1},          {u"Verify", u"BitByBit", 2},
-                 {u"Verify", u"bitbybit", 0}, {u"verify", u"FileSize", 0xFFFFFFFFu}};
+    } cases[] = {{u"Verify", u"Other", nullptr, kVerifyMD5},
+                 {u"Verify", u"FileSize", "xxh64", kVerifyFileSize},
+                 {u"Verify", u"BitByBit", nullptr, kVerifyBitByBit},
+                 {u"Verify", u"bitbybit", nullptr, kVerifyMD5},
+                 {u"verify", u"FileSize", nullptr, kVerifyNone},
+                 {u"Verify", u"Other", "xxh128", kVerifyXXH128},
+                 {u"Verify", u"", "xxh3", kVerifyXXH3},
+                 {u"Verify", u"Other", "sha1", kVerifyMD5},
+                 {u"Verify", u"MD5", "xxh128", kVerifyMD5},
+                 {u"Verify", u"xxh128", nullptr, kVerifyXXH128},
+                 {u"Verify", u"XXH3", nullptr, kVerifyXXH3},
+                 {u"Verify", u"xxh64", "md5", kVerifyXXH64}};
     for (const auto& c : cases) {
-        SCOPED_TRACE(Fnd::ToUTF8(c.verify) + "/" + Fnd::ToUTF8(c.method));
+        SCOPED_TRACE(Fnd::ToUTF8(c.verify) + "/" + Fnd::ToUTF8(c.method) + "/" + (c.preferred ? c.preferred : "-"));
+        preferences->values.erase(K("Local.VerifyChecksum"));
+        if (c.preferred)
+            preferences->values[K("Local.VerifyChecksum")] = std::string(c.preferred);
         tasks->Clear();
         QL::IngestMediaGroup group = CopyGroup();
         group.verify = c.verify;

@@ -60,7 +60,7 @@ TEST(ProjectFile, IsCreatedWithItsFoldersAsAVersionedUTF8DatabaseInWALMode) {
     TempTree tree;
     const std::string path = tree.NativePath("new/folders/p.igdproj");
     Proj::Project::Open(path)->ImportItem(MakeItem(u"/card/\u00C9t\u00E9.MOV"));
-    EXPECT_EQ(RawQuery(path, "SELECT value FROM meta ORDER BY key"), "igd.project;1;");
+    EXPECT_EQ(RawQuery(path, "SELECT value FROM meta ORDER BY key"), "igd.project;2;");
     EXPECT_EQ(RawQuery(path, "PRAGMA journal_mode"), "wal;");
     EXPECT_EQ(RawQuery(path, "PRAGMA encoding"), "UTF-8;");
     EXPECT_EQ(RawQuery(path, "SELECT hex(path) FROM items"),
@@ -94,16 +94,24 @@ TEST(ProjectFile, RefusesFilesThatAreNotProjectsAndLeavesThemAlone) {
     EXPECT_EQ(OpenError(""), "cannot open a project without a path");
 }
 
-TEST(ProjectFile, RefusesANewerVersionAndTakesTheCurrentOne) {
+// A project of the first version, before digests were kept, opens with its items and then
+// keeps digests as a new one does.
+TEST(ProjectFile, RefusesANewerVersionAndUpgradesAnOlderOne) {
     TempTree tree;
     const std::string path = tree.NativePath("p.igdproj");
     Proj::Project::Open(path)->ImportItem(MakeItem(u"/card/A001.MOV"));
     RawQuery(path, "UPDATE meta SET value = '7' WHERE key = 'version'");
     EXPECT_EQ(OpenError(path), "the project " + path +
                                    " was written by a newer version of IGD (project version 7; this version "
-                                   "reads up to 1)");
-    RawQuery(path, "UPDATE meta SET value = '1' WHERE key = 'version'");
-    EXPECT_EQ(Proj::Project::Open(path)->Items().size(), 1u);
+                                   "reads up to 2)");
+    RawQuery(path, "UPDATE meta SET value = '1' WHERE key = 'version'; DROP TABLE item_digests");
+    Proj::ProjectItem again = MakeItem(u"/card/A001.MOV");
+    again.digests = {{again.path, "xxh3", "78af5f94892f3950"}};
+    Proj::Project::Open(path)->ImportItem(again);
+    const std::vector<Proj::ProjectItem> items = Proj::Project::Open(path)->Items();
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].digests, again.digests);
+    EXPECT_EQ(RawQuery(path, "SELECT value FROM meta WHERE key = 'version'"), "2;");
 }
 
 TEST(ProjectFile, ReadersOnOtherThreadsGoOnWhileAWriterImports) {

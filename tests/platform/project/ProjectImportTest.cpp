@@ -58,6 +58,8 @@ TEST_F(ProjectImport, EveryFieldIsStoredAndAnsweredAsStored) {
     item.frameRate = 10594584000;
     item.clipGuid = fluxcore::utility::Guid::CreateUnique();
     item.metadata = {{kShoot, "shoot", {{u"scene", u"1"}, {u"empty", u""}}}};
+    item.digests = {{item.path, "xxh128", "99aa06d3014798d86001c324468d497f"},
+                    {item.extraPaths[0], "md5", "0123456789abcdef0123456789abcdef"}};
 
     EXPECT_EQ(Describe(project_->ImportItem(item)), Describe(item));
     ASSERT_TRUE(Reopen()->FindItem(item.path));
@@ -73,18 +75,23 @@ TEST_F(ProjectImport, TheSamePathAgainUpdatesTheItemInPlaceAsARenameDoes) {
     ProjectItem first = MakeItem(u"/card/A001.MOV", u"Day 1");
     first.clipGuid = fluxcore::utility::Guid::CreateUnique();
     first.extraPaths = {u"/card/A001.XML", u"/card/A001.xmp"};
+    first.digests = {{u"/card/A001.MOV", "md5", "900150983cd24fb0d6963f7d28e17f72"},
+                     {u"/card/A001.XML", "md5", "d41d8cd98f00b204e9800998ecf8427e"}};
     first.inPoint = 10;
     project_->ImportItem(first);
     project_->ImportItem(MakeItem(u"/card/A002.MOV", u"Day 1"));
 
-    // Another spelling of the path, another bin and no Guid: the bin and the Guid stay.
+    // Another spelling of the path, another bin and no Guid: the bin and the Guid stay. The file
+    // copied again by another checksum has its digest replaced, the other file's stays.
     ProjectItem renamed = MakeItem(u"/card//./A001.MOV", u"Other bin");
     renamed.name = u"Interview";
     renamed.extraPaths = {u"/card/A001.xmp"};
+    renamed.digests = {{u"/card//A001.MOV", "xxh64", "44bc2cf5ad770999"}};
     ProjectItem expected = renamed;
     expected.path = u"/card/A001.MOV";
     expected.bin = u"Day 1";
     expected.clipGuid = first.clipGuid;
+    expected.digests = {{u"/card/A001.MOV", "xxh64", "44bc2cf5ad770999"}, first.digests[1]};
     EXPECT_EQ(Describe(project_->ImportItem(renamed)), Describe(expected));
     ProjectItem newGuid = expected;
     newGuid.clipGuid = fluxcore::utility::Guid::CreateUnique();

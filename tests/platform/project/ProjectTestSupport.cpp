@@ -17,6 +17,8 @@ std::string Describe(const Proj::ProjectItem& item) {
         for (const auto& [key, value] : set.values)
             out << "  " << Fnd::ToUTF8(key) << "=" << Fnd::ToUTF8(value) << "\n";
     }
+    for (const Proj::FileDigest& digest : item.digests)
+        out << "digest=" << Fnd::ToUTF8(digest.path) << " " << digest.algorithm << ":" << digest.hex << "\n";
     return out.str();
 }
 

@@ -44,14 +44,30 @@ CREATE TABLE item_metadata (
     PRIMARY KEY (item_id, namespace, key)) WITHOUT ROWID;
 )sql";
 
+// Version 2: the digest each file of an item was verified with, beside its algorithm, so that
+// a digest of one algorithm is never compared with another's.
+constexpr const char* kAddDigests = R"sql(
+CREATE TABLE item_digests (
+    item_id INTEGER NOT NULL REFERENCES items (id),
+    path TEXT NOT NULL,
+    algorithm TEXT NOT NULL,
+    digest TEXT NOT NULL,
+    PRIMARY KEY (item_id, path)) WITHOUT ROWID;
+)sql";
+
 void Create(Sqlite::Connection& connection) {
     connection.Execute(kCreateVersion1);
+    connection.Execute(kAddDigests);
     connection.Execute(kApplicationIdPragma);
 }
 
 // The one place where a project of an older version is brought up to date, one version at a
 // time, inside the transaction that then records the new version. Version 1 is the first.
-void UpgradeFrom(Sqlite::Connection&, int version) {
+void UpgradeFrom(Sqlite::Connection& connection, int version) {
+    if (version == 1) {
+        connection.Execute(kAddDigests);
+        return;
+    }
     throw std::logic_error("no upgrade of the project from version " + std::to_string(version));
 }
 

@@ -8,7 +8,7 @@ namespace Proj {
 
 // The version this build writes. Every change of the tables raises it and adds its upgrade
 // beside the others in ProjectSchema.cpp.
-inline constexpr int kProjectSchemaVersion = 1;
+inline constexpr int kProjectSchemaVersion = 2;
 
 // The project's tables, created in an empty file and upgraded from an older project.
 extern const Sqlite::Schema kProjectSchema;

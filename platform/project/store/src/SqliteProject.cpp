@@ -64,6 +64,23 @@ void AddMetadataRow(std::vector<ItemMetadata>& metadata, const Sqlite::Statement
     metadata.back().values.emplace(Fnd::FromUTF8(row.Text(first + 2)), Fnd::FromUTF8(row.Text(first + 3)));
 }
 
+// A row of (path, algorithm, digest) starting at column first.
+FileDigest DigestFromRow(const Sqlite::Statement& row, int first) {
+    return {Fnd::FromUTF8(row.Text(first)), row.Text(first + 1), row.Text(first + 2)};
+}
+
+// Rows of a side table, item id first, arrive sorted by item id as the items are: one pass over
+// both joins them. add gets the item's index and the row.
+template <class Add> void JoinByItem(Sqlite::Statement& rows, const std::vector<std::int64_t>& ids, Add add) {
+    std::size_t at = 0;
+    while (rows.Step()) {
+        while (at < ids.size() && ids[at] < rows.Int(0))
+            ++at;
+        if (at < ids.size() && ids[at] == rows.Int(0))
+            add(at, rows);
+    }
+}
+
 // What the tables hold after metadata is stored on a new item: sets of one namespace merged (the
 // later value and prefix win), sets without values dropped, namespaces in the byte order of
 // their UTF-8, as ReadItem answers them.
@@ -118,6 +135,10 @@ struct SqliteProject::Statements {
           readExtraPaths(db, "SELECT path FROM item_extra_paths WHERE item_id = ? ORDER BY position"),
           readMetadata(db, "SELECT namespace, prefix, key, value FROM item_metadata WHERE item_id = ? "
                            "ORDER BY namespace, key"),
+          upsertDigest(db, "INSERT INTO item_digests (item_id, path, algorithm, digest) VALUES (?, ?, ?, ?) "
+                           "ON CONFLICT (item_id, path) DO UPDATE SET algorithm = excluded.algorithm, "
+                           "digest = excluded.digest"),
+          readDigests(db, "SELECT path, algorithm, digest FROM item_digests WHERE item_id = ? ORDER BY path"),
           readBins(db, "SELECT name FROM bins ORDER BY name"),
           readAllItems(db, std::string(kItemColumns) + "ORDER BY i.id"),
           readBinItems(db, std::string(kItemColumns) + "WHERE b.name = ? ORDER BY i.id"),
@@ -128,15 +149,18 @@ struct SqliteProject::Statements {
                   "ORDER BY e.item_id, e.position"),
           readAllMetadata(db, "SELECT m.item_id, m.namespace, m.prefix, m.key, m.value FROM item_metadata m "
                               "JOIN items i ON i.id = m.item_id JOIN bins b ON b.id = i.bin_id "
-                              "WHERE ?1 IS NULL OR b.name = ?1 ORDER BY m.item_id, m.namespace, m.key") {}
+                              "WHERE ?1 IS NULL OR b.name = ?1 ORDER BY m.item_id, m.namespace, m.key"),
+          readAllDigests(db, "SELECT d.item_id, d.path, d.algorithm, d.digest FROM item_digests d "
+                             "JOIN items i ON i.id = d.item_id JOIN bins b ON b.id = i.bin_id "
+                             "WHERE ?1 IS NULL OR b.name = ?1 ORDER BY d.item_id, d.path") {}
 
     // Compiled once, kept for the connection's life.
     struct Persistent : Sqlite::Statement {
         Persistent(Sqlite::Connection& db, std::string_view sql) : Sqlite::Statement(db, sql, true) {}
     };
     Persistent findBin, insertBin, findItemId, insertItem, updateItem, renameItem, deleteExtraPaths,
-        insertExtraPath, upsertMetadata, updatePrefix, readItem, readExtraPaths, readMetadata, readBins,
-        readAllItems, readBinItems, readAllExtraPaths, readAllMetadata;
+        insertExtraPath, upsertMetadata, updatePrefix, readItem, readExtraPaths, readMetadata, upsertDigest,
+        readDigests, readBins, readAllItems, readBinItems, readAllExtraPaths, readAllMetadata, readAllDigests;
 };
 
 // WAL lets readers in other processes see the last commit while a write goes on; a commit is on
@@ -215,6 +239,14 @@ void SqliteProject::MergeMetadataRows(std::int64_t itemId, const std::vector<Ite
     }
 }
 
+void SqliteProject::MergeDigests(std::int64_t itemId, const std::vector<FileDigest>& digests) {
+    Sqlite::StatementUse upsert(statements_->upsertDigest);
+    for (const FileDigest& digest : digests) {
+        upsert->Bind(1, itemId).Bind(2, PathKey(digest.path)).Bind(3, digest.algorithm).Bind(4, digest.hex).Run();
+        upsert->Reset();
+    }
+}
+
 std::optional<ProjectItem> SqliteProject::ReadItem(const std::string& path) const {
     ProjectItem item;
     std::int64_t id = 0;
@@ -231,10 +263,16 @@ std::optional<ProjectItem> SqliteProject::ReadItem(const std::string& path) cons
         while (extra->Step())
             item.extraPaths.push_back(Fnd::FromUTF8(extra->Text(0)));
     }
-    Sqlite::StatementUse metadata(statements_->readMetadata);
-    metadata->Bind(1, id);
-    while (metadata->Step())
-        AddMetadataRow(item.metadata, *metadata, 0);
+    {
+        Sqlite::StatementUse metadata(statements_->readMetadata);
+        metadata->Bind(1, id);
+        while (metadata->Step())
+            AddMetadataRow(item.metadata, *metadata, 0);
+    }
+    Sqlite::StatementUse digests(statements_->readDigests);
+    digests->Bind(1, id);
+    while (digests->Step())
+        item.digests.push_back(DigestFromRow(*digests, 0));
     return item;
 }
 
@@ -255,6 +293,7 @@ ProjectItem SqliteProject::ImportInTransaction(const ProjectItem& item) {
         update->Bind(7, id).Run();
         ReplaceExtraPaths(id, item.extraPaths);
         MergeMetadataRows(id, item.metadata);
+        MergeDigests(id, item.digests);
         // Merged with what was there: only the tables know the result.
         return *ReadItem(path);
     }
@@ -272,6 +311,9 @@ ProjectItem SqliteProject::ImportInTransaction(const ProjectItem& item) {
     }
     AppendExtraPaths(id, item.extraPaths);
     MergeMetadataRows(id, item.metadata);
+    MergeDigests(id, item.digests);
+    if (!item.digests.empty())
+        return *ReadItem(path);
     // A new item is what was given, so the answer needs no reading back.
     ProjectItem stored = item;
     stored.path = Fnd::FromUTF8(path);
@@ -343,29 +385,27 @@ std::vector<ProjectItem> SqliteProject::Items(const Fnd::WString* bin) const {
             items.push_back(ItemFromRow(*read));
         }
     }
-    // Rows of the side tables arrive in item order: walk both lists together.
+    const auto bound = [&](Sqlite::StatementUse& rows) -> Sqlite::Statement& {
+        if (bin != nullptr)
+            rows->Bind(1, binName);
+        return *rows;
+    };
     {
         Sqlite::StatementUse extra(statements_->readAllExtraPaths);
-        if (bin != nullptr)
-            extra->Bind(1, binName);
-        std::size_t at = 0;
-        while (extra->Step()) {
-            while (at < ids.size() && ids[at] < extra->Int(0))
-                ++at;
-            if (at < ids.size() && ids[at] == extra->Int(0))
-                items[at].extraPaths.push_back(Fnd::FromUTF8(extra->Text(1)));
-        }
+        JoinByItem(bound(extra), ids, [&](std::size_t at, const Sqlite::Statement& row) {
+            items[at].extraPaths.push_back(Fnd::FromUTF8(row.Text(1)));
+        });
     }
-    Sqlite::StatementUse metadata(statements_->readAllMetadata);
-    if (bin != nullptr)
-        metadata->Bind(1, binName);
-    std::size_t at = 0;
-    while (metadata->Step()) {
-        while (at < ids.size() && ids[at] < metadata->Int(0))
-            ++at;
-        if (at < ids.size() && ids[at] == metadata->Int(0))
-            AddMetadataRow(items[at].metadata, *metadata, 1);
+    {
+        Sqlite::StatementUse metadata(statements_->readAllMetadata);
+        JoinByItem(bound(metadata), ids, [&](std::size_t at, const Sqlite::Statement& row) {
+            AddMetadataRow(items[at].metadata, row, 1);
+        });
     }
+    Sqlite::StatementUse digests(statements_->readAllDigests);
+    JoinByItem(bound(digests), ids, [&](std::size_t at, const Sqlite::Statement& row) {
+        items[at].digests.push_back(DigestFromRow(row, 1));
+    });
     return items;
 }
 

@@ -35,6 +35,7 @@ private:
     void ReplaceExtraPaths(std::int64_t itemId, const std::vector<Fnd::WString>& paths);
     void AppendExtraPaths(std::int64_t itemId, const std::vector<Fnd::WString>& paths);
     void MergeMetadataRows(std::int64_t itemId, const std::vector<ItemMetadata>& metadata);
+    void MergeDigests(std::int64_t itemId, const std::vector<FileDigest>& digests);
     std::optional<ProjectItem> ReadItem(const std::string& path) const;
 
     mutable Sqlite::Connection db_;

@@ -14,7 +14,7 @@ struct SourceEnd {
     enum class Kind { Complete, Failed, Cancelled };
     Kind kind = Kind::Cancelled;
     std::string reason;     // for Failed
-    std::string md5;        // hex digest of the source when it was hashed
+    std::string digest;     // hex digest of the source (see SourceDigestAlgorithm)
     std::uint64_t size = 0; // bytes read
 };
 

@@ -6,6 +6,7 @@
 
 #include "ErrorText.h"
 #include "QL/CopySetting.h"
+#include "VerifyAlgorithms.h"
 
 namespace QL::Engine {
 namespace {
@@ -23,8 +24,12 @@ CopyVerifier::CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std
                            std::size_t readsInFlight, CopyControl& control, LaneHasher& hasher,
                            const CopyHooks& hooks)
     : verifyMode_(verifyMode), sourcePath_(std::move(sourcePath)), control_(control), hooks_(hooks) {
-    if (verifyMode_ == IngestTask::kVerifyMD5) {
-        md5_ = hasher.OpenStream();
+    if (IngestTask::IsChecksumVerify(verifyMode_)) {
+        algorithm_ = SourceDigestAlgorithm(verifyMode_);
+        if (algorithm_ == Checksum::Algorithm::Md5)
+            md5_ = hasher.OpenStream();
+        else
+            hasher_ = Checksum::MakeHasher(algorithm_);
         pipeline_ = std::make_unique<ReadBackPipeline>(copy_, bufferBytes, readsInFlight);
     } else {
         copyBuffer_ = std::make_unique<AlignedBuffer>(bufferBytes);
@@ -59,9 +64,10 @@ bool CopyVerifier::CheckUpTo(std::uint64_t upTo) {
 bool CopyVerifier::CheckToEnd(const SourceEnd& source) {
     if (!Check(0, /*toEnd=*/true))
         return false;
-    if (md5_) {
-        if (md5_->FinishHex() != source.md5)
-            return Fail("verification failed: MD5 differs");
+    if (pipeline_) {
+        const std::string digest = md5_ ? md5_->FinishHex() : hasher_->FinishHex();
+        if (digest != source.digest)
+            return Fail("verification failed: " + ChecksumLabel(algorithm_) + " differs");
     } else if (checked_ != source.size) {
         return Fail("verification failed: sizes differ");
     }
@@ -71,7 +77,7 @@ bool CopyVerifier::CheckToEnd(const SourceEnd& source) {
 bool CopyVerifier::Check(std::uint64_t upTo, bool toEnd) {
     if (Failed() || cancelled_)
         return false;
-    return md5_ ? HashUpTo(upTo, toEnd) : CompareUpTo(upTo, toEnd);
+    return pipeline_ ? HashUpTo(upTo, toEnd) : CompareUpTo(upTo, toEnd);
 }
 
 bool CopyVerifier::HashUpTo(std::uint64_t upTo, bool toEnd) {
@@ -83,7 +89,10 @@ bool CopyVerifier::HashUpTo(std::uint64_t upTo, bool toEnd) {
             }
             if (read.error != 0)
                 return Fail(Because("could not read back the copy", read.error));
-            md5_->Update(data, read.bytes);
+            if (md5_)
+                md5_->Update(data, read.bytes);
+            else
+                hasher_->Update(data, read.bytes);
             checked_ += read.bytes;
             return true;
         });

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "AlignedBuffer.h"
+#include "Checksum/Checksum.h"
 #include "ChunkQueue.h"
 #include "LaneHasher.h"
 #include "MediumReader.h"
@@ -20,8 +21,8 @@ namespace QL::Engine {
 // being written, so that checking costs little more time than writing.
 class CopyVerifier {
 public:
-    // verifyMode is kVerifyMD5 or kVerifyBitByBit. An MD5 check keeps readsInFlight reads of
-    // bufferBytes going while it hashes; a byte-by-byte one reads copy and source in turn.
+    // verifyMode is a checksum mode or kVerifyBitByBit. A checksum check keeps readsInFlight reads
+    // of bufferBytes going while it hashes; a byte-by-byte one reads copy and source in turn.
     CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,
                  std::size_t readsInFlight, CopyControl& control, LaneHasher& hasher,
                  const CopyHooks& hooks);
@@ -37,7 +38,7 @@ public:
 
     bool Failed() const { return failed_.load(std::memory_order_acquire); }
     bool Cancelled() const { return cancelled_; }
-    // For a failed check: "verification failed: MD5 differs", ...
+    // For a failed check: "verification failed: MD5 differs", "... XXH128 differs", ...
     const std::string& Reason() const { return reason_; }
     VerifiedBy Method() const;
 
@@ -57,6 +58,8 @@ private:
     std::unique_ptr<AlignedBuffer> copyBuffer_;
     std::unique_ptr<AlignedBuffer> sourceBuffer_;
     std::unique_ptr<LaneHasher::Stream> md5_;
+    std::unique_ptr<Checksum::Hasher> hasher_; // a checksum other than MD5
+    Checksum::Algorithm algorithm_ = Checksum::Algorithm::Md5;
     std::uint64_t checked_ = 0;
     std::atomic<bool> failed_{false};
     bool cancelled_ = false;

@@ -22,6 +22,7 @@
 #include "TargetActions.h"
 #include "TargetCopy.h"
 #include "TargetNames.h"
+#include "VerifyAlgorithms.h"
 
 namespace QL::Engine {
 namespace {
@@ -40,24 +41,12 @@ constexpr std::uint64_t kChunksPerFlush = 2;
 constexpr std::size_t kReadBackBytes = 2u << 20;
 constexpr std::size_t kReadBacksInFlight = 4;
 
-void RequireVerifyMode(std::uint32_t verifyMode) {
-    switch (verifyMode) {
-    case IngestTask::kVerifyMD5:
-    case IngestTask::kVerifyFileSize:
-    case IngestTask::kVerifyBitByBit:
-    case IngestTask::kVerifyNone:
-        return;
-    default:
-        throw std::invalid_argument("not a verify mode: " + std::to_string(verifyMode));
-    }
-}
-
 using Copies = std::vector<std::unique_ptr<TargetCopy>>;
 
 // The reading loop: each chunk of the source goes to every target still copying, and progress is
 // told per chunk. Answers how the stream ended.
 SourceEnd Stream(SourceReader& reader, ChunkPool& pool, SourceHasher* hasher, const Copies& copies,
-                 CopyControl& control, const ProgressFunction& progress) {
+                 CopyControl& control, const ProgressFunction& progress, const ExpectedDigest* expected) {
     std::vector<TargetCopy*> receivers;
     receivers.reserve(copies.size());
     for (;;) {
@@ -79,9 +68,14 @@ SourceEnd Stream(SourceReader& reader, ChunkPool& pool, SourceHasher* hasher, co
             pool.Release(chunk);
             SourceEnd end = reader.Finish();
             if (hasher && end.kind == SourceEnd::Kind::Complete) {
-                end.md5 = hasher->FinishHex();
-                if (end.md5.empty())
+                if (!hasher->Finish())
                     return SourceEnd{SourceEnd::Kind::Failed, "source could not be hashed", {}, 0};
+                end.digest = hasher->Digest();
+                if (expected && hasher->AlsoDigest() != expected->hex)
+                    return SourceEnd{SourceEnd::Kind::Failed,
+                                     "source does not match its ASC MHL history: " +
+                                         ChecksumLabel(expected->algorithm) + " differs from " + expected->listedIn,
+                                     {}, 0};
             }
             return end;
         }
@@ -105,7 +99,8 @@ FileCopier::FileCopier(std::size_t chunkBytes, CopyHooks hooks)
 std::vector<CopyOutcome> FileCopier::CopyFile(const std::string& source,
                                               const std::vector<CopyTarget>& targets,
                                               std::uint32_t verifyMode, CopyControl& control,
-                                              const ProgressFunction& progress) const {
+                                              const ProgressFunction& progress,
+                                              const ExpectedDigest* expected) const {
     RequireVerifyMode(verifyMode);
     for (const CopyTarget& target : targets)
         RequireValidTarget(target);
@@ -153,9 +148,9 @@ std::vector<CopyOutcome> FileCopier::CopyFile(const std::string& source,
 
     // Declared after the pool: the hasher and the writers give chunks back to it until they are
     // joined.
-    std::unique_ptr<SourceHasher> hasher;
-    if (verifyMode == IngestTask::kVerifyMD5)
-        hasher = std::make_unique<SourceHasher>(pool, *hasher_);
+    auto hasher = std::make_unique<SourceHasher>(
+        pool, *hasher_, SourceDigestAlgorithm(verifyMode),
+        expected ? std::optional<Checksum::Algorithm>(expected->algorithm) : std::nullopt);
     Copies copies;
     copies.reserve(pending.size());
     for (const std::size_t i : pending) {
@@ -163,7 +158,7 @@ std::vector<CopyOutcome> FileCopier::CopyFile(const std::string& source,
         if (copies.back()->Prepare())
             copies.back()->Start();
     }
-    const SourceEnd end = Stream(reader, pool, hasher.get(), copies, control, progress);
+    const SourceEnd end = Stream(reader, pool, hasher.get(), copies, control, progress, expected);
     for (const auto& copy : copies)
         copy->Queue().Close(end);
     for (std::size_t k = 0; k < copies.size(); ++k)

@@ -7,6 +7,8 @@
 
 #include <cerrno>
 
+#include "ErrorText.h"
+#include "QL/CopySetting.h"
 #include "TargetNames.h"
 
 namespace QL::Engine {
@@ -54,6 +56,22 @@ int RenameToFreeName(const std::string& from, const std::string& target, std::st
             return error;
     }
     return EEXIST;
+}
+
+std::string GiveFinalName(const CopyTarget& target, const std::string& temporary, const CopyHooks& hooks,
+                          std::string& finalPath) {
+    finalPath = target.path;
+    int error = 0;
+    if (target.action == kCopyActionKeepBoth) {
+        error = RenameToFreeName(temporary, target.path, finalPath, hooks.nameTaken);
+    } else if (target.action == kCopyActionReplace) {
+        error = ::rename(temporary.c_str(), target.path.c_str()) == 0 ? 0 : errno;
+    } else {
+        error = hooks.nameTaken && hooks.nameTaken(target.path) ? EEXIST : RenameNoReplace(temporary, target.path);
+        if (error == EEXIST)
+            return "target exists";
+    }
+    return error == 0 ? std::string() : Because("could not give the copy its name", error);
 }
 
 } // namespace QL::Engine

@@ -2,6 +2,8 @@
 #include <functional>
 #include <string>
 
+#include "QL/Engine/FileCopier.h"
+
 namespace QL::Engine {
 
 // The last step of a copy: a verified temporary takes its final name.
@@ -14,5 +16,12 @@ int RenameNoReplace(const std::string& from, const std::string& to);
 // nameTaken, when set, answers for names the filesystem would refuse as existing.
 int RenameToFreeName(const std::string& from, const std::string& target, std::string& taken,
                      const std::function<bool(const std::string&)>& nameTaken = {});
+
+// Gives a verified temporary the final name its target's action asks for (keep both: the first
+// free numbered name; replace: over the old file, which stood until now; otherwise only where
+// nothing stands). Sets finalPath and answers empty, or the reason ("target exists", ...). The
+// caller flushes the folder.
+std::string GiveFinalName(const CopyTarget& target, const std::string& temporary, const CopyHooks& hooks,
+                          std::string& finalPath);
 
 } // namespace QL::Engine

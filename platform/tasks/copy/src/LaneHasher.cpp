@@ -19,7 +19,8 @@ constexpr auto kWaitForCompany = std::chrono::milliseconds(2);
 
 LaneHasher::Stream::~Stream() {
     std::lock_guard lock(hasher_->mutex_);
-    --hasher_->openStreams_;
+    if (active_)
+        --hasher_->activeStreams_;
 }
 
 void LaneHasher::Stream::Update(const void* data, std::size_t size) {
@@ -33,6 +34,11 @@ void LaneHasher::Stream::Update(const void* data, std::size_t size) {
         size -= take;
     }
     const std::size_t whole = size / Md5State::kBlockBytes;
+    if (whole != 0 && !active_) {
+        std::lock_guard lock(hasher_->mutex_);
+        active_ = true;
+        ++hasher_->activeStreams_;
+    }
     if (whole != 0) {
         hasher_->HashBlocks(state_, bytes, whole);
         state_.length += whole * Md5State::kBlockBytes;
@@ -43,6 +49,11 @@ void LaneHasher::Stream::Update(const void* data, std::size_t size) {
 }
 
 std::string LaneHasher::Stream::FinishHex() {
+    if (active_) {
+        std::lock_guard lock(hasher_->mutex_);
+        active_ = false;
+        --hasher_->activeStreams_;
+    }
     return Md5FinishHex(state_);
 }
 
@@ -64,10 +75,6 @@ LaneHasher::~LaneHasher() {
 }
 
 std::unique_ptr<LaneHasher::Stream> LaneHasher::OpenStream() {
-    {
-        std::lock_guard lock(mutex_);
-        ++openStreams_;
-    }
     return std::unique_ptr<Stream>(new Stream(self_.lock()));
 }
 
@@ -95,13 +102,13 @@ void LaneHasher::Run() {
                 }
             };
             takeWaiting();
-            // Lanes left empty are wasted: when other streams are open their next data is usually
+            // Lanes left empty are wasted: when other streams are active their next data is usually
             // moments away, and the buffers in flight let the readers go on meanwhile. A stream
             // that has gone quiet costs at most this wait per turn.
-            if (lanes.size() < std::min(openStreams_, Md5Lanes::kLanes)) {
+            if (lanes.size() < std::min(activeStreams_, Md5Lanes::kLanes)) {
                 changed_.wait_for(lock, kWaitForCompany, [&] {
                     return stopping_ ||
-                           lanes.size() + waiting_.size() >= std::min(openStreams_, Md5Lanes::kLanes);
+                           lanes.size() + waiting_.size() >= std::min(activeStreams_, Md5Lanes::kLanes);
                 });
                 takeWaiting();
             }

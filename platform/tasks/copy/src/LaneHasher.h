@@ -34,6 +34,7 @@ public:
 
         std::shared_ptr<LaneHasher> hasher_;
         Md5State state_;
+        bool active_ = false; // between its first data and its digest
     };
 
     // The hashing thread starts with the first data and ends with the last hasher reference.
@@ -61,7 +62,9 @@ private:
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<Request*> waiting_;
-    std::size_t openStreams_ = 0;
+    // Streams that have had data and not yet given their digest: only they are company worth
+    // waiting for. A stream merely opened (a read-back before its first read) is not.
+    std::size_t activeStreams_ = 0;
     bool stopping_ = false;
     std::thread thread_;
 };

@@ -4,8 +4,17 @@
 
 namespace QL::Engine {
 
-SourceHasher::SourceHasher(ChunkPool& pool, LaneHasher& hasher)
-    : pool_(pool), md5_(hasher.OpenStream()), thread_(&SourceHasher::Run, this) {}
+SourceHasher::SourceHasher(ChunkPool& pool, LaneHasher& lanes, Checksum::Algorithm algorithm,
+                           std::optional<Checksum::Algorithm> also)
+    : pool_(pool) {
+    if (algorithm == Checksum::Algorithm::Md5)
+        md5_ = lanes.OpenStream();
+    else
+        hasher_ = Checksum::MakeHasher(algorithm);
+    if (also && *also != algorithm)
+        also_ = Checksum::MakeHasher(*also);
+    thread_ = std::thread(&SourceHasher::Run, this);
+}
 
 SourceHasher::~SourceHasher() {
     queue_.Close(SourceEnd{});
@@ -16,8 +25,14 @@ SourceHasher::~SourceHasher() {
 void SourceHasher::Run() {
     while (Chunk* chunk = queue_.Pop()) {
         try {
-            if (!failed_)
-                md5_->Update(chunk->buffer.Data(), chunk->length);
+            if (!failed_) {
+                if (md5_)
+                    md5_->Update(chunk->buffer.Data(), chunk->length);
+                else
+                    hasher_->Update(chunk->buffer.Data(), chunk->length);
+                if (also_)
+                    also_->Update(chunk->buffer.Data(), chunk->length);
+            }
         } catch (const std::exception&) {
             failed_ = true;
         }
@@ -26,10 +41,14 @@ void SourceHasher::Run() {
     }
 }
 
-std::string SourceHasher::FinishHex() {
+bool SourceHasher::Finish() {
     queue_.Close(SourceEnd{});
     thread_.join();
-    return failed_ ? std::string() : md5_->FinishHex();
+    if (failed_)
+        return false;
+    digest_ = md5_ ? md5_->FinishHex() : hasher_->FinishHex();
+    alsoDigest_ = also_ ? also_->FinishHex() : digest_;
+    return true;
 }
 
 } // namespace QL::Engine

@@ -8,6 +8,7 @@
 
 #include "ErrorText.h"
 #include "FileIo.h"
+#include "SourceChange.h"
 
 namespace QL::Engine {
 
@@ -68,29 +69,9 @@ int SourceReader::ReadInto(Chunk& chunk) {
 
 SourceEnd SourceReader::Finish() {
     SourceEnd end;
-    struct stat now {};
-    if (::fstat(fd_, &now) != 0) {
-        end.kind = SourceEnd::Kind::Failed;
-        end.reason = Because("source could not be read", errno);
-        return end;
-    }
-    const bool unchanged = static_cast<std::uint64_t>(status_.st_size) == done_ &&
-                           now.st_size == status_.st_size && now.st_mtim.tv_sec == status_.st_mtim.tv_sec &&
-                           now.st_mtim.tv_nsec == status_.st_mtim.tv_nsec;
-    if (!unchanged) {
-        end.kind = SourceEnd::Kind::Failed;
-        end.reason = "source could not be read: it changed while it was being read";
-        return end;
-    }
-    // A file removed while it was read (a card pulled, a folder cleared) still reads to its end
-    // through the open descriptor; a copy of something no longer there is no backup of it.
-    if (now.st_nlink == 0) {
-        end.kind = SourceEnd::Kind::Failed;
-        end.reason = "source could not be read: it was removed while it was being read";
-        return end;
-    }
-    end.kind = SourceEnd::Kind::Complete;
-    end.size = done_;
+    end.reason = ChangedWhileRead(fd_, status_, done_);
+    end.kind = end.reason.empty() ? SourceEnd::Kind::Complete : SourceEnd::Kind::Failed;
+    end.size = end.reason.empty() ? done_ : 0;
     return end;
 }
 

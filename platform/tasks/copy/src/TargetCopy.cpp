@@ -13,16 +13,14 @@
 #include "QL/CopySetting.h"
 #include "TargetFolder.h"
 #include "TargetNames.h"
+#include "TemporaryFile.h"
+#include "VerifyAlgorithms.h"
 
 namespace QL::Engine {
 namespace {
 
-// Temporaries of other copies to the same name are never touched; past this many the folder is
-// full of leftovers and the copy gives up.
-constexpr unsigned kMostTemporaryVariants = 1000;
-
 bool NeedsReadBack(std::uint32_t verifyMode) {
-    return verifyMode == IngestTask::kVerifyMD5 || verifyMode == IngestTask::kVerifyBitByBit;
+    return IngestTask::IsChecksumVerify(verifyMode) || verifyMode == IngestTask::kVerifyBitByBit;
 }
 
 } // namespace
@@ -43,19 +41,15 @@ bool TargetCopy::Prepare() {
         Fail(std::move(reason));
         return false;
     }
-    for (unsigned n = 0; temporary_.empty(); ++n) {
-        const std::string candidate = TemporaryVariant(target_.path, n);
-        fd_ = ::open(candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (fd_ >= 0) {
-            temporary_ = candidate;
-            // Direct writes keep the page cache out of the way: the copy is read back from the
-            // medium anyway, and filling memory with it costs more than it saves.
-            directWrites_ = SetDirect(fd_);
-        } else if (errno != EEXIST || n == kMostTemporaryVariants) {
-            Fail(Because("could not create the copy", errno));
-            return false;
-        }
+    fd_ = CreateTemporaryFor(target_.path, temporary_);
+    if (fd_ < 0) {
+        Fail(Because("could not create the copy", -fd_));
+        fd_ = -1;
+        return false;
     }
+    // Direct writes keep the page cache out of the way: the copy is read back from the medium
+    // anyway, and filling memory with it costs more than it saves.
+    directWrites_ = SetDirect(fd_);
     // Reserving the space up front turns a full disk into an answer before any byte is written,
     // and keeps the copy in one piece. Filesystems that cannot reserve simply write.
     const auto size = static_cast<off_t>(job_.sourceStatus.st_size);
@@ -206,10 +200,8 @@ void TargetCopy::Conclude(const SourceEnd& end) {
     }
     outcome_.status = CopyStatus::Copied;
     outcome_.bytes = end.size;
-    if (job_.verifyMode == IngestTask::kVerifyMD5) {
-        outcome_.checksum = end.md5;
-        outcome_.checksumAlgorithm = "md5";
-    }
+    outcome_.checksum = end.digest;
+    outcome_.checksumAlgorithm = std::string(Checksum::NameOf(SourceDigestAlgorithm(job_.verifyMode)));
 }
 
 bool TargetCopy::Verify(const SourceEnd& end) {
@@ -240,23 +232,9 @@ bool TargetCopy::Verify(const SourceEnd& end) {
 }
 
 bool TargetCopy::Rename() {
-    std::string finalPath = target_.path;
-    int error = 0;
-    const auto& nameTaken = job_.hooks->nameTaken;
-    if (target_.action == kCopyActionKeepBoth) {
-        error = RenameToFreeName(temporary_, target_.path, finalPath, nameTaken);
-    } else if (target_.action == kCopyActionReplace) {
-        // A plain rename, only now that the new copy is proven: until here the old file stood.
-        error = ::rename(temporary_.c_str(), target_.path.c_str()) == 0 ? 0 : errno;
-    } else {
-        error = nameTaken && nameTaken(target_.path) ? EEXIST : RenameNoReplace(temporary_, target_.path);
-        if (error == EEXIST) {
-            Fail("target exists");
-            return false;
-        }
-    }
-    if (error != 0) {
-        Fail(Because("could not give the copy its name", error));
+    std::string finalPath;
+    if (std::string reason = GiveFinalName(target_, temporary_, *job_.hooks, finalPath); !reason.empty()) {
+        Fail(std::move(reason));
         return false;
     }
     temporary_.clear();

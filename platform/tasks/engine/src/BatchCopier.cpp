@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <exception>
+#include <unordered_set>
 
 #include "Fnd/PathUtils.h"
 #include "Fnd/StationUtils.h"
 #include "QL/CopySetting.h"
 #include "QL/Engine/FileCopier.h"
+#include "QL/Engine/GroupCopier.h"
 
 namespace QL::Engine {
 namespace {
@@ -42,7 +44,7 @@ BatchCopier::BatchCopier(BatchRun& run, RunJournal& journal, CopyBackend& backen
 
 void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask) {
     const std::vector<SourceGroup> groups = GroupBySource(run_.files, verifyModeOfTask);
-    std::vector<GroupSource> sources(groups.size());
+    std::vector<SourceFacts> sources(groups.size());
     std::uint64_t filesTotal = 0;
     std::uint64_t bytesTotal = 0;
     for (std::size_t i = 0; i < groups.size(); ++i) {
@@ -65,7 +67,7 @@ void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>&
 
     CopiesInFlight copies(kSourcesInFlight);
     std::deque<Begun> begun;
-    for (std::size_t i = 0; i < groups.size(); ++i) {
+    for (std::size_t i = 0; i < groups.size();) {
         // Waits here while paused; false once cancelled.
         if (!run_.control->Checkpoint()) {
             FinishInOrder(copies, begun, /*wait=*/true);
@@ -75,44 +77,90 @@ void BatchCopier::CopyAll(const std::unordered_map<std::int64_t, std::uint32_t>&
         if (sources[i].isFolder) {
             // A folder's files may be the next sources: the folder stands first.
             FinishInOrder(copies, begun, /*wait=*/true);
-            Begun folder = Begin(groups[i], sources[i]);
+            Begun folder = Begin(groups, sources, i, i + 1);
             if (!JournalRecords()) {
                 SettleRest(groups, i, FileState::Failed, NotCopiedReason());
                 break;
             }
             std::vector<CopyOutcome> outcomes;
             try {
-                outcomes = backend_.CopyFolder(Fnd::ToUTF8(groups[i].source), folder.targets);
+                outcomes = backend_.CopyFolder(Fnd::ToUTF8(groups[i].source), folder.sources[0].copy.targets);
             } catch (const std::exception& error) {
-                outcomes = FailedOutcomes(folder.targets.size(), error.what());
+                outcomes = FailedOutcomes(folder.TargetCount(), error.what());
             }
             Finish(folder, std::move(outcomes));
+            ++i;
             continue;
         }
+        const std::size_t end = GroupEnd(sources, i);
         // Two files of the batch with one target (kept both) also share its temporary name: the
         // later one starts once the earlier is settled, so the first keeps the name in plan order.
-        FinishInOrder(copies, begun, /*wait=*/SharesTargetInFlight(groups[i], begun));
-        Begun next = Begin(groups[i], sources[i]);
+        FinishInOrder(copies, begun, /*wait=*/SharesTargetInFlight(groups, i, end, begun));
+        Begun next = Begin(groups, sources, i, end);
         if (!JournalRecords()) {
-            if (!next.isFolder)
-                run_.progress->FileFinished(next.progressFile);
+            for (const BegunSource& source : next.sources)
+                run_.progress->FileFinished(source.progressFile);
             FinishInOrder(copies, begun, /*wait=*/true);
             SettleRest(groups, i, FileState::Failed, NotCopiedReason());
             break;
         }
-        begun.push_back(std::move(next));
-        const std::uint64_t progressFile = begun.back().progressFile;
-        copies.Start(
-            [this, sourcePath = Fnd::ToUTF8(groups[i].source), targets = begun.back().targets,
-             verifyMode = groups[i].verifyMode, progressFile] {
-                return backend_.CopyFile(
-                    sourcePath, targets, verifyMode, *run_.control,
-                    [this, progressFile](std::uint64_t done) { run_.progress->Bytes(progressFile, done); });
-            },
-            begun.back().targets.size());
+        StartCopy(copies, begun, std::move(next));
+        i = end;
     }
     FinishInOrder(copies, begun, /*wait=*/true);
+    backend_.BatchEnded();
     run_.progress->PostNow();
+}
+
+std::size_t BatchCopier::GroupEnd(const std::vector<SourceFacts>& sources, std::size_t from) const {
+    const std::uint64_t largest = backend_.LargestGroupedFile();
+    const auto small = [&](std::size_t i) { return !sources[i].isFolder && sources[i].size <= largest; };
+    if (!small(from))
+        return from + 1;
+    std::uint64_t bytes = 0;
+    std::size_t end = from;
+    while (end < sources.size() && small(end) && end - from < GroupCopier::kMostFiles &&
+           bytes + GroupCopier::Footprint(sources[end].size) <= GroupCopier::kMostBytes) {
+        bytes += GroupCopier::Footprint(sources[end].size);
+        ++end;
+    }
+    return end;
+}
+
+void BatchCopier::StartCopy(CopiesInFlight& copies, std::deque<Begun>& begun, Begun next) {
+    const std::size_t targetCount = next.TargetCount();
+    begun.push_back(std::move(next));
+    const Begun& started = begun.back();
+    if (started.grouped) {
+        std::vector<SourceCopy> group;
+        std::vector<std::uint64_t> progressFiles;
+        for (const BegunSource& source : started.sources) {
+            group.push_back(source.copy);
+            progressFiles.push_back(source.progressFile);
+        }
+        copies.Start(
+            [this, group = std::move(group), progressFiles = std::move(progressFiles)] {
+                std::vector<std::vector<CopyOutcome>> perSource = backend_.CopyGroup(
+                    group, *run_.control, [this, &progressFiles](std::size_t source, std::uint64_t done) {
+                        run_.progress->Bytes(progressFiles.at(source), done);
+                    });
+                std::vector<CopyOutcome> outcomes;
+                for (auto& sourceOutcomes : perSource)
+                    for (auto& outcome : sourceOutcomes)
+                        outcomes.push_back(std::move(outcome));
+                return outcomes;
+            },
+            targetCount);
+        return;
+    }
+    const BegunSource& source = started.sources[0];
+    copies.Start(
+        [this, copy = source.copy, progressFile = source.progressFile] {
+            return backend_.CopyFile(copy, *run_.control, [this, progressFile](std::uint64_t done) {
+                run_.progress->Bytes(progressFile, done);
+            });
+        },
+        targetCount);
 }
 
 void BatchCopier::FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun, bool wait) {
@@ -122,64 +170,96 @@ void BatchCopier::FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun
     }
 }
 
-bool BatchCopier::SharesTargetInFlight(const SourceGroup& group, const std::deque<Begun>& begun) const {
+bool BatchCopier::SharesTargetInFlight(const std::vector<SourceGroup>& groups, std::size_t from, std::size_t to,
+                                       const std::deque<Begun>& begun) const {
+    if (begun.empty())
+        return false;
     // Spellings that differ in case only are one name where a destination ignores case.
-    const auto sameName = [](const Fnd::WString& a, const Fnd::WString& b) {
-        const auto fold = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
-        return a.size() == b.size() &&
-               std::equal(a.begin(), a.end(), b.begin(), [&](char16_t x, char16_t y) { return fold(x) == fold(y); });
+    const auto folded = [](const Fnd::WString& name) {
+        Fnd::WString lower = name;
+        for (char16_t& c : lower)
+            if (c >= u'A' && c <= u'Z')
+                c = static_cast<char16_t>(c + 32);
+        return lower;
     };
+    std::unordered_set<Fnd::WString> inFlight;
     for (const Begun& copy : begun)
-        for (const FileRecord* inFlight : copy.files)
-            for (std::size_t index : group.files)
-                if (sameName(run_.files[index].target, inFlight->target))
-                    return true;
+        for (const BegunSource& source : copy.sources)
+            for (const FileRecord* file : source.files)
+                inFlight.insert(folded(file->target));
+    for (std::size_t g = from; g < to; ++g)
+        for (std::size_t index : groups[g].files)
+            if (inFlight.count(folded(run_.files[index].target)) != 0)
+                return true;
     return false;
 }
 
-BatchCopier::Begun BatchCopier::Begin(const SourceGroup& group, const GroupSource& source) {
+std::size_t BatchCopier::Begun::TargetCount() const {
+    std::size_t count = 0;
+    for (const BegunSource& source : sources)
+        count += source.copy.targets.size();
+    return count;
+}
+
+BatchCopier::Begun BatchCopier::Begin(const std::vector<SourceGroup>& groups, const std::vector<SourceFacts>& sources,
+                                      std::size_t from, std::size_t to) {
     Begun begun;
-    begun.verifyMode = group.verifyMode;
-    begun.isFolder = source.isFolder;
+    begun.grouped = !sources[from].isFolder && sources[from].size <= backend_.LargestGroupedFile();
     std::vector<const FileRecord*> journalled;
-    for (std::size_t index : group.files) {
-        FileRecord& file = run_.files[index];
-        begun.files.push_back(&file);
-        journalled.push_back(&file);
-        // The plan places a folder's content under the folder's own target, whatever was answered
-        // for the folder: so keep both and replace of a folder mean merging into it. A folder
-        // holds no data; each file below it has its own answer.
-        const std::int32_t action =
-            source.isFolder && file.action != kCopyActionSkip ? kCopyActionNone : file.action;
-        begun.targets.push_back(CopyTarget{Fnd::ToUTF8(file.target), action, folders_});
-        file.state = FileState::Copying;
-        file.temporary =
-            source.isFolder ? std::string() : FileCopier::TemporaryPathFor(begun.targets.back().path);
+    for (std::size_t g = from; g < to; ++g) {
+        const SourceGroup& group = groups[g];
+        BegunSource& source = begun.sources.emplace_back();
+        source.isFolder = sources[g].isFolder;
+        source.copy.source = Fnd::ToUTF8(group.source);
+        source.copy.verifyMode = group.verifyMode;
+        if (!source.isFolder && run_.expectedDigestOf)
+            source.copy.expected = run_.expectedDigestOf(source.copy.source);
+        for (std::size_t index : group.files) {
+            FileRecord& file = run_.files[index];
+            source.files.push_back(&file);
+            journalled.push_back(&file);
+            // The plan places a folder's content under the folder's own target, whatever was
+            // answered for the folder: so keep both and replace of a folder mean merging into it.
+            // A folder holds no data; each file below it has its own answer.
+            const std::int32_t action =
+                source.isFolder && file.action != kCopyActionSkip ? kCopyActionNone : file.action;
+            source.copy.targets.push_back(CopyTarget{Fnd::ToUTF8(file.target), action, folders_});
+            file.state = FileState::Copying;
+            file.temporary = source.isFolder ? std::string()
+                                             : FileCopier::TemporaryPathFor(source.copy.targets.back().path);
+        }
+        if (!source.isFolder)
+            source.progressFile = run_.progress->FileStarted(group.source, sources[g].size);
     }
     // The temporaries are on record before the first byte is written, so a crash can clean them.
     journal_.UpdateFiles(journalled);
-    if (!source.isFolder)
-        begun.progressFile = run_.progress->FileStarted(group.source, source.size);
     return begun;
 }
 
 void BatchCopier::Finish(Begun& begun, std::vector<CopyOutcome> outcomes) {
-    if (outcomes.size() != begun.targets.size())
-        outcomes = FailedOutcomes(begun.targets.size(),
-                                  "the copy answered for " + std::to_string(outcomes.size()) + " of " +
-                                      std::to_string(begun.targets.size()) + " targets");
+    const std::size_t targetCount = begun.TargetCount();
+    if (outcomes.size() != targetCount)
+        outcomes = FailedOutcomes(targetCount, "the copy answered for " + std::to_string(outcomes.size()) + " of " +
+                                                   std::to_string(targetCount) + " targets");
     std::vector<const FileRecord*> journalled;
     std::vector<FileStatus> statuses;
-    for (std::size_t i = 0; i < begun.files.size(); ++i) {
-        statuses.push_back(Settle(*begun.files[i], outcomes[i], begun.isFolder));
-        journalled.push_back(begun.files[i]);
-    }
+    std::size_t k = 0;
+    for (const BegunSource& source : begun.sources)
+        for (FileRecord* file : source.files) {
+            statuses.push_back(Settle(*file, outcomes[k++], source.isFolder));
+            journalled.push_back(file);
+        }
     // On record before it is reported: a host that stops on an outcome finds it in the journal.
     journal_.UpdateFiles(journalled);
-    for (std::size_t i = 0; i < begun.files.size(); ++i)
-        PostOutcome(run_, *begun.files[i], statuses[i], begun.verifyMode, outcomes[i].verifiedBy);
-    if (!begun.isFolder)
-        run_.progress->FileFinished(begun.progressFile);
+    k = 0;
+    for (const BegunSource& source : begun.sources) {
+        for (const FileRecord* file : source.files) {
+            PostOutcome(run_, *file, statuses[k], source.copy.verifyMode, outcomes[k].verifiedBy);
+            ++k;
+        }
+        if (!source.isFolder)
+            run_.progress->FileFinished(source.progressFile);
+    }
 }
 
 void BatchCopier::SettleRest(const std::vector<SourceGroup>& groups, std::size_t from, FileState state,

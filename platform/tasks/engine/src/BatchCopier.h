@@ -32,22 +32,34 @@ public:
                             std::uint32_t verifyMode, VerifiedBy verifiedBy = VerifiedBy::NotVerified);
 
 private:
-    struct GroupSource {
+    struct SourceFacts {
         bool isFolder = false;
         std::uint64_t size = 0;
     };
 
     // A source begun: its files journalled as copying, waiting for the copy's outcomes.
-    struct Begun {
+    struct BegunSource {
         std::vector<FileRecord*> files;
-        std::vector<CopyTarget> targets;
-        std::uint32_t verifyMode = 0;
+        SourceCopy copy;
         bool isFolder = false;
         std::uint64_t progressFile = 0;
     };
+    // What one copy in flight does: one source, or a group of small ones.
+    struct Begun {
+        std::vector<BegunSource> sources;
+        bool grouped = false; // small files, copied together
+        std::size_t TargetCount() const;
+    };
 
-    Begun Begin(const SourceGroup& group, const GroupSource& source);
-    bool SharesTargetInFlight(const SourceGroup& group, const std::deque<Begun>& begun) const;
+    // Journals the files of groups [from, to) as copying, in one commit.
+    Begun Begin(const std::vector<SourceGroup>& groups, const std::vector<SourceFacts>& sources, std::size_t from,
+                std::size_t to);
+    // Where the small files from this one on end their group: the first index past it.
+    std::size_t GroupEnd(const std::vector<SourceFacts>& sources, std::size_t from) const;
+    void StartCopy(CopiesInFlight& copies, std::deque<Begun>& begun, Begun next);
+    bool SharesTargetInFlight(const std::vector<SourceGroup>& groups, std::size_t from, std::size_t to,
+                              const std::deque<Begun>& begun) const;
+    // Outcomes of every target of every source of it, in order.
     void Finish(Begun& begun, std::vector<CopyOutcome> outcomes);
     // Settles the copies in flight from the oldest on: all of them with wait, else those finished.
     void FinishInOrder(CopiesInFlight& copies, std::deque<Begun>& begun, bool wait);

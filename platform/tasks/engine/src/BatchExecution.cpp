@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "BatchCopier.h"
+#include "CopyHistories.h"
 #include "Fnd/PathUtils.h"
 #include "Fnd/StationUtils.h"
 #include "ResumePreparation.h"
@@ -88,8 +89,11 @@ void ExecuteBatch(BatchRun& run, Journal& journal, CopyBackend& backend,
         ReportResumed(run, PrepareForResume(run.files, modes, runJournal), modes, counters);
     }
 
+    CopyHistories histories(run);
     BatchCopier(run, runJournal, backend, counters, std::move(folders)).CopyAll(modes);
     const bool cancelled = run.control->IsCancelled();
+    if (!cancelled && !run.interrupted)
+        histories.Record(run);
 
     std::unordered_map<std::int64_t, std::vector<const FileRecord*>> filesOfTask;
     for (const FileRecord& file : run.files)
@@ -105,6 +109,7 @@ void ExecuteBatch(BatchRun& run, Journal& journal, CopyBackend& backend,
             result.status = OutcomeStatus::Cancelled;
         } else {
             result = finisher.Finish(task, filesOfTask[task.id]);
+            histories.Amend(task, result);
             task.finished = true;
         }
         if (result.status == OutcomeStatus::Failed)

@@ -3,14 +3,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <openssl/evp.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <memory>
 #include <vector>
 
-#include "QL/CopySetting.h"
+#include "QL/ChecksumVerifyMode.h"
 
 namespace QL::Engine {
 namespace {
@@ -54,36 +52,23 @@ private:
 
 } // namespace
 
-std::optional<std::string> Md5OfFile(const std::string& path) {
+std::optional<std::string> DigestOfFile(Checksum::Algorithm algorithm, const std::string& path) {
     ReadOnlyFile file(path);
     if (!file.IsOpen())
         return std::nullopt;
-    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> context(EVP_MD_CTX_new(), &EVP_MD_CTX_free);
-    if (!context || EVP_DigestInit_ex(context.get(), EVP_md5(), nullptr) != 1)
-        return std::nullopt;
+    const auto hasher = Checksum::MakeHasher(algorithm);
     std::vector<char> buffer(kChunk);
     for (;;) {
         const ssize_t got = file.ReadFull(buffer.data(), buffer.size());
         if (got < 0)
             return std::nullopt;
         if (got == 0)
-            break;
-        EVP_DigestUpdate(context.get(), buffer.data(), static_cast<std::size_t>(got));
+            return hasher->FinishHex();
+        hasher->Update(buffer.data(), static_cast<std::size_t>(got));
     }
-    unsigned char digest[EVP_MAX_MD_SIZE];
-    unsigned int length = 0;
-    if (EVP_DigestFinal_ex(context.get(), digest, &length) != 1)
-        return std::nullopt;
-    static const char kHex[] = "0123456789abcdef";
-    std::string hex;
-    for (unsigned int i = 0; i < length; ++i) {
-        hex.push_back(kHex[digest[i] >> 4]);
-        hex.push_back(kHex[digest[i] & 15]);
-    }
-    return hex;
 }
 
-bool SameBytes(const std::string& first, const std::string& second) {
+bool SameBytes(const std::string& first, const std::string& second, Checksum::Hasher* firstHasher) {
     ReadOnlyFile a(first);
     ReadOnlyFile b(second);
     if (!a.IsOpen() || !b.IsOpen())
@@ -99,25 +84,36 @@ bool SameBytes(const std::string& first, const std::string& second) {
             return true;
         if (!std::equal(bufferA.begin(), bufferA.begin() + gotA, bufferB.begin()))
             return false;
+        if (firstHasher)
+            firstHasher->Update(bufferA.data(), static_cast<std::size_t>(gotA));
     }
 }
 
 bool CopyMatchesSource(const std::string& source, const std::string& copy, std::uint32_t verifyMode,
-                       std::string& checksum) {
-    switch (verifyMode) {
-    case IngestTask::kVerifyMD5: {
-        const auto sourceSum = Md5OfFile(source);
-        const auto copySum = Md5OfFile(copy);
+                       std::string& checksum, std::string& checksumAlgorithm) {
+    const std::optional<Checksum::Algorithm> compared = IngestTask::ChecksumAlgorithmOf(verifyMode);
+    const Checksum::Algorithm algorithm = compared.value_or(Checksum::Algorithm::Xxh128);
+    std::optional<std::string> sourceSum;
+    if (compared) {
+        sourceSum = DigestOfFile(algorithm, source);
+        const auto copySum = DigestOfFile(algorithm, copy);
         if (!sourceSum || !copySum || *sourceSum != *copySum)
             return false;
-        checksum = *sourceSum;
-        return true;
+    } else if (verifyMode == IngestTask::kVerifyBitByBit) {
+        // One pass over both files gives the comparison and the source's digest.
+        const auto hasher = Checksum::MakeHasher(algorithm);
+        if (!SameBytes(source, copy, hasher.get()))
+            return false;
+        sourceSum = hasher->FinishHex();
+    } else {
+        sourceSum = DigestOfFile(algorithm, source);
+        if (!sourceSum)
+            return false;
     }
-    case IngestTask::kVerifyBitByBit:
-        return SameBytes(source, copy);
-    default:
-        return true;
-    }
+    checksum = *sourceSum;
+    checksumAlgorithm = Checksum::NameOf(algorithm);
+    return true;
 }
+
 
 } // namespace QL::Engine

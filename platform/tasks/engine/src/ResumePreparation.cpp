@@ -38,11 +38,13 @@ bool AdoptFinishedCopy(FileRecord& file, std::uint32_t verifyMode) {
         sourceStat.st_size != targetStat.st_size || !SameTime(sourceStat, targetStat))
         return false;
     std::string checksum;
-    if (!CopyMatchesSource(source, target, verifyMode, checksum))
+    std::string algorithm;
+    if (!CopyMatchesSource(source, target, verifyMode, checksum, algorithm))
         return false;
     file.state = FileState::Verified;
     file.finalPath = target;
     file.checksum = checksum;
+    file.checksumAlgorithm = algorithm;
     file.size = static_cast<std::uint64_t>(targetStat.st_size);
     file.temporary.clear();
     file.reason.clear();

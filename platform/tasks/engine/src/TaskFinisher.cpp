@@ -32,6 +32,12 @@ template <class Map, class Key> const typename Map::mapped_type* Find(const Map&
     return found == map.end() ? nullptr : &found->second;
 }
 
+// The project keeps the digest each file was copied with, so that the item can be checked later.
+void AddDigest(Proj::ProjectItem& item, const FileRecord& file, const Fnd::WString& path) {
+    if (!file.checksum.empty() && !file.checksumAlgorithm.empty())
+        item.digests.push_back(Proj::FileDigest{path, file.checksumAlgorithm, file.checksum});
+}
+
 constexpr const char* kNoTranscoding = "transcoding is not available in this build";
 
 } // namespace
@@ -82,11 +88,11 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
     }
     // Files of one batch may share a target (kept both, or skipped for an earlier one): a unit's
     // own file comes first.
-    const auto fileIn = [&](const std::vector<const FileRecord*>& unitFiles,
-                            const Fnd::WString& target) -> const FileRecord* {
-        for (const FileRecord* file : unitFiles)
-            if (file && file->target == target)
-                return file;
+    // A card is one unit of thousands of files: its own files are looked up by target, not walked.
+    std::unordered_map<Fnd::WString, const FileRecord*> unitByTarget;
+    const auto fileIn = [&](const Fnd::WString& target) -> const FileRecord* {
+        if (const auto own = unitByTarget.find(target); own != unitByTarget.end())
+            return own->second;
         const auto found = byTarget.find(target);
         return found == byTarget.end() ? nullptr : found->second;
     };
@@ -98,8 +104,12 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
     std::size_t unitIndex = 0;
     for (const IngestTask::CopyUnitRef& unit : setting.units) {
         const std::vector<const FileRecord*>& unitFiles = byUnit[unitIndex++];
+        unitByTarget.clear();
+        for (const FileRecord* file : unitFiles)
+            if (file)
+                unitByTarget.emplace(file->target, file);
         for (const auto& [target, item] : unit->importItems) {
-            const FileRecord* main = fileIn(unitFiles, target);
+            const FileRecord* main = fileIn(target);
             if (!Landed(main))
                 continue; // its failure is counted with the files
             const Fnd::WString finalPath = whereItStands(*main);
@@ -116,15 +126,18 @@ TaskResult TaskFinisher::FinishCopy(const RunTask& task, const std::vector<const
             // item's record of it, and then its place in the unit tells.
             const bool oneItem = unit->importItems.size() == 1;
             for (std::size_t e = 0; e < item->extraPaths.size(); ++e) {
-                const FileRecord* side = fileIn(unitFiles, item->extraPaths[e]);
+                const FileRecord* side = fileIn(item->extraPaths[e]);
                 if (!side && oneItem && e + 1 < unitFiles.size())
                     side = unitFiles[e + 1];
-                if (side != main && Landed(side))
+                if (side != main && Landed(side)) {
                     projectItem.extraPaths.push_back(whereItStands(*side));
+                    AddDigest(projectItem, *side, projectItem.extraPaths.back());
+                }
             }
             // A skipped target is the user's file as it stands: nothing is written into it.
             if (main->state == FileState::Verified)
                 WriteSidecar(projectItem, diskMetadata, result);
+            AddDigest(projectItem, *main, finalPath);
             if (setting.addToProject)
                 imports.push_back(std::move(projectItem));
         }

@@ -11,7 +11,9 @@ struct IngestMediaGroup {
     Fnd::WString transferMode;       // "Copy" asks for a transfer; anything else imports only
     Fnd::WString destinationPath;
     Fnd::WString verify;       // "Verify" asks for verification
-    Fnd::WString verifyMethod; // "FileSize" or "BitByBit"; anything else is MD5
+    // "FileSize", "BitByBit", or a checksum: "MD5", "xxh128", "xxh3", "xxh64" in any case; any
+    // other text is the checksum the user's preferences name (MD5 unless set).
+    Fnd::WString verifyMethod;
 };
 
 } // namespace QL

@@ -123,17 +123,29 @@ std::vector<std::string> TemporariesIn(const std::string& folder) {
 CountingBackend::CountingBackend(std::size_t chunkBytes, CopyHooks hooks)
     : copier_(MakeFileCopierBackend(chunkBytes, std::move(hooks))) {}
 
-std::vector<CopyOutcome> CountingBackend::CopyFile(const std::string& source,
-                                                   const std::vector<CopyTarget>& targets,
-                                                   std::uint32_t verifyMode, CopyControl& control,
+std::vector<CopyOutcome> CountingBackend::CopyFile(const SourceCopy& copy, CopyControl& control,
                                                    const ProgressFunction& progress) {
     {
         std::lock_guard lock(mutex_);
-        ++reads_[source];
+        ++reads_[copy.source];
     }
     if (beforeCopy)
-        beforeCopy(source);
-    return copier_->CopyFile(source, targets, verifyMode, control, progress);
+        beforeCopy(copy.source);
+    return copier_->CopyFile(copy, control, progress);
+}
+
+std::vector<std::vector<CopyOutcome>> CountingBackend::CopyGroup(const std::vector<SourceCopy>& group,
+                                                                 CopyControl& control,
+                                                                 const GroupProgressFunction& progress) {
+    for (const SourceCopy& copy : group) {
+        {
+            std::lock_guard lock(mutex_);
+            ++reads_[copy.source];
+        }
+        if (beforeCopy)
+            beforeCopy(copy.source);
+    }
+    return copier_->CopyGroup(group, control, progress);
 }
 
 std::vector<CopyOutcome> CountingBackend::CopyFolder(const std::string& source,

@@ -63,18 +63,24 @@ QL::IngestTask::CopySetting CopyOf(std::vector<QL::IngestTask::CopyUnitRef> unit
 // Names in the folder that the copier uses for its temporaries.
 std::vector<std::string> TemporariesIn(const std::string& folder);
 
-// The file copier with a seam: counts the reads of each source and runs beforeCopy (on the
-// worker) before each source is copied.
+// The file and group copiers with a seam: counts the reads of each source and runs beforeCopy (on
+// the worker) before each source is copied; small files are copied in groups, so beforeCopy runs
+// for each of a group's sources before the group starts.
 class CountingBackend : public QL::Engine::CopyBackend {
 public:
     explicit CountingBackend(std::size_t chunkBytes = 1u << 20, QL::Engine::CopyHooks hooks = {});
 
-    std::vector<QL::Engine::CopyOutcome> CopyFile(const std::string& source,
-                                                  const std::vector<QL::Engine::CopyTarget>& targets,
-                                                  std::uint32_t verifyMode, QL::Engine::CopyControl& control,
+    std::vector<QL::Engine::CopyOutcome> CopyFile(const QL::Engine::SourceCopy& copy,
+                                                  QL::Engine::CopyControl& control,
                                                   const QL::Engine::ProgressFunction& progress) override;
+    // Counts and runs beforeCopy for each source of the group before the group is copied.
+    std::vector<std::vector<QL::Engine::CopyOutcome>>
+    CopyGroup(const std::vector<QL::Engine::SourceCopy>& group, QL::Engine::CopyControl& control,
+              const QL::Engine::GroupProgressFunction& progress) override;
     std::vector<QL::Engine::CopyOutcome>
     CopyFolder(const std::string& source, const std::vector<QL::Engine::CopyTarget>& targets) override;
+
+    std::uint64_t LargestGroupedFile() const override { return copier_->LargestGroupedFile(); }
 
     std::function<void(const std::string& source)> beforeCopy;
 

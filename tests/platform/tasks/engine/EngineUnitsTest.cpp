@@ -1,7 +1,14 @@
 // Measuring progress: the rate a host shows must follow the medium, not the whole run's average.
+// Comparing a copy that resume finds with its source, in each verify mode.
 #include <gtest/gtest.h>
 
+#include <string>
+
+#include "Checksum/Checksum.h"
+#include "QL/CopySetting.h"
+#include "platform/tasks/engine/src/FileComparison.h"
 #include "platform/tasks/engine/src/ProgressMeter.h"
+#include "support/TempTree.h"
 
 namespace igd::test {
 namespace {
@@ -27,6 +34,45 @@ TEST(ProgressMeterTest, ThrottlesMessagesAndMeasuresTheRecentRate) {
 
     meter.Restart();
     EXPECT_EQ(meter.BytesPerSecond(), 0);
+}
+
+// A copy of the same size with one byte changed is never adopted by a mode that reads the copy;
+// whatever the mode, an adopted copy comes with the source's digest for the record.
+TEST(FileComparisonTest, EachModeReadsAsFarAsItPromisesAndNamesItsDigest) {
+    using namespace QL::IngestTask;
+    TempTree tree;
+    const std::string bytes = std::string(3u << 20, 'f') + "frames";
+    tree.MakeFile("card/A001.MOV", bytes);
+    tree.MakeFile("main/A001.MOV", bytes);
+    std::string altered = bytes;
+    altered[2u << 20] ^= 1;
+    tree.MakeFile("main/altered.MOV", altered);
+    const std::string source = tree.NativePath("card/A001.MOV");
+    const struct {
+        std::uint32_t mode;
+        const char* algorithm;
+        bool alteredPasses;
+    } cases[] = {{kVerifyMD5, "md5", false},           {kVerifyXXH128, "xxh128", false},
+                 {kVerifyXXH3, "xxh3", false},         {kVerifyXXH64, "xxh64", false},
+                 {kVerifyBitByBit, "xxh128", false},   {kVerifyFileSize, "xxh128", true},
+                 {kVerifyNone, "xxh128", true}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.mode);
+        std::string checksum;
+        std::string algorithm;
+        ASSERT_TRUE(QL::Engine::CopyMatchesSource(source, tree.NativePath("main/A001.MOV"), c.mode, checksum,
+                                                  algorithm));
+        EXPECT_EQ(algorithm, c.algorithm);
+        EXPECT_EQ(checksum, Checksum::DigestHex(*Checksum::AlgorithmNamed(algorithm), bytes.data(), bytes.size()));
+        EXPECT_EQ(QL::Engine::CopyMatchesSource(source, tree.NativePath("main/altered.MOV"), c.mode, checksum,
+                                                algorithm),
+                  c.alteredPasses);
+        if (!c.alteredPasses) {
+            EXPECT_FALSE(QL::Engine::CopyMatchesSource(source, tree.NativePath("main/gone.MOV"), c.mode, checksum,
+                                                       algorithm))
+                << "a copy that cannot be read is no copy";
+        }
+    }
 }
 
 } // namespace

@@ -275,6 +275,93 @@ TEST_F(FaultTest, ADestinationTurnedReadOnlyNamesThePartialCopyItCouldNotRemove)
     ::mount(nullptr, drive.Folder().c_str(), nullptr, MS_REMOUNT, nullptr);
 }
 
+// ---- Faults inside a group of small files ----------------------------------------------------
+// Small files are copied in groups with one flush for all of them: a fault in one file of a group
+// fails that file alone, and nothing half-written or unverified takes a final name.
+
+std::map<std::string, std::uint64_t> SmallClips(int count, std::uint64_t size) {
+    std::map<std::string, std::uint64_t> clips;
+    for (int i = 1; i <= count; ++i) {
+        char name[16];
+        std::snprintf(name, sizeof name, "S%03d.MOV", i);
+        clips.emplace(name, size);
+    }
+    return clips;
+}
+
+TEST_F(FaultTest, AGroupMeetingAFullDiskCopiesWhatFitsAndFailsTheRestWhole) {
+    ScratchMount small(tree.NativePath("primary"), "tmpfs", "size=512k");
+    if (!small.Mounted())
+        GTEST_SKIP() << small.Why();
+    TaskService service(TestOptions(home, std::make_shared<CountingBackend>()));
+    const auto clips = SmallClips(24, 40u << 10);
+    Submit(service, clips, primary, backup);
+
+    RunUntilOutcome(log, batch);
+    int copied = 0;
+    for (const auto& [name, size] : clips) {
+        ExpectCopied(backup, name);
+        if (ReasonFor(primary, name) == "copied") {
+            ExpectCopied(primary, name);
+            ++copied;
+        } else {
+            ExpectFailed(service, primary, name, "No space left on device");
+        }
+    }
+    EXPECT_GT(copied, 0);
+    EXPECT_LT(copied, 24);
+}
+
+TEST_F(FaultTest, ASourceRemovedWhileItsGroupIsReadIsNoCopy) {
+    CopyHooks hooks;
+    hooks.beforeRead = [](const std::string& source, std::uint64_t) {
+        if (source.ends_with("S002.MOV"))
+            std::filesystem::remove(source);
+        return 0;
+    };
+    TaskService service(TestOptions(home, std::make_shared<CountingBackend>(8u << 20, hooks)));
+    Submit(service, SmallClips(3, 10u << 10), primary, backup);
+
+    RunUntilOutcome(log, batch);
+    for (const Fnd::WString& destination : {primary, backup}) {
+        ExpectCopied(destination, "S001.MOV");
+        ExpectCopied(destination, "S003.MOV");
+        ExpectFailed(service, destination, "S002.MOV", "it was removed while it was being read");
+    }
+}
+
+TEST_F(FaultTest, AGroupWhoseDestinationTurnsReadOnlyNamesNothingAndKeepsItsPartialsOnRecord) {
+    ScratchMount drive(tree.NativePath("backup"), "tmpfs", "size=8m");
+    if (!drive.Mounted())
+        GTEST_SKIP() << drive.Why();
+    CopyHooks hooks;
+    std::atomic<bool> remounted{false};
+    hooks.afterWrite = [&](const std::string& temporary) {
+        if (temporary.find("/backup/") != std::string::npos && !remounted.exchange(true)) {
+            EXPECT_EQ(::mount(nullptr, drive.Folder().c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+        }
+    };
+    TaskService service(TestOptions(home, std::make_shared<CountingBackend>(8u << 20, hooks)));
+    const auto clips = SmallClips(5, 10u << 10);
+    Submit(service, clips, primary, backup);
+
+    RunUntilOutcome(log, batch);
+    const auto journalled = Journalled(service);
+    for (const auto& [name, size] : clips) {
+        ExpectCopied(primary, name);
+        const std::string reason = ReasonFor(backup, name);
+        EXPECT_NE(reason.find("could not give the copy its name: Read-only file system"), std::string::npos)
+            << reason;
+        EXPECT_FALSE(Exists(Native(backup, name)));
+        const FileRecord& record = journalled.at(Native(backup, name));
+        EXPECT_EQ(record.state, FileState::Failed);
+        EXPECT_NE(reason.find("the partial copy " + record.temporary + " could not be removed"), std::string::npos)
+            << reason;
+    }
+    EXPECT_EQ(TemporariesIn(drive.Folder()).size(), clips.size());
+    ::mount(nullptr, drive.Folder().c_str(), nullptr, MS_REMOUNT, nullptr);
+}
+
 // ---- The journal cannot record ----------------------------------------------------------------
 
 TEST_F(FaultTest, NothingIsCopiedWhenTheJournalCannotRecordSinceACrashCouldNotBeResumed) {
@@ -454,7 +541,8 @@ TEST_F(FaultTest, NamesDifferingOnlyInCaseNeverOverwriteEachOtherWhereCaseIsIgno
         const std::string lower = ReasonFor(folder, "case.mov");
         std::multiset<std::string> contents;
         for (const auto& entry : std::filesystem::directory_iterator(Fnd::ToUTF8(folder)))
-            contents.insert(ReadFileBytes(entry.path().string()));
+            if (entry.path().filename() != "ascmhl") // the history of the copy
+                contents.insert(ReadFileBytes(entry.path().string()));
         if (action == QL::kCopyActionNone) {
             EXPECT_EQ(std::multiset<std::string>({upper, lower}),
                       std::multiset<std::string>({"copied", "target exists"}));

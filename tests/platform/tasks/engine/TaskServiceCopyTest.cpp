@@ -37,6 +37,9 @@ struct VerifyCase {
     std::uint32_t mode;
     const char* name;
     std::vector<VerifiedBy> verifiedBy;
+    // Every copy carries its source's digest for the destination's manifest: the mode's checksum,
+    // else xxh128.
+    std::string algorithm;
     std::string checksum;
 };
 
@@ -69,6 +72,7 @@ TEST_P(VerifyModeTest, CopiesAndVerifiesEachFileOnlyOnceStarted) {
     EXPECT_EQ(small->status, FileStatus::Copied);
     EXPECT_EQ(small->verifyMode, GetParam().mode);
     EXPECT_EQ(small->checksum, GetParam().checksum);
+    EXPECT_EQ(small->checksumAlgorithm, GetParam().algorithm);
     EXPECT_THAT(GetParam().verifiedBy, ::testing::Contains(small->verifiedBy));
     EXPECT_TRUE(TemporariesIn(Fnd::ToUTF8(primary)).empty());
 }
@@ -76,10 +80,14 @@ TEST_P(VerifyModeTest, CopiesAndVerifiesEachFileOnlyOnceStarted) {
 const std::vector<VerifiedBy> kReadBack{VerifiedBy::DirectRead, VerifiedBy::DroppedCache};
 INSTANTIATE_TEST_SUITE_P(
     EveryMode, VerifyModeTest,
-    ::testing::Values(VerifyCase{QL::IngestTask::kVerifyMD5, "MD5", kReadBack, "6f5902ac237024bdd0c176cb93063dc4"},
-                      VerifyCase{QL::IngestTask::kVerifyFileSize, "Size", {VerifiedBy::Size}, ""},
-                      VerifyCase{QL::IngestTask::kVerifyBitByBit, "BitByBit", kReadBack, ""},
-                      VerifyCase{QL::IngestTask::kVerifyNone, "None", {VerifiedBy::NotVerified}, ""}),
+    ::testing::Values(
+        VerifyCase{QL::IngestTask::kVerifyMD5, "MD5", kReadBack, "md5", "6f5902ac237024bdd0c176cb93063dc4"},
+        VerifyCase{QL::IngestTask::kVerifyXXH128, "XXH128", kReadBack, "xxh128", "eefac9d87100cd1336b2e733a5484425"},
+        VerifyCase{QL::IngestTask::kVerifyXXH64, "XXH64", kReadBack, "xxh64", "5215e13b207d6d8c"},
+        VerifyCase{QL::IngestTask::kVerifyFileSize, "Size", {VerifiedBy::Size}, "xxh128", "eefac9d87100cd1336b2e733a5484425"},
+        VerifyCase{QL::IngestTask::kVerifyBitByBit, "BitByBit", kReadBack, "xxh128", "eefac9d87100cd1336b2e733a5484425"},
+        VerifyCase{QL::IngestTask::kVerifyNone, "None", {VerifiedBy::NotVerified}, "xxh128",
+                   "eefac9d87100cd1336b2e733a5484425"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // Progress counts each source once however many targets it has; the outcomes of the files, the
@@ -137,7 +145,8 @@ TEST_F(TaskServiceCopyTest, TwoDestinationsReadEachSourceOnceAndReportInSubmissi
 }
 
 TEST_F(TaskServiceCopyTest, ASourceThatEndsBeforeTheOneStartedEarlierWaitsForItsTurnToReport) {
-    auto backend = std::make_shared<CountingBackend>();
+    // Chunks smaller than the clips: each clip streams on its own rather than in one group.
+    auto backend = std::make_shared<CountingBackend>(64u << 10);
     std::mutex mutex;
     std::condition_variable secondStarted;
     bool second = false;

@@ -16,6 +16,15 @@ struct ItemMetadata {
     std::map<Fnd::WString, Fnd::WString> values; // field key to value
 };
 
+// The digest a file of an item was verified with when it was copied, named by its algorithm
+// ("md5", "xxh128", "xxh3", "xxh64") and written in lower-case hex.
+struct FileDigest {
+    Fnd::WString path;
+    std::string algorithm;
+    std::string hex;
+    bool operator==(const FileDigest&) const = default;
+};
+
 // One media item of a project. Its path is its identity: importing the same path again updates
 // the item.
 struct ProjectItem {
@@ -29,6 +38,9 @@ struct ProjectItem {
     fluxcore::utility::Guid clipGuid;   // all zero: none assigned
     std::vector<ItemMetadata> metadata; // by namespace; a later import merges values into these
     Fnd::WString bin;                   // the bin's name; empty for the root bin
+    // Of the item's files, by path; a later import replaces the digest of a path it brings and
+    // keeps the others.
+    std::vector<FileDigest> digests;
 };
 
 } // namespace Proj

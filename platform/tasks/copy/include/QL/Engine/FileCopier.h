@@ -100,7 +100,8 @@ public:
 
     std::vector<CopyOutcome> CopyFile(const std::string& source, const std::vector<CopyTarget>& targets,
                                       std::uint32_t verifyMode, CopyControl& control,
-                                      const ProgressFunction& progress) const;
+                                      const ProgressFunction& progress,
+                                      const ExpectedDigest* expected = nullptr) const;
 
     // A folder entry: creates each target folder (action 2 makes a unique one) with the source's
     // modification time. Its files are copied one by one through CopyFile. An existing folder is
