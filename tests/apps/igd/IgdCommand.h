@@ -66,6 +66,22 @@ class IgdCommandTest : public ::testing::Test {
 protected:
     std::string Native(const std::string& relative) const { return tree.NativePath(relative); }
 
+    // A P2 card at SHOOT/CARD01 with clips 0001AB and 0002AB (clip XML, video, audio; icons when
+    // asked) and the card's LASTCLIP.TXT.
+    void MakeP2Card(bool withIcons) {
+        const std::string c = "SHOOT/CARD01/CONTENTS/";
+        for (const std::string id : {"0001AB", "0002AB"}) {
+            tree.MakeFile(c + "CLIP/" + id + ".XML",
+                          "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" + id +
+                              "</GlobalClipID></ClipContent></P2Main>");
+            tree.MakeFile(c + "VIDEO/" + id + ".MXF", "video " + id);
+            tree.MakeFile(c + "AUDIO/" + id + "00.MXF", "audio " + id);
+            if (withIcons)
+                tree.MakeFile(c + "ICON/" + id + ".BMP", "icon " + id);
+        }
+        tree.MakeFile("SHOOT/CARD01/LASTCLIP.TXT", "0002AB");
+    }
+
     ScopedIgdHome home;
     TempTree tree;
 };

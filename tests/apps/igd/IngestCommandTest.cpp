@@ -69,16 +69,7 @@ protected:
     // A P2 card as a camera leaves it, with two clips, the card's own index file, and media put on it
     // by hand: a clip with its sidecar, and a sound file.
     void MakeCard() {
-        const std::string c = "SHOOT/CARD01/CONTENTS/";
-        for (const std::string id : {"0001AB", "0002AB"}) {
-            tree.MakeFile(c + "CLIP/" + id + ".XML",
-                          "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" + id +
-                              "</GlobalClipID></ClipContent></P2Main>");
-            tree.MakeFile(c + "VIDEO/" + id + ".MXF", "video " + id);
-            tree.MakeFile(c + "AUDIO/" + id + "00.MXF", "audio " + id);
-            tree.MakeFile(c + "ICON/" + id + ".BMP", "icon " + id);
-        }
-        tree.MakeFile("SHOOT/CARD01/LASTCLIP.TXT", "0002AB");
+        MakeP2Card(/*withIcons=*/true);
         tree.MakeFile("SHOOT/CARD01/EXTRA/B001.MOV", "b camera");
         tree.MakeFile("SHOOT/CARD01/EXTRA/B001.xmp", "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"/>");
         tree.MakeFile("SHOOT/CARD01/EXTRA/sound.WAV", "sound");

@@ -17,18 +17,6 @@ namespace fs = std::filesystem;
 
 class IgdMhlHistoryTest : public IgdCommandTest {
 protected:
-    void MakeP2Card() {
-        const std::string c = "SHOOT/CARD01/CONTENTS/";
-        for (const std::string id : {"0001AB", "0002AB"}) {
-            tree.MakeFile(c + "CLIP/" + id + ".XML",
-                          "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>G" + id +
-                              "</GlobalClipID></ClipContent></P2Main>");
-            tree.MakeFile(c + "VIDEO/" + id + ".MXF", "video " + id);
-            tree.MakeFile(c + "AUDIO/" + id + "00.MXF", "audio " + id);
-        }
-        tree.MakeFile("SHOOT/CARD01/LASTCLIP.TXT", "0002AB");
-    }
-
     std::vector<std::string> Generations(const std::string& ingested) {
         std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator(Native(ingested + "/ascmhl")))
@@ -40,7 +28,7 @@ protected:
 };
 
 TEST_F(IgdMhlHistoryTest, AnIngestLeavesAValidHistoryThatVerifyChecksAndASecondIngestContinues) {
-    MakeP2Card();
+    MakeP2Card(/*withIcons=*/false);
     // Metadata sidecars are written after the copies: the history lists them as they stand.
     const Ran ingest = RunIgd({"ingest", Native("SHOOT/CARD01"), "--to", Native("main"), "--to", Native("backup"),
                                "--metadata-preset", "Production", "--set", "scene=12", "--set", "take=3"});

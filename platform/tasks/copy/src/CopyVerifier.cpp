@@ -11,13 +11,6 @@
 namespace QL::Engine {
 namespace {
 
-// Offset of the first byte that differs between a and b, or length when none does.
-std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t length) {
-    if (std::memcmp(a, b, length) == 0)
-        return length;
-    return static_cast<std::size_t>(std::mismatch(a, a + length, b).first - a);
-}
-
 } // namespace
 
 CopyVerifier::CopyVerifier(std::uint32_t verifyMode, std::string sourcePath, std::size_t bufferBytes,

@@ -72,10 +72,7 @@ SourceEnd Stream(SourceReader& reader, ChunkPool& pool, SourceHasher* hasher, co
                     return SourceEnd{SourceEnd::Kind::Failed, "source could not be hashed", {}, 0};
                 end.digest = hasher->Digest();
                 if (expected && hasher->AlsoDigest() != expected->hex)
-                    return SourceEnd{SourceEnd::Kind::Failed,
-                                     "source does not match its ASC MHL history: " +
-                                         ChecksumLabel(expected->algorithm) + " differs from " + expected->listedIn,
-                                     {}, 0};
+                    return SourceEnd{SourceEnd::Kind::Failed, HistoryMismatchReason(*expected), {}, 0};
             }
             return end;
         }

@@ -54,12 +54,6 @@ struct GroupTarget {
 // Reads of a group in flight at once: these threads and the group's own.
 constexpr std::size_t kReadersBesideTheCaller = 3;
 
-std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t length) {
-    if (std::memcmp(a, b, length) == 0)
-        return length;
-    return static_cast<std::size_t>(std::mismatch(a, a + length, b).first - a);
-}
-
 class GroupRun {
 public:
     GroupRun(const std::vector<SourceCopy>& group, GroupBuffers& buffers, WorkerPool& pool, CopyControl& control,
@@ -192,8 +186,7 @@ private:
                                            ? source.digest
                                            : Checksum::DigestHex(expected.algorithm, source.data, source.size);
             if (actual != expected.hex)
-                FailSource(i, "source does not match its ASC MHL history: " + ChecksumLabel(expected.algorithm) +
-                                  " differs from " + expected.listedIn);
+                FailSource(i, HistoryMismatchReason(expected));
         }
     }
 
@@ -426,19 +419,7 @@ private:
         RemoveTemporary(target);
     }
 
-    void RemoveTemporary(GroupTarget& target) {
-        if (target.temporary.empty())
-            return;
-        // A disk turned read-only keeps what was written so far: the user must hear where it is,
-        // and the journal keeps it so that a later resume removes it.
-        if (::unlink(target.temporary.c_str()) != 0 && errno != ENOENT) {
-            CopyOutcome& outcome = *target.outcome;
-            outcome.leftover = target.temporary;
-            outcome.reason += (outcome.reason.empty() ? "" : "; ") + std::string("the partial copy ") +
-                              target.temporary + " could not be removed: " + ErrorText(errno);
-        }
-        target.temporary.clear();
-    }
+    void RemoveTemporary(GroupTarget& target) { RemoveTemporaryOf(target.temporary, *target.outcome); }
 
     const std::vector<SourceCopy>& group_;
     GroupBuffers& buffers_;

@@ -269,16 +269,7 @@ void TargetCopy::CloseWriter() {
 }
 
 void TargetCopy::RemoveTemporary() {
-    if (temporary_.empty())
-        return;
-    // A disk turned read-only keeps what was written so far: the user must hear where it is, and
-    // the journal keeps it so that a later resume removes it.
-    if (::unlink(temporary_.c_str()) != 0 && errno != ENOENT) {
-        outcome_.leftover = temporary_;
-        outcome_.reason += (outcome_.reason.empty() ? "" : "; ") + std::string("the partial copy ") +
-                           temporary_ + " could not be removed: " + ErrorText(errno);
-    }
-    temporary_.clear();
+    RemoveTemporaryOf(temporary_, outcome_);
 }
 
 } // namespace QL::Engine

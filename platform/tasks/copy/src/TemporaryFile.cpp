@@ -1,9 +1,11 @@
 #include "TemporaryFile.h"
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <cerrno>
 
+#include "ErrorText.h"
 #include "TargetNames.h"
 
 namespace QL::Engine {
@@ -26,6 +28,17 @@ int CreateTemporaryFor(const std::string& finalPath, std::string& temporary) {
         if (errno != EEXIST || n == kMostTemporaryVariants)
             return -errno;
     }
+}
+
+void RemoveTemporaryOf(std::string& temporary, CopyOutcome& outcome) {
+    if (temporary.empty())
+        return;
+    if (::unlink(temporary.c_str()) != 0 && errno != ENOENT) {
+        outcome.leftover = temporary;
+        outcome.reason += (outcome.reason.empty() ? "" : "; ") + std::string("the partial copy ") + temporary +
+                          " could not be removed: " + ErrorText(errno);
+    }
+    temporary.clear();
 }
 
 } // namespace QL::Engine

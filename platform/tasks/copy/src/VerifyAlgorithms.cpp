@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <stdexcept>
 
 #include "QL/CopySetting.h"
@@ -32,6 +33,17 @@ std::string ChecksumLabel(Checksum::Algorithm algorithm) {
     std::transform(label.begin(), label.end(), label.begin(),
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     return label;
+}
+
+std::string HistoryMismatchReason(const ExpectedDigest& expected) {
+    return "source does not match its ASC MHL history: " + ChecksumLabel(expected.algorithm) + " differs from " +
+           expected.listedIn;
+}
+
+std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t length) {
+    if (std::memcmp(a, b, length) == 0)
+        return length;
+    return static_cast<std::size_t>(std::mismatch(a, a + length, b).first - a);
 }
 
 } // namespace QL::Engine

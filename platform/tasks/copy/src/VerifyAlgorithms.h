@@ -1,8 +1,10 @@
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "Checksum/Checksum.h"
+#include "QL/Engine/FileCopier.h"
 
 namespace QL::Engine {
 
@@ -15,5 +17,11 @@ Checksum::Algorithm SourceDigestAlgorithm(std::uint32_t verifyMode);
 
 // "MD5", "XXH128", ...: how a failed check names the checksum that differs.
 std::string ChecksumLabel(Checksum::Algorithm algorithm);
+
+// Why a source whose digest differs from its history's fails.
+std::string HistoryMismatchReason(const ExpectedDigest& expected);
+
+// Offset of the first byte that differs between a and b, or length when none does.
+std::size_t FirstDifference(const std::byte* a, const std::byte* b, std::size_t length);
 
 } // namespace QL::Engine
