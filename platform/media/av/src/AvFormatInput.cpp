@@ -1,0 +1,33 @@
+#include "AvFormatInput.h"
+
+#include "Av/MediaError.h"
+
+extern "C" {
+#include <libavutil/error.h>
+}
+
+namespace Av {
+
+std::string AvErrorText(int code) {
+    char text[AV_ERROR_MAX_STRING_SIZE] = {};
+    av_strerror(code, text, sizeof text);
+    return text;
+}
+
+AvFormatInput::AvFormatInput(const std::string& path) : path_(path) {
+    if (const int opened = avformat_open_input(&context_, path.c_str(), nullptr, nullptr); opened < 0) {
+        context_ = nullptr;
+        throw MediaError(path + ": " +
+                         (opened == AVERROR_INVALIDDATA ? std::string("not a media file") : AvErrorText(opened)));
+    }
+    if (const int found = avformat_find_stream_info(context_, nullptr); found < 0) {
+        avformat_close_input(&context_);
+        throw MediaError(path + ": its streams cannot be read (" + AvErrorText(found) + ")");
+    }
+}
+
+AvFormatInput::~AvFormatInput() {
+    avformat_close_input(&context_);
+}
+
+} // namespace Av
