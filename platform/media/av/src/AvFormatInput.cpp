@@ -2,11 +2,19 @@
 
 #include "Av/MediaError.h"
 
+#include <mutex>
+
 extern "C" {
 #include <libavutil/error.h>
+#include <libavutil/log.h>
 }
 
 namespace Av {
+
+void QuietFFmpegLog() {
+    static std::once_flag once;
+    std::call_once(once, [] { av_log_set_level(AV_LOG_QUIET); });
+}
 
 std::string AvErrorText(int code) {
     char text[AV_ERROR_MAX_STRING_SIZE] = {};
@@ -15,6 +23,7 @@ std::string AvErrorText(int code) {
 }
 
 AvFormatInput::AvFormatInput(const std::string& path) : path_(path) {
+    QuietFFmpegLog();
     if (const int opened = avformat_open_input(&context_, path.c_str(), nullptr, nullptr); opened < 0) {
         context_ = nullptr;
         throw MediaError(path + ": " +

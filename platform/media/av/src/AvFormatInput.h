@@ -25,6 +25,10 @@ private:
     AVFormatContext* context_ = nullptr;
 };
 
+// FFmpeg writes its own log to stderr; a host prints what our errors say instead. Called by every
+// entry into FFmpeg; the first call silences it for the process.
+void QuietFFmpegLog();
+
 // FFmpeg's text for an error code.
 std::string AvErrorText(int code);
 
