@@ -8,6 +8,7 @@
 #include <iostream>
 #include <memory>
 
+#include "Av/EncoderList.h"
 #include "Fnd/InteractionDriver.h"
 #include "IgdQt/DialogStyle.h"
 #include "IgdQt/QtFileDialogFactory.h"
@@ -39,6 +40,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("igd-dialog"));
     igd::qt::ApplyDialogStyle(application);
+    // The format and preset menus of transcoding destinations list what this FFmpeg can write.
+    Av::InstallEncoderList();
     const std::shared_ptr<igd::qt::QtRunLoop> runLoop = igd::qt::QtRunLoop::Install();
     Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>(
         igd::qt::PictureSource(IGD::IngestResourceManager())));

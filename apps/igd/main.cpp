@@ -9,8 +9,10 @@
 #include <CLI/CLI.hpp>
 
 #include "AppFrame/DocumentManager.h"
+#include "Av/EncoderList.h"
 #include "CardsCommand.h"
 #include "CommandTable.h"
+#include "EncodersCommand.h"
 #include "ExitCodes.h"
 #include "HostApp/ApplicationType.h"
 #include "IngestCommand.h"
@@ -55,6 +57,11 @@ bool ApplyHostOptions(const HostOptions& host) {
 // opened must not stop an ingest: the library then runs on its defaults, and the user is told.
 void InstallServices() {
     QL::InstallFilePresetService();
+    // Every command may meet a transcode: an ingest submits it, resume redoes it.
+    Av::SetEncoderPresetWarningHandler([](const Av::EncoderPresetWarning& warning) {
+        std::cerr << "igd: encoder preset file \"" << warning.path << "\" " << warning.reason << "\n";
+    });
+    Av::InstallEncoderList();
     try {
         Proj::InstallPreferenceStore();
     } catch (const Proj::PreferenceStoreError& error) {
@@ -86,6 +93,7 @@ int main(int argc, char** argv) {
     igd::RegisterPresetsCommand(app, commands);
     igd::RegisterProjectCommands(app, commands);
     igd::RegisterCardsCommand(app, commands);
+    igd::RegisterEncodersCommand(app, commands);
     igd::RegisterVerifyCommand(app, commands);
 
     try {
