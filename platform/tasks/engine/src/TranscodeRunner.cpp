@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cstring>
+#include <filesystem>
 #include <map>
 #include <optional>
 
@@ -87,6 +88,12 @@ void TranscodeRunner::Run(const TranscodeJob& job) {
             continue;
         }
         const std::string target = Fnd::ToUTF8(file.target);
+        std::error_code madeError;
+        std::filesystem::create_directories(Fnd::PathUtils::FolderOf(target), madeError);
+        if (madeError) {
+            Settle(output, FileState::Failed, "cannot make the folder of " + target + ": " + madeError.message());
+            continue;
+        }
         if (const int error = FileCopier::CreateTemporaryFile(target, file.temporary); error != 0) {
             Settle(output, FileState::Failed, "cannot write beside " + target + ": " + std::strerror(error));
             continue;

@@ -27,6 +27,7 @@ protected:
     Fnd::WString Clip(const std::string& name, double seconds = 1.0) {
         TestClipSpec spec;
         spec.seconds = seconds;
+        spec.audioCodec = "aac";
         MakeTestClip(Native(source, name), spec);
         return Fnd::FromUTF8(Native(source, name));
     }
