@@ -7,6 +7,23 @@
 
 namespace igd::test {
 
+int RunProgram(const std::vector<std::string>& arguments) {
+    std::vector<std::string> copies = arguments;
+    std::vector<char*> argv;
+    for (std::string& argument : copies)
+        argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::execvp(argv[0], argv.data());
+        ::_exit(127);
+    }
+    int status = 0;
+    if (child < 0 || ::waitpid(child, &status, 0) < 0)
+        return 127;
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}
+
 void MakeTestClip(const std::string& path, const TestClipSpec& spec) {
     const std::string duration = std::to_string(spec.seconds);
     std::vector<std::string> arguments{"ffmpeg", "-nostdin", "-loglevel", "error", "-y", "-f", "lavfi", "-i",
@@ -24,17 +41,7 @@ void MakeTestClip(const std::string& path, const TestClipSpec& spec) {
     arguments.insert(arguments.end(), spec.extraArguments.begin(), spec.extraArguments.end());
     arguments.push_back(path);
 
-    std::vector<char*> argv;
-    for (std::string& argument : arguments)
-        argv.push_back(argument.data());
-    argv.push_back(nullptr);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::execvp("ffmpeg", argv.data());
-        ::_exit(127);
-    }
-    int status = 0;
-    if (child < 0 || ::waitpid(child, &status, 0) < 0 || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
+    if (RunProgram(arguments) != 0)
         throw std::runtime_error("ffmpeg could not make the test clip " + path);
 }
 

@@ -18,6 +18,10 @@ struct TestClipSpec {
     std::vector<std::string> extraArguments{}; // before the output path, e.g. {"-f", "mxf_opatom"}
 };
 
+// Runs a program found on PATH with the arguments (the program's name first) and answers its exit
+// code: 127 when it could not be started, 128 plus the signal when one ended it.
+int RunProgram(const std::vector<std::string>& arguments);
+
 // Writes the clip to path (its extension chooses the container unless the extra arguments do);
 // fails the calling test through an exception when ffmpeg does not make it.
 void MakeTestClip(const std::string& path, const TestClipSpec& spec = {});
