@@ -8,6 +8,7 @@
 #include <iostream>
 #include <memory>
 
+#include "Av/CachingFrameService.h"
 #include "Fnd/InteractionDriver.h"
 #include "IgdQt/DialogStyle.h"
 #include "IgdQt/QtFileDialogFactory.h"
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
     Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>(
         igd::qt::PictureSource(IGD::IngestResourceManager())));
     SetFileDialogFactory(std::make_shared<igd::qt::QtFileDialogFactory>());
+    Av::InstallFrameService();
 
     int status = 0;
     if (!screenshotDirectory.empty()) {

@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include "AppFrame/DocumentManager.h"
+#include "Av/CachingFrameService.h"
 #include "CardsCommand.h"
 #include "CommandTable.h"
 #include "ExitCodes.h"
@@ -19,6 +20,7 @@
 #include "PlanCommand.h"
 #include "PrefsCommand.h"
 #include "PresetsCommand.h"
+#include "ProbeCommand.h"
 #include "Proj/PreferenceStore.h"
 #include "ProjectCommand.h"
 #include "VerifyCommand.h"
@@ -55,6 +57,7 @@ bool ApplyHostOptions(const HostOptions& host) {
 // opened must not stop an ingest: the library then runs on its defaults, and the user is told.
 void InstallServices() {
     QL::InstallFilePresetService();
+    Av::InstallFrameService();
     try {
         Proj::InstallPreferenceStore();
     } catch (const Proj::PreferenceStoreError& error) {
@@ -87,6 +90,7 @@ int main(int argc, char** argv) {
     igd::RegisterProjectCommands(app, commands);
     igd::RegisterCardsCommand(app, commands);
     igd::RegisterVerifyCommand(app, commands);
+    igd::RegisterProbeCommand(app, commands);
 
     try {
         app.parse(argc, argv);
