@@ -13,7 +13,7 @@ namespace Av {
 Mid::FrameImage DecodePosterFrame(const std::string& path, int width, double atSeconds) {
     if (width < 1)
         throw std::invalid_argument("a poster frame needs a width of at least one pixel");
-    AvFormatInput input(path);
+    AvFormatInput input(path, false);
     VideoDecoder decoder(input);
     if (atSeconds > 0)
         decoder.SeekBefore(atSeconds);

@@ -6,7 +6,23 @@
 
 namespace Av {
 
+namespace {
+
+// What a decoder needs to start. Containers such as QuickTime and MXF say it in their header;
+// MPEG transport streams (AVCHD) need their first packets read.
+bool HeaderSaysEnough(const AVFormatContext& format) {
+    const int index = av_find_best_stream(const_cast<AVFormatContext*>(&format), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    if (index < 0)
+        return false;
+    const AVCodecParameters& codec = *format.streams[index]->codecpar;
+    return codec.codec_id != AV_CODEC_ID_NONE && codec.width > 0 && codec.height > 0;
+}
+
+} // namespace
+
 VideoDecoder::VideoDecoder(AvFormatInput& input) : input_(input) {
+    if (!HeaderSaysEnough(input.Context()))
+        input.FindStreamInfo();
     const AVCodec* decoder = nullptr;
     const int index = av_find_best_stream(&input.Context(), AVMEDIA_TYPE_VIDEO, -1, -1, &decoder, 0);
     if (index == AVERROR_STREAM_NOT_FOUND)

@@ -4,7 +4,8 @@
 
 namespace Av {
 
-// The picture of an opened file, decoded frame by frame. Throws MediaError naming the file when it
+// The picture of an opened file, decoded frame by frame; the file's first packets are read for what
+// its header does not say. Throws MediaError naming the file when it
 // has no video or no decoder for it.
 class VideoDecoder {
 public:

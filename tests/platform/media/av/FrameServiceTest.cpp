@@ -76,6 +76,11 @@ TEST_F(FrameServiceTest, PosterFrameIsADecodablePngOfTheAskedWidthKeepingTheAspe
     anamorphic.extraArguments = {"-aspect", "16:9"};
     MakeTestClip(tree.NativePath("B001.mov"), anamorphic);
     EXPECT_EQ(Av::DecodePosterFrame(tree.NativePath("B001.mov"), 160).height, 90);
+    // A transport stream, as AVCHD records, states no picture size before its first packets.
+    TestClipSpec stream;
+    stream.extraArguments = {"-f", "mpegts"};
+    MakeTestClip(tree.NativePath("00000.MTS"), stream);
+    EXPECT_EQ(Av::DecodePosterFrame(tree.NativePath("00000.MTS"), 160).height, 90);
     EXPECT_THROW(Av::DecodePosterFrame(clip, 0), std::invalid_argument);
 }
 
