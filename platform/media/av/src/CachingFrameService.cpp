@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstring>
@@ -31,34 +32,33 @@ std::string SourceKey(const std::string& path) {
            std::to_string(info.st_mtim.tv_nsec);
 }
 
-std::string FramePayload(const Mid::FrameImage& image) {
-    return std::to_string(image.width) + " " + std::to_string(image.height) + "\n" +
-           std::string(image.png.begin(), image.png.end());
-}
-
-std::optional<Mid::FrameImage> FrameOf(const std::string& payload) {
-    Mid::FrameImage image;
-    const std::size_t lineEnd = payload.find('\n');
-    if (lineEnd == std::string::npos || std::sscanf(payload.c_str(), "%d %d", &image.width, &image.height) != 2 ||
-        image.width < 1 || image.height < 1)
+// The picture's size is read from the PNG's own header: the cache keeps the PNG alone.
+std::optional<Mid::FrameImage> FrameOf(std::vector<std::uint8_t>&& png) {
+    static constexpr std::uint8_t kSignature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+    if (png.size() < 24 || !std::equal(std::begin(kSignature), std::end(kSignature), png.begin()) ||
+        !std::equal(png.begin() + 12, png.begin() + 16, "IHDR"))
         return std::nullopt;
-    image.png.assign(payload.begin() + std::ptrdiff_t(lineEnd) + 1, payload.end());
-    return image;
+    const auto bigEndian = [&png](std::size_t at) {
+        return int(png[at]) << 24 | int(png[at + 1]) << 16 | int(png[at + 2]) << 8 | int(png[at + 3]);
+    };
+    const int width = bigEndian(16);
+    const int height = bigEndian(20);
+    if (width < 1 || height < 1)
+        return std::nullopt;
+    return Mid::FrameImage{std::move(png), width, height};
 }
 
 Mid::ClipFacts FactsOf(const ClipInfo& info) {
-    Mid::ClipFacts facts;
-    facts.durationSeconds = info.durationSeconds;
-    facts.frameCount = info.frameCount;
-    facts.frameRateNum = info.frameRateNum;
-    facts.frameRateDen = info.frameRateDen;
-    facts.width = info.width;
-    facts.height = info.height;
-    facts.videoCodec = info.videoCodec;
-    facts.audioCodec = info.audioCodec;
-    facts.audioChannels = info.audioChannels;
-    facts.startTimecode = info.startTimecode;
-    return facts;
+    return Mid::ClipFacts{.durationSeconds = info.durationSeconds,
+                          .frameCount = info.frameCount,
+                          .frameRateNum = info.frameRateNum,
+                          .frameRateDen = info.frameRateDen,
+                          .width = info.width,
+                          .height = info.height,
+                          .videoCodec = info.videoCodec,
+                          .audioCodec = info.audioCodec,
+                          .audioChannels = info.audioChannels,
+                          .startTimecode = info.startTimecode};
 }
 
 } // namespace
@@ -75,13 +75,13 @@ Mid::FrameImage CachingFrameService::PosterFrame(const std::string& path, int wi
     const long long millisecond = std::llround(std::max(atSeconds, 0.0) * 1000);
     const std::string key =
         "frame\n" + SourceKey(path) + '\n' + std::to_string(width) + '\n' + std::to_string(millisecond);
-    if (const std::optional<std::string> payload = cache_->Find(key))
-        if (std::optional<Mid::FrameImage> image = FrameOf(*payload))
-            return *image;
+    if (std::optional<std::vector<std::uint8_t>> png = cache_->Find(key))
+        if (std::optional<Mid::FrameImage> image = FrameOf(std::move(*png)))
+            return std::move(*image);
     ++mediaReads_;
     try {
         Mid::FrameImage image = DecodePosterFrame(path, width, double(millisecond) / 1000);
-        cache_->Store(key, FramePayload(image));
+        cache_->Store(key, std::string_view(reinterpret_cast<const char*>(image.png.data()), image.png.size()));
         return image;
     } catch (const MediaError& error) {
         throw Mid::FrameUnavailable(error.what());
@@ -90,9 +90,9 @@ Mid::FrameImage CachingFrameService::PosterFrame(const std::string& path, int wi
 
 Mid::ClipFacts CachingFrameService::Facts(const std::string& path) {
     const std::string key = "facts\n" + SourceKey(path);
-    if (const std::optional<std::string> payload = cache_->Find(key))
-        if (std::optional<Mid::ClipFacts> facts = ClipFactsFromText(*payload))
-            return *facts;
+    if (const std::optional<std::vector<std::uint8_t>> text = cache_->Find(key))
+        if (std::optional<Mid::ClipFacts> facts = ClipFactsFromText(std::string(text->begin(), text->end())))
+            return std::move(*facts);
     ++mediaReads_;
     try {
         Mid::ClipFacts facts = FactsOf(ProbeClip(path));
@@ -104,7 +104,7 @@ Mid::ClipFacts CachingFrameService::Facts(const std::string& path) {
 }
 
 std::uint64_t CachingFrameService::CacheBytes() const {
-    return cache_->Bytes();
+    return cache_->TotalBytes();
 }
 
 void InstallFrameService() {

@@ -6,8 +6,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <charconv>
 #include <system_error>
 #include <cstdio>
+#include <cstring>
 #include <vector>
 
 #include "Fnd/IgdHome.h"
@@ -26,42 +28,67 @@ std::string Header(std::size_t keyBytes, std::size_t payloadBytes) {
     return std::string(kMagic) + " " + std::to_string(keyBytes) + " " + std::to_string(payloadBytes) + "\n";
 }
 
-// The whole file, or nothing when it cannot be read.
-std::optional<std::string> ReadWhole(const std::string& path) {
+// "<magic> <key bytes> <payload bytes>\n": where the key starts, and the two sizes.
+struct Layout {
+    std::size_t headerBytes = 0;
+    std::size_t keyBytes = 0;
+    std::size_t payloadBytes = 0;
+    std::size_t Total() const { return headerBytes + keyBytes + payloadBytes; }
+};
+
+std::optional<Layout> LayoutOf(std::string_view head) {
+    if (!head.starts_with(kMagic) || head.size() <= kMagic.size() || head[kMagic.size()] != ' ')
+        return std::nullopt;
+    Layout layout;
+    const char* at = head.data() + kMagic.size() + 1;
+    const char* end = head.data() + head.size();
+    auto parsed = std::from_chars(at, end, layout.keyBytes);
+    if (parsed.ec != std::errc() || parsed.ptr == end || *parsed.ptr != ' ')
+        return std::nullopt;
+    parsed = std::from_chars(parsed.ptr + 1, end, layout.payloadBytes);
+    if (parsed.ec != std::errc() || parsed.ptr == end || *parsed.ptr != '\n')
+        return std::nullopt;
+    layout.headerBytes = std::size_t(parsed.ptr + 1 - head.data());
+    return layout;
+}
+
+// The payload when the file is one the cache wrote for this key, whole; nothing when it is missing.
+// Damaged or foreign files set damaged. One read for a file of the usual size.
+std::optional<FrameCache::Bytes> ReadPayload(const std::string& path, const std::string& key, bool& damaged) {
+    damaged = false;
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0)
         return std::nullopt;
-    struct stat info {};
-    std::optional<std::string> content;
-    if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode)) {
-        std::string bytes(std::size_t(info.st_size), '\0');
-        std::size_t done = 0;
-        while (done < bytes.size()) {
-            const ssize_t got = ::read(fd, bytes.data() + done, bytes.size() - done);
-            if (got <= 0)
+    thread_local std::vector<char> buffer(64 * 1024);
+    std::size_t got = 0;
+    std::optional<Layout> layout;
+    // Reads until the file ends or, once the header is known, the whole entry is in: a longer file
+    // is no entry of ours.
+    while (true) {
+        const std::size_t want = layout ? layout->Total() + 1 : buffer.size();
+        if (want > buffer.size())
+            buffer.resize(want);
+        const ssize_t read = ::read(fd, buffer.data() + got, want - got);
+        if (read <= 0)
+            break;
+        got += std::size_t(read);
+        if (!layout) {
+            layout = LayoutOf(std::string_view(buffer.data(), std::min<std::size_t>(got, 128)));
+            if (!layout && got >= 128)
                 break;
-            done += std::size_t(got);
         }
-        if (done == bytes.size())
-            content = std::move(bytes);
+        if (layout && got > layout->Total())
+            break;
     }
     ::close(fd);
-    return content;
-}
-
-// The payload when the file is one the cache wrote for this key, whole.
-std::optional<std::string> PayloadOf(const std::string& file, const std::string& key) {
-    std::size_t keyBytes = 0;
-    std::size_t payloadBytes = 0;
-    int headerEnd = 0;
-    const std::string format = std::string(kMagic) + " %zu %zu\n%n";
-    if (std::sscanf(file.c_str(), format.c_str(), &keyBytes, &payloadBytes, &headerEnd) != 2 || headerEnd <= 0)
+    if (!layout || got != layout->Total() || layout->keyBytes != key.size() ||
+        std::string_view(buffer.data() + layout->headerBytes, layout->keyBytes) != key) {
+        damaged = true;
         return std::nullopt;
-    const std::size_t start = std::size_t(headerEnd);
-    if (keyBytes != key.size() || file.size() != start + keyBytes + payloadBytes ||
-        file.compare(start, keyBytes, key) != 0)
-        return std::nullopt;
-    return file.substr(start + keyBytes);
+    }
+    FrameCache::Bytes payload(layout->payloadBytes);
+    std::memcpy(payload.data(), buffer.data() + layout->headerBytes + layout->keyBytes, payload.size());
+    return payload;
 }
 
 bool WriteAll(int fd, std::string_view bytes) {
@@ -89,28 +116,26 @@ std::string FrameCache::FileNameOf(const std::string& key) {
     return std::string(hex) + std::string(kSuffix);
 }
 
-std::optional<std::string> FrameCache::Find(const std::string& key) {
+std::optional<FrameCache::Bytes> FrameCache::Find(const std::string& key) {
     const std::string name = FileNameOf(key);
     const std::string path = directory_ + "/" + name;
-    const std::optional<std::string> file = ReadWhole(path);
-    std::optional<std::string> payload = file ? PayloadOf(*file, key) : std::nullopt;
+    bool damaged = false;
+    std::optional<Bytes> payload = ReadPayload(path, key, damaged);
     std::unique_lock lock(mutex_);
     LoadIndexLocked();
-    if (!file) {
-        ForgetLocked(name);
-        return std::nullopt;
-    }
     if (!payload) {
         ForgetLocked(name);
         lock.unlock();
-        ::unlink(path.c_str());
+        if (damaged)
+            ::unlink(path.c_str());
         return std::nullopt;
     }
     const auto found = byName_.find(name);
     const std::time_t now = std::time(nullptr);
     const std::time_t touched = found == byName_.end() ? 0 : found->second->touched;
     const bool stale = now - touched >= kTouchSeconds;
-    UseLocked(name, file->size(), stale ? now : touched);
+    UseLocked(name, Header(key.size(), payload->size()).size() + key.size() + payload->size(),
+              stale ? now : touched);
     lock.unlock();
     // Other processes, and this one's next run, order their eviction by the files' times.
     if (stale)
@@ -143,7 +168,7 @@ void FrameCache::Store(const std::string& key, std::string_view payload) {
     EvictLocked();
 }
 
-std::uint64_t FrameCache::Bytes() {
+std::uint64_t FrameCache::TotalBytes() {
     std::lock_guard lock(mutex_);
     LoadIndexLocked();
     return bytes_;
@@ -182,7 +207,14 @@ void FrameCache::LoadIndexLocked() {
 }
 
 void FrameCache::UseLocked(const std::string& name, std::uint64_t bytes, std::time_t touched) {
-    ForgetLocked(name);
+    if (const auto found = byName_.find(name); found != byName_.end()) {
+        // Moved to the end without a new node: a hit allocates nothing here.
+        recency_.splice(recency_.end(), recency_, found->second);
+        bytes_ = bytes_ - found->second->bytes + bytes;
+        found->second->bytes = bytes;
+        found->second->touched = touched;
+        return;
+    }
     bytes_ += bytes;
     byName_[name] = recency_.insert(recency_.end(), Entry{name, bytes, touched});
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace Av {
 
@@ -19,11 +20,13 @@ class FrameCache {
 public:
     FrameCache(std::string directory, std::uint64_t limitBytes);
 
-    std::optional<std::string> Find(const std::string& key);
+    using Bytes = std::vector<std::uint8_t>;
+
+    std::optional<Bytes> Find(const std::string& key);
     void Store(const std::string& key, std::string_view payload);
 
     // What the files of the cache hold, as this process knows them.
-    std::uint64_t Bytes();
+    std::uint64_t TotalBytes();
 
 private:
     struct Entry {
