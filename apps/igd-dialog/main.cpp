@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "Av/CachingFrameService.h"
+#include "Av/EncoderList.h"
 #include "Fnd/InteractionDriver.h"
 #include "IgdQt/DialogStyle.h"
 #include "IgdQt/QtFileDialogFactory.h"
@@ -40,11 +41,13 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("igd-dialog"));
     igd::qt::ApplyDialogStyle(application);
+    // The format and preset menus of transcoding destinations list what this FFmpeg can write.
+    Av::InstallEncoderList();
+    Av::InstallFrameService();
     const std::shared_ptr<igd::qt::QtRunLoop> runLoop = igd::qt::QtRunLoop::Install();
     Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>(
         igd::qt::PictureSource(IGD::IngestResourceManager())));
     SetFileDialogFactory(std::make_shared<igd::qt::QtFileDialogFactory>());
-    Av::InstallFrameService();
 
     int status = 0;
     if (!screenshotDirectory.empty()) {

@@ -27,6 +27,7 @@
 #include "ServiceRunner.h"
 #include "TemplateValues.h"
 #include "TerminalInteractionDriver.h"
+#include "TranscodeChoice.h"
 
 namespace igd {
 namespace {
@@ -45,6 +46,7 @@ struct IngestOptions {
     std::string project;
     std::string bin;
     std::string onConflict = "ask";
+    std::string stitch;
     bool json = false;
 };
 
@@ -106,8 +108,26 @@ int RunIngest(const IngestOptions& options) {
     for (const std::string& source : options.sources)
         sources.push_back(AbsolutePath(source));
     IGD::IngestChoices choices;
-    for (const std::string& destination : options.destinations)
-        choices.destinations.push_back(AbsolutePath(destination));
+    for (const std::string& argument : options.destinations) {
+        const DestinationArgument destination = SplitDestinationArgument(argument);
+        choices.destinations.push_back(AbsolutePath(destination.folder));
+        std::optional<IGD::DestinationTranscode> transcode;
+        if (!destination.preset.empty()) {
+            transcode.emplace();
+            if (const std::string error = FindTranscodePreset(destination.preset, *transcode); !error.empty()) {
+                std::cerr << "igd: " << error << "\n";
+                return kExitBadInput;
+            }
+        }
+        choices.transcodes.push_back(std::move(transcode));
+    }
+    if (!options.stitch.empty()) {
+        if (choices.transcodes.empty() || !choices.transcodes.front()) {
+            std::cerr << "igd: --stitch needs the first destination to transcode (--to FOLDER:PRESET)\n";
+            return kExitBadInput;
+        }
+        choices.stitchName = Fnd::FromUTF8(options.stitch);
+    }
     choices.subFolder = Fnd::FromUTF8(options.subFolder);
     choices.verifyMode = options.verify.empty() ? IGD::StoredChecksumVerifyMode() : VerifyModeOf(options.verify);
     ServiceRunOptions run;
@@ -174,8 +194,9 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
         ->required();
     command
         ->add_option("--to", options->destinations,
-                     "copy to this folder; repeat for backups (the first is the primary); "
-                     "without it the media is imported where it lies")
+                     "copy to this folder; repeat for backups (the first is the primary); FOLDER:PRESET "
+                     "transcodes there with that encoder preset instead (see `igd encoders`; EXPORTER:PRESET "
+                     "where two exporters share the name); without --to the media is imported where it lies")
         ->allow_extra_args(false);
     command
         ->add_option("--subfolder", options->subFolder,
@@ -216,6 +237,9 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
             "--on-conflict", options->onConflict,
             "what to do with a target that exists: ask (default), skip, keep-both, replace or cancel")
         ->check(CLI::IsMember(ConflictWords()));
+    command->add_option("--stitch", options->stitch,
+                        "stitch every clip, in order, into one file of this name at the first destination, "
+                        "which must transcode");
     command->add_flag("--json", options->json, "report as JSON lines");
     table.Add(command, [options] { return RunIngest(*options); });
 

@@ -109,20 +109,35 @@ void ProgressPrinter::OnProgress(const BatchProgressMessage& progress) {
              << ",\"bytesDone\":" << progress.bytesDone << ",\"bytesTotal\":" << progress.bytesTotal
              << ",\"currentFile\":" << JsonString(U(progress.currentFile))
              << ",\"bytesPerSecond\":" << Number(progress.bytesPerSecond)
-             << ",\"paused\":" << (progress.paused ? "true" : "false") << "}\n"
+             << ",\"paused\":" << (progress.paused ? "true" : "false");
+        if (progress.framesTotal > 0)
+            out_ << ",\"framesDone\":" << progress.framesDone << ",\"framesTotal\":" << progress.framesTotal
+                 << ",\"mediaSecondsDone\":" << Number(progress.mediaSecondsDone)
+                 << ",\"mediaSecondsTotal\":" << Number(progress.mediaSecondsTotal);
+        out_ << "}\n"
              << std::flush;
         return;
     }
     if (style_ != OutputStyle::Bar)
         return;
+    if (progress.framesTotal > 0) {
+        // A transcode counts frames of media, not bytes of files.
+        const double fraction = std::min(1.0, static_cast<double>(progress.framesDone) /
+                                                  static_cast<double>(progress.framesTotal));
+        std::ostringstream bar;
+        bar << BarOf(fraction) << "transcoding frame " << progress.framesDone << " of "
+            << progress.framesTotal << "  " << HumanDuration(progress.mediaSecondsDone) << " of "
+            << HumanDuration(progress.mediaSecondsTotal);
+        if (progress.paused)
+            bar << "  paused";
+        ShowBar(bar.str(), progress.currentFile);
+        return;
+    }
     const double fraction = progress.bytesTotal == 0 ? (progress.filesTotal == 0 ? 1.0 : 0.0)
                                                      : static_cast<double>(progress.bytesDone) /
                                                            static_cast<double>(progress.bytesTotal);
-    const int filled = static_cast<int>(fraction * kBarWidth);
     std::ostringstream bar;
-    bar << "[" << std::string(static_cast<std::size_t>(filled), '#')
-        << std::string(static_cast<std::size_t>(kBarWidth - filled), '.') << "] "
-        << static_cast<int>(fraction * 100) << "%  " << progress.filesDone << "/" << progress.filesTotal
+    bar << BarOf(fraction) << progress.filesDone << "/" << progress.filesTotal
         << " files  " << HumanBytes(progress.bytesDone) << " of " << HumanBytes(progress.bytesTotal);
     if (progress.paused) {
         bar << "  paused";
@@ -132,9 +147,20 @@ void ProgressPrinter::OnProgress(const BatchProgressMessage& progress) {
         bar << "  " << HumanBytes(static_cast<std::uint64_t>(progress.bytesPerSecond)) << "/s  "
             << HumanDuration(left) << " left";
     }
-    if (!progress.currentFile.empty())
-        bar << "  " << FileName(progress.currentFile);
-    lastBar_ = bar.str();
+    ShowBar(bar.str(), progress.currentFile);
+}
+
+std::string ProgressPrinter::BarOf(double fraction) {
+    const int filled = static_cast<int>(fraction * kBarWidth);
+    return "[" + std::string(static_cast<std::size_t>(filled), '#') +
+           std::string(static_cast<std::size_t>(kBarWidth - filled), '.') + "] " +
+           std::to_string(static_cast<int>(fraction * 100)) + "%  ";
+}
+
+void ProgressPrinter::ShowBar(std::string bar, const Fnd::WString& currentFile) {
+    if (!currentFile.empty())
+        bar += "  " + FileName(currentFile);
+    lastBar_ = std::move(bar);
     out_ << "\r\033[K" << lastBar_ << std::flush;
     barShown_ = true;
 }

@@ -36,6 +36,10 @@ public:
 
 private:
     void OnProgress(const QL::Engine::BatchProgressMessage& progress);
+    // "[####....] NN%  " for the share done.
+    static std::string BarOf(double fraction);
+    // Shows the bar in place of the last, with the file being read or transcoded.
+    void ShowBar(std::string bar, const Fnd::WString& currentFile);
     void OnFile(const QL::Engine::FileOutcomeMessage& file);
     void OnTask(const QL::Engine::TaskOutcomeMessage& task);
     void OnBatch(const QL::Engine::BatchOutcomeMessage& batch);

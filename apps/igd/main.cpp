@@ -10,8 +10,10 @@
 
 #include "AppFrame/DocumentManager.h"
 #include "Av/CachingFrameService.h"
+#include "Av/EncoderList.h"
 #include "CardsCommand.h"
 #include "CommandTable.h"
+#include "EncodersCommand.h"
 #include "ExitCodes.h"
 #include "HostApp/ApplicationType.h"
 #include "IngestCommand.h"
@@ -58,6 +60,11 @@ bool ApplyHostOptions(const HostOptions& host) {
 void InstallServices() {
     QL::InstallFilePresetService();
     Av::InstallFrameService();
+    // Every command may meet a transcode: an ingest submits it, resume redoes it.
+    Av::SetEncoderPresetWarningHandler([](const Av::EncoderPresetWarning& warning) {
+        std::cerr << "igd: encoder preset file \"" << warning.path << "\" " << warning.reason << "\n";
+    });
+    Av::InstallEncoderList();
     try {
         Proj::InstallPreferenceStore();
     } catch (const Proj::PreferenceStoreError& error) {
@@ -89,6 +96,7 @@ int main(int argc, char** argv) {
     igd::RegisterPresetsCommand(app, commands);
     igd::RegisterProjectCommands(app, commands);
     igd::RegisterCardsCommand(app, commands);
+    igd::RegisterEncodersCommand(app, commands);
     igd::RegisterVerifyCommand(app, commands);
     igd::RegisterProbeCommand(app, commands);
 

@@ -16,6 +16,12 @@
 
 namespace IGD {
 
+// The encoder preset a destination transcodes with, by the names the encoder list gives.
+struct DestinationTranscode {
+    Fnd::WString exporterName;
+    Fnd::WString presetName;
+};
+
 // What the settings pane would hold for one ingest.
 struct IngestChoices {
     std::vector<Fnd::WString> destinations; // the first is the primary; none: import where it lies
@@ -27,6 +33,11 @@ struct IngestChoices {
     std::uint32_t metadataScope = 0; // the same
     // The first number of a custom counter field; without it, where the last ingest left it.
     std::optional<std::uint32_t> startNumber;
+    // By destination: the preset it transcodes with, or nothing to copy. Destinations past the end
+    // copy.
+    std::vector<std::optional<DestinationTranscode>> transcodes;
+    // Not empty: the primary stitches every clip into one file of this name (it must transcode).
+    Fnd::WString stitchName;
 };
 
 // The sources in the order given, absolute, each once. A ".xmp" file that is the sidecar of

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "Fnd/NullInterfaceException.h"
+#include "Mid/PresetManager.h"
 #include "Fnd/StationUtils.h"
 #include "QL/ChecksumVerifyMode.h"
 #include "QL/IngestMessages.h"
@@ -41,6 +42,37 @@ void StoreStartNumber() {
     }
 }
 
+// The setting a transcoding destination holds, with the exporter and preset the encoder list
+// knows by those names; either left null when the list has none, so that the task names what is
+// missing.
+std::shared_ptr<QL::IngestTask::TranscodeSetting> TranscodeSettingFor(const IngestChoices& choices, std::size_t index) {
+    auto setting = std::make_shared<QL::IngestTask::TranscodeSetting>();
+    if (index >= choices.transcodes.size() || !choices.transcodes[index])
+        return setting;
+    const DestinationTranscode& transcode = *choices.transcodes[index];
+    setting->enabled = true;
+    setting->exporterName = transcode.exporterName;
+    setting->presetName = transcode.presetName;
+    Mid::PresetManager& encoders = Mid::PresetManager::GetInstance();
+    for (const Mid::ExporterRef& exporter : encoders.GetEncoderList()) {
+        if (!exporter || exporter->GetDisplayName() != transcode.exporterName)
+            continue;
+        setting->exporter = exporter;
+        std::vector<Mid::EncoderPresetRef> user;
+        std::vector<Mid::EncoderPresetRef> system;
+        encoders.LoadPresets(exporter, user, system, 0);
+        for (const auto* presets : {&system, &user})
+            for (const Mid::EncoderPresetRef& preset : *presets)
+                if (!setting->preset && preset && preset->GetName() == transcode.presetName)
+                    setting->preset = preset;
+    }
+    if (index == 0 && !choices.stitchName.empty()) {
+        setting->concatenate = true;
+        setting->concatenateName = choices.stitchName;
+    }
+    return setting;
+}
+
 void ApplyToSession(IIngestDialogData& session, const IngestChoices& choices) {
     session.SetImportOnly(choices.destinations.empty());
     for (std::size_t i = 0; i < choices.destinations.size(); ++i) {
@@ -49,8 +81,7 @@ void ApplyToSession(IIngestDialogData& session, const IngestChoices& choices) {
         destination->SetSubFolder(choices.subFolder);
         destination->SetPrimary(i == 0);
         destination->SetEnabled(true);
-        // Nothing is transcoded from here: every destination is a copy.
-        destination->SetTranscodeSetting(std::make_shared<QL::IngestTask::TranscodeSetting>());
+        destination->SetTranscodeSetting(TranscodeSettingFor(choices, i));
         session.AddDestination(destination);
     }
     if (!choices.destinations.empty())

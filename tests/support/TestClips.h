@@ -15,7 +15,7 @@ struct TestClipSpec {
     std::string videoCodec = "mpeg4"; // any encoder of the ffmpeg program: "prores_ks", "libx264", ...
     std::string audioCodec = "pcm_s16le";
     std::string timecode = "01:00:00:00"; // empty: none recorded
-    std::vector<std::string> extraArguments; // before the output path, e.g. {"-f", "mxf_opatom"}
+    std::vector<std::string> extraArguments{}; // before the output path, e.g. {"-f", "mxf_opatom"}
 };
 
 // Writes the clip to path (its extension chooses the container unless the extra arguments do);

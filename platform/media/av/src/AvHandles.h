@@ -1,35 +1,40 @@
 #pragma once
-// Owners of FFmpeg's objects, freed with the library's own functions.
 #include <memory>
+#include <new>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavutil/frame.h>
-#include <libswscale/swscale.h>
 }
 
 namespace Av {
 
-struct AvFrameFree {
+// Owning pointers to FFmpeg's frames, packets and codec contexts, freed with FFmpeg's own functions.
+struct FrameFree {
     void operator()(AVFrame* frame) const { av_frame_free(&frame); }
 };
-struct AvPacketFree {
+struct PacketFree {
     void operator()(AVPacket* packet) const { av_packet_free(&packet); }
 };
-struct AvCodecContextFree {
+struct CodecContextFree {
     void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
 };
-struct SwsContextFree {
-    void operator()(SwsContext* context) const { sws_freeContext(context); }
-};
+using FramePtr = std::unique_ptr<AVFrame, FrameFree>;
+using PacketPtr = std::unique_ptr<AVPacket, PacketFree>;
+using CodecContextPtr = std::unique_ptr<AVCodecContext, CodecContextFree>;
 
-using AvFramePtr = std::unique_ptr<AVFrame, AvFrameFree>;
-using AvPacketPtr = std::unique_ptr<AVPacket, AvPacketFree>;
-using AvCodecContextPtr = std::unique_ptr<AVCodecContext, AvCodecContextFree>;
-using SwsContextPtr = std::unique_ptr<SwsContext, SwsContextFree>;
+inline FramePtr NewFrame() {
+    FramePtr frame(av_frame_alloc());
+    if (!frame)
+        throw std::bad_alloc();
+    return frame;
+}
 
-// Allocations that throw std::bad_alloc rather than answer null.
-AvFramePtr NewFrame();
-AvPacketPtr NewPacket();
+inline PacketPtr NewPacket() {
+    PacketPtr packet(av_packet_alloc());
+    if (!packet)
+        throw std::bad_alloc();
+    return packet;
+}
 
 } // namespace Av

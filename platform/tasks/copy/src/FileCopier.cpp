@@ -14,6 +14,7 @@
 #include "ChunkPool.h"
 #include "CopyJob.h"
 #include "ErrorText.h"
+#include "FinalRename.h"
 #include "FolderTarget.h"
 #include "LaneHasher.h"
 #include "QL/CopySetting.h"
@@ -22,6 +23,7 @@
 #include "TargetActions.h"
 #include "TargetCopy.h"
 #include "TargetNames.h"
+#include "TemporaryFile.h"
 #include "VerifyAlgorithms.h"
 
 namespace QL::Engine {
@@ -199,6 +201,18 @@ std::string FileCopier::TemporaryPathFor(const std::string& finalPath) {
 
 bool FileCopier::IsTemporaryName(const std::string& fileName) {
     return IsTemporaryFileName(fileName);
+}
+
+int FileCopier::CreateTemporaryFile(const std::string& finalPath, std::string& temporary) {
+    const int fd = CreateTemporaryFor(finalPath, temporary);
+    if (fd < 0)
+        return -fd;
+    ::close(fd);
+    return 0;
+}
+
+int FileCopier::GiveFreeName(const std::string& temporary, const std::string& finalPath, std::string& taken) {
+    return RenameToFreeName(temporary, finalPath, taken);
 }
 
 bool FileCopier::IsTemporaryNameFor(const std::string& fileName, const std::string& finalName) {

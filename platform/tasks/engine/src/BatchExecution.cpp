@@ -12,6 +12,7 @@
 #include "ResumePreparation.h"
 #include "RunJournal.h"
 #include "TaskFinisher.h"
+#include "TranscodeRunner.h"
 
 namespace QL::Engine {
 namespace {
@@ -91,6 +92,8 @@ void ExecuteBatch(BatchRun& run, Journal& journal, CopyBackend& backend,
 
     CopyHistories histories(run);
     BatchCopier(run, runJournal, backend, counters, std::move(folders)).CopyAll(modes);
+    // The card's copies are safe before the long work of transcoding starts.
+    TranscodeRunner(run, runJournal, counters).RunAll();
     const bool cancelled = run.control->IsCancelled();
 
     std::unordered_map<std::int64_t, std::vector<const FileRecord*>> filesOfTask;

@@ -9,7 +9,7 @@ namespace QL::Engine {
 
 BatchProgress::BatchProgress(const fluxcore::utility::Guid& batch, const CopyControl& control,
                              std::chrono::milliseconds interval)
-    : batch_(batch), control_(control), meter_(interval, std::chrono::seconds(5)) {}
+    : batch_(batch), control_(control), meter_(interval, std::chrono::seconds(5)), interval_(interval) {}
 
 void BatchProgress::SetTotals(std::uint64_t files, std::uint64_t bytes) {
     std::lock_guard lock(mutex_);
@@ -47,6 +47,23 @@ void BatchProgress::FileFinished(std::uint64_t file) {
         PostLocked();
 }
 
+void BatchProgress::Media(const Fnd::WString& clip, std::uint64_t framesDone, std::uint64_t framesTotal,
+                          double secondsDone, double secondsTotal) {
+    std::lock_guard lock(mutex_);
+    media_ = MediaProgress{clip, framesDone, framesTotal, secondsDone, secondsTotal};
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastMediaPost_ >= interval_) {
+        lastMediaPost_ = now;
+        PostLocked();
+    }
+}
+
+void BatchProgress::MediaEnded() {
+    std::lock_guard lock(mutex_);
+    media_ = MediaProgress{};
+    PostLocked();
+}
+
 void BatchProgress::PostNow() {
     std::lock_guard lock(mutex_);
     PostLocked();
@@ -78,9 +95,13 @@ void BatchProgress::PostLocked() {
     message.filesTotal = filesTotal_;
     message.bytesDone = BytesDoneLocked();
     message.bytesTotal = bytesTotal_;
-    message.currentFile = reading_.empty() ? Fnd::WString() : reading_.front().source;
+    message.currentFile = !reading_.empty() ? reading_.front().source : media_.clip;
     message.bytesPerSecond = meter_.BytesPerSecond();
     message.paused = control_.IsPaused();
+    message.framesDone = media_.framesDone;
+    message.framesTotal = media_.framesTotal;
+    message.mediaSecondsDone = media_.secondsDone;
+    message.mediaSecondsTotal = media_.secondsTotal;
     Fnd::StationUtils::PostMessageToUIThread(kStation_TaskService, message, false);
 }
 

@@ -25,6 +25,10 @@ public:
     // Bytes of that file read so far.
     void Bytes(std::uint64_t file, std::uint64_t fileBytes);
     void FileFinished(std::uint64_t file);
+    // How far the running transcode is; posted at the interval. MediaEnded clears it, posting.
+    void Media(const Fnd::WString& clip, std::uint64_t framesDone, std::uint64_t framesTotal, double secondsDone,
+               double secondsTotal);
+    void MediaEnded();
     // Posts at once, whatever the interval: at the start, the end, and on pause and resume.
     void PostNow();
     // Pausing stops the clock of the rate.
@@ -53,6 +57,16 @@ private:
     std::uint64_t bytesOfFinished_ = 0;
     std::uint64_t nextFile_ = 0;
     std::vector<Reading> reading_; // in the order they started; a few at most
+    struct MediaProgress {
+        Fnd::WString clip;
+        std::uint64_t framesDone = 0;
+        std::uint64_t framesTotal = 0;
+        double secondsDone = 0;
+        double secondsTotal = 0;
+    };
+    MediaProgress media_;
+    std::chrono::steady_clock::time_point lastMediaPost_{};
+    std::chrono::milliseconds interval_;
 };
 
 } // namespace QL::Engine

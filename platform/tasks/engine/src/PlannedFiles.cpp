@@ -2,10 +2,26 @@
 
 #include <unordered_set>
 
+#include "QL/CopySetting.h"
+#include "TranscodeTargets.h"
+
 namespace QL::Engine {
 
 std::vector<FileRecord> PlannedFiles(const TaskRecord& record, std::int64_t task) {
     std::vector<FileRecord> files;
+    if (record.kind == TaskKind::Transcode || record.kind == TaskKind::Concatenate) {
+        // A transcode writes new files and asks nothing: one that finds its name taken keeps both.
+        for (const TranscodeTarget& output : TranscodeTargets(record.kind, record.Transcode())) {
+            FileRecord file;
+            file.task = task;
+            file.unit = output.clip;
+            file.source = output.source;
+            file.target = output.target;
+            file.action = kCopyActionKeepBoth;
+            files.push_back(std::move(file));
+        }
+        return files;
+    }
     if (record.kind != TaskKind::Copy)
         return files;
     std::uint32_t unitIndex = 0;

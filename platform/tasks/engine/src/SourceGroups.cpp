@@ -15,8 +15,10 @@ GroupBySource(const std::vector<FileRecord>& files,
         if (file.state != FileState::Pending)
             continue;
         const auto mode = verifyModeOfTask.find(file.task);
-        const std::uint32_t verifyMode =
-            mode == verifyModeOfTask.end() ? IngestTask::kVerifyNone : mode->second;
+        // Outputs of transcodes are written by the transcoder, not copied.
+        if (mode == verifyModeOfTask.end())
+            continue;
+        const std::uint32_t verifyMode = mode->second;
 
         std::vector<std::size_t>& candidates = groupsOfSource[file.source];
         SourceGroup* group = nullptr;

@@ -16,7 +16,7 @@ struct SourceGroup {
     std::vector<std::size_t> files; // indexes into the batch's files, in their order
 };
 
-// Groups the pending files by source and verify mode. Groups come in the order their first file
+// Groups the pending files of copy tasks (those with a verify mode) by source and verify mode. Groups come in the order their first file
 // comes, so each destination is still written in the order it was submitted. Linear in the files.
 std::vector<SourceGroup>
 GroupBySource(const std::vector<FileRecord>& files,

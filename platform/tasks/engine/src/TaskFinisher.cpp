@@ -38,8 +38,6 @@ void AddDigest(Proj::ProjectItem& item, const FileRecord& file, const Fnd::WStri
         item.digests.push_back(Proj::FileDigest{path, file.checksumAlgorithm, file.checksum});
 }
 
-constexpr const char* kNoTranscoding = "transcoding is not available in this build";
-
 } // namespace
 
 void TaskResult::Fail(const std::string& why) {
@@ -61,8 +59,34 @@ TaskResult TaskFinisher::Finish(const RunTask& task, const std::vector<const Fil
     case TaskKind::Concatenate:
         break;
     }
+    return FinishTranscode(task, files);
+}
+
+TaskResult TaskFinisher::FinishTranscode(const RunTask& task, const std::vector<const FileRecord*>& files) {
     TaskResult result;
-    result.Fail(kNoTranscoding);
+    const TranscodeTaskRecord& record = task.record.Transcode();
+    const IngestCustomData diskMetadata = MetadataForDestination(task.record.data, record.addToProject);
+    std::vector<Proj::ProjectItem> imports;
+    for (const FileRecord* file : files) {
+        if (file->state == FileState::Failed || file->state == FileState::Cancelled) {
+            ++result.filesFailed;
+            const std::string source = Fnd::ToUTF8(file->source);
+            // Reasons of the media layer name the file they concern already.
+            result.Fail(file->reason.find(source) == std::string::npos ? source + ": " + file->reason : file->reason);
+            continue;
+        }
+        if (!Landed(file))
+            continue;
+        const Fnd::WString finalPath = file->finalPath.empty() ? file->target : Fnd::FromUTF8(file->finalPath);
+        Proj::ProjectItem item;
+        item.path = finalPath;
+        item.name = Fnd::PathUtils::StemOf(finalPath);
+        item.bin = run_.targetBin;
+        WriteSidecar(item, diskMetadata, result);
+        if (record.addToProject)
+            imports.push_back(std::move(item));
+    }
+    ImportAll(std::move(imports), task.record.data, result);
     return result;
 }
 

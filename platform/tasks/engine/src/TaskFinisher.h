@@ -34,6 +34,8 @@ public:
 
 private:
     TaskResult FinishCopy(const RunTask& task, const std::vector<const FileRecord*>& files);
+    // The files a transcode or stitch wrote, imported by their names, with the metadata's sidecars.
+    TaskResult FinishTranscode(const RunTask& task, const std::vector<const FileRecord*>& files);
     TaskResult FinishImport(const RunTask& task);
     TaskResult FinishUpdateMetadata(const RunTask& task);
 

@@ -105,33 +105,5 @@ TEST_F(TaskServiceImportTest, UpdateMetadataNamesItemsWithoutRenamingMediaOnDisk
     EXPECT_EQ(QL::ReadXmpProperty(Fnd::ToUTF8(In(source, u"A002.xmp")), kShootNamespace, u"take"), u"3");
 }
 
-TEST_F(TaskServiceImportTest, TranscodeTasksFailWithTheirReasonAndTheRestOfTheBatchRuns) {
-    tree.MakeFile("card/A001.MOV", "frames");
-    QL::IngestTask::TranscodeSetting transcode;
-    transcode.enabled = true;
-    QL::IngestTask::TranscodeClipEntry clip;
-    clip.path = In(source, u"A001.MOV");
-    transcode.clips.push_back(clip);
-    transcode.outputPath = backup;
-    TaskService service(TestOptions(home));
-    service.SubmitCopyTask(CopyOf({FileUnit(source, primary, "A001.MOV")}, QL::IngestTask::kVerifyMD5, true),
-                           batch, {});
-    service.SubmitTranscodeTask(transcode, batch, {});
-    service.SubmitConcatenateTask(transcode, batch, {});
-    const BatchOutcomeMessage& outcome = Run(service);
-    EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
-    EXPECT_EQ(outcome.tasksFailed, 2u);
-    EXPECT_EQ(outcome.itemsImported, 1u);
-    ASSERT_EQ(log.tasks.size(), 3u);
-    EXPECT_EQ(log.tasks[0].status, OutcomeStatus::Succeeded);
-    for (const std::size_t i : {1u, 2u}) {
-        EXPECT_EQ(log.tasks[i].status, OutcomeStatus::Failed);
-        EXPECT_EQ(log.tasks[i].reason, u"transcoding is not available in this build");
-    }
-    EXPECT_EQ(log.tasks[1].kind, TaskKind::Transcode);
-    EXPECT_EQ(log.tasks[2].kind, TaskKind::Concatenate);
-    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(backup, false));
-}
-
 } // namespace
 } // namespace igd::test

@@ -49,6 +49,7 @@ struct ExpectedOutput {
 struct OutputResult {
     std::string error;
     ExpectedOutput expected;
+    bool remuxed = false; // copied without decoding: every clip already matched the settings
 };
 
 struct TranscodeResult {

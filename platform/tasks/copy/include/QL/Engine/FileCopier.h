@@ -118,6 +118,10 @@ public:
     static bool IsTemporaryName(const std::string& fileName);
     // Whether a file name is that of a temporary for the final name, numbered or not.
     static bool IsTemporaryNameFor(const std::string& fileName, const std::string& finalName);
+    // For the service's other writers (transcodes), the copier's own temporaries and keep-both
+    // rename, so that resume cleans after them alike. Both answer 0 or an errno.
+    static int CreateTemporaryFile(const std::string& finalPath, std::string& temporary);
+    static int GiveFreeName(const std::string& temporary, const std::string& finalPath, std::string& taken);
 
 private:
     std::size_t chunkBytes_;

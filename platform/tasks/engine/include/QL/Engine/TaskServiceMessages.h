@@ -29,6 +29,12 @@ struct BatchProgressMessage : Fnd::MessageT<BatchProgressMessage> {
     Fnd::WString currentFile;  // the source being read; empty between files
     double bytesPerSecond = 0; // over the last few seconds; 0 until it can be measured
     bool paused = false;
+    // While a transcode or stitch runs: frames and seconds of media of the clips it decodes,
+    // currentFile naming the clip. Zero totals while none runs.
+    std::uint64_t framesDone = 0;
+    std::uint64_t framesTotal = 0;
+    double mediaSecondsDone = 0;
+    double mediaSecondsTotal = 0;
 };
 
 enum class FileStatus : std::uint8_t {

@@ -1,0 +1,8 @@
+#pragma once
+#include "Av/EncoderList.h"
+
+namespace Av {
+
+void ReportEncoderPresetWarning(const EncoderPresetWarning& warning);
+
+} // namespace Av

@@ -1,0 +1,160 @@
+// Transcodes and stitches as the service runs them: real clips in, checked files out, failures
+// alone, nothing left under a temporary or a final name for what failed.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "Av/ClipInfo.h"
+#include "Av/EncoderList.h"
+#include "EngineTestSupport.h"
+#include "Fnd/PathUtils.h"
+#include "Mid/PresetManager.h"
+#include "Proj/Project.h"
+#include "QL/XmpSidecarWriter.h"
+#include "support/TestClips.h"
+
+namespace igd::test {
+namespace {
+
+using namespace QL::Engine;
+
+class TaskServiceTranscodeTest : public EngineTest {
+protected:
+    TaskServiceTranscodeTest() { Mid::PresetManager::Install(Av::MakeEncoderList(Av::DefaultEncoderPresetFolders())); }
+    ~TaskServiceTranscodeTest() override { Mid::PresetManager::Install(nullptr); }
+
+    Fnd::WString Clip(const std::string& name, double seconds = 1.0) {
+        TestClipSpec spec;
+        spec.seconds = seconds;
+        spec.audioCodec = "aac";
+        MakeTestClip(Native(source, name), spec);
+        return Fnd::FromUTF8(Native(source, name));
+    }
+
+    static QL::IngestTask::TranscodeSetting Proxy(const Fnd::WString& outputPath, std::vector<Fnd::WString> clips,
+                                                  const Fnd::WString& preset = u"Apple ProRes 422 Proxy") {
+        QL::IngestTask::TranscodeSetting setting;
+        setting.enabled = true;
+        setting.exporterName = u"QuickTime";
+        setting.presetName = preset;
+        setting.outputPath = outputPath;
+        setting.addToProject = true;
+        for (Fnd::WString& path : clips) {
+            QL::IngestTask::TranscodeClipEntry clip;
+            clip.path = std::move(path);
+            setting.clips.push_back(std::move(clip));
+        }
+        return setting;
+    }
+
+    const BatchOutcomeMessage& Run() {
+        StartBatch(batch);
+        return RunUntilOutcome(log, batch, std::chrono::seconds(120));
+    }
+
+    static std::vector<std::string> Names(const Fnd::WString& folder) {
+        std::vector<std::string> names;
+        std::error_code error;
+        for (const auto& entry : std::filesystem::directory_iterator(Fnd::ToUTF8(folder), error))
+            names.push_back(entry.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+};
+
+TEST_F(TaskServiceTranscodeTest, TwoDestinationsGetACheckedProxyEachImportedWithItsMetadata) {
+    const Fnd::WString clip = Clip("A001.MP4");
+    QL::IngestCustomData data;
+    auto set = std::make_shared<QL::MetadataFieldSet>();
+    set->schemaNamespace = u"http://ns.example.com/igd/shoot/1.0/";
+    set->presetName = u"Shoot";
+    set->values = {{u"scene", u"12A"}};
+    data.metadataSets.push_back(set);
+    {
+        TaskService service(TestOptions(home));
+        QL::IngestTask::TranscodeSetting main = Proxy(primary, {clip});
+        main.clips.front().name = u"Day1_A001";
+        service.SubmitTranscodeTask(main, batch, data);
+        QL::IngestTask::TranscodeSetting second = Proxy(backup, {clip});
+        second.addToProject = false;
+        service.SubmitTranscodeTask(second, batch, data);
+        EXPECT_TRUE(service.IsPathInCopyList(Fnd::FromUTF8(Native(primary, "Day1_A001.mov"))));
+        const BatchOutcomeMessage& outcome = Run();
+        EXPECT_EQ(outcome.status, OutcomeStatus::Succeeded);
+        EXPECT_EQ(outcome.filesCopied, 2u);
+        EXPECT_EQ(outcome.itemsImported, 1u);
+    }
+    for (const std::string& path : {Native(primary, "Day1_A001.mov"), Native(backup, "A001.mov")}) {
+        const Av::ClipInfo info = Av::ProbeClip(path);
+        EXPECT_EQ(info.videoCodec, "prores") << path;
+        EXPECT_EQ(info.videoProfile, "Proxy") << path;
+        EXPECT_EQ(info.width, 320);
+        EXPECT_EQ(info.frameRateNum, 25);
+        EXPECT_NEAR(info.durationSeconds, 1.0, 0.04);
+    }
+    EXPECT_EQ(Names(primary), (std::vector<std::string>{"Day1_A001.mov", "Day1_A001.xmp"}));
+    EXPECT_EQ(QL::ReadXmpProperty(Native(primary, "Day1_A001.xmp"), set->schemaNamespace, u"scene"), u"12A");
+    const auto items = Proj::Project::Open(home.ProjectPath())->Items();
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items.front().path, Fnd::FromUTF8(Native(primary, "Day1_A001.mov")));
+    EXPECT_EQ(items.front().name, u"Day1_A001");
+    // The frames of both came from one decode.
+    ASSERT_FALSE(log.progress.empty());
+    std::uint64_t mostFrames = 0;
+    for (const BatchProgressMessage& progress : log.progress)
+        mostFrames = std::max(mostFrames, progress.framesTotal);
+    EXPECT_EQ(mostFrames, 25u);
+}
+
+TEST_F(TaskServiceTranscodeTest, AStitchIsOneFileAsLongAsItsClipsAndTakesNoExistingName) {
+    const Fnd::WString first = Clip("GH010001.MP4", 1.0);
+    const Fnd::WString second = Clip("GH020001.MP4", 0.6);
+    std::filesystem::create_directories(Fnd::ToUTF8(primary));
+    std::ofstream(Native(primary, "Stitched.mov")) << "the user's own file";
+    {
+        TaskService service(TestOptions(home));
+        QL::IngestTask::TranscodeSetting stitch = Proxy(primary, {first, second});
+        stitch.concatenate = true;
+        stitch.concatenateName = u"Stitched";
+        service.SubmitConcatenateTask(stitch, batch, {});
+        EXPECT_EQ(Run().status, OutcomeStatus::Succeeded);
+    }
+    EXPECT_NEAR(Av::ProbeClip(Native(primary, "Stitched (1).mov")).durationSeconds, 1.6, 0.04);
+    std::ifstream kept(Native(primary, "Stitched.mov"));
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "the user's own file");
+}
+
+TEST_F(TaskServiceTranscodeTest, BadClipsAndPresetsFailAloneNamingTheFileAndLeaveNothing) {
+    const Fnd::WString good = Clip("A001.MP4");
+    tree.MakeFile("card/A002.MP4", "not media at all");
+    const Fnd::WString text = Fnd::FromUTF8(Native(source, "A002.MP4"));
+    const Fnd::WString whole = Clip("A003.MP4");
+    std::filesystem::resize_file(Fnd::ToUTF8(whole), std::filesystem::file_size(Fnd::ToUTF8(whole)) / 2);
+    QL::IngestTask::TranscodeSetting cutPastEnd = Proxy(primary, {Clip("A004.MP4")});
+    cutPastEnd.clips.front().outPoint = 5 * fluxmediatypes::kTicksPerSecond;
+    {
+        TaskService service(TestOptions(home));
+        service.SubmitTranscodeTask(Proxy(primary, {text}), batch, {});
+        service.SubmitTranscodeTask(Proxy(primary, {good}), batch, {});
+        service.SubmitTranscodeTask(Proxy(primary, {whole}), batch, {});
+        service.SubmitTranscodeTask(cutPastEnd, batch, {});
+        service.SubmitTranscodeTask(Proxy(primary, {good}, u"No Such Preset"), batch, {});
+        const BatchOutcomeMessage& outcome = Run();
+        EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
+        EXPECT_EQ(outcome.tasksFailed, 4u);
+        EXPECT_EQ(outcome.filesCopied, 1u);
+    }
+    ASSERT_EQ(log.tasks.size(), 5u);
+    EXPECT_EQ(log.tasks[1].status, OutcomeStatus::Succeeded);
+    for (const std::size_t failed : {0u, 2u, 3u, 4u})
+        EXPECT_EQ(log.tasks[failed].status, OutcomeStatus::Failed) << failed;
+    EXPECT_NE(log.tasks[0].reason.find(text), Fnd::WString::npos);
+    EXPECT_NE(log.tasks[2].reason.find(whole), Fnd::WString::npos);
+    EXPECT_NE(log.tasks[3].reason.find(u"out point"), Fnd::WString::npos);
+    EXPECT_NE(log.tasks[4].reason.find(u"No Such Preset"), Fnd::WString::npos);
+    EXPECT_EQ(Names(primary), std::vector<std::string>{"A001.mov"});
+}
+
+} // namespace
+} // namespace igd::test
