@@ -8,6 +8,7 @@
 #include <iostream>
 #include <memory>
 
+#include "Av/CachingFrameService.h"
 #include "Av/EncoderList.h"
 #include "Fnd/InteractionDriver.h"
 #include "IgdQt/DialogStyle.h"
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
     igd::qt::ApplyDialogStyle(application);
     // The format and preset menus of transcoding destinations list what this FFmpeg can write.
     Av::InstallEncoderList();
+    Av::InstallFrameService();
     const std::shared_ptr<igd::qt::QtRunLoop> runLoop = igd::qt::QtRunLoop::Install();
     Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>(
         igd::qt::PictureSource(IGD::IngestResourceManager())));

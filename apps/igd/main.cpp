@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include "AppFrame/DocumentManager.h"
+#include "Av/CachingFrameService.h"
 #include "Av/EncoderList.h"
 #include "CardsCommand.h"
 #include "CommandTable.h"
@@ -21,6 +22,7 @@
 #include "PlanCommand.h"
 #include "PrefsCommand.h"
 #include "PresetsCommand.h"
+#include "ProbeCommand.h"
 #include "Proj/PreferenceStore.h"
 #include "ProjectCommand.h"
 #include "VerifyCommand.h"
@@ -57,6 +59,7 @@ bool ApplyHostOptions(const HostOptions& host) {
 // opened must not stop an ingest: the library then runs on its defaults, and the user is told.
 void InstallServices() {
     QL::InstallFilePresetService();
+    Av::InstallFrameService();
     // Every command may meet a transcode: an ingest submits it, resume redoes it.
     Av::SetEncoderPresetWarningHandler([](const Av::EncoderPresetWarning& warning) {
         std::cerr << "igd: encoder preset file \"" << warning.path << "\" " << warning.reason << "\n";
@@ -95,6 +98,7 @@ int main(int argc, char** argv) {
     igd::RegisterCardsCommand(app, commands);
     igd::RegisterEncodersCommand(app, commands);
     igd::RegisterVerifyCommand(app, commands);
+    igd::RegisterProbeCommand(app, commands);
 
     try {
         app.parse(argc, argv);

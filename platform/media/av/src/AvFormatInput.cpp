@@ -22,17 +22,26 @@ std::string AvErrorText(int code) {
     return text;
 }
 
-AvFormatInput::AvFormatInput(const std::string& path) : path_(path) {
+AvFormatInput::AvFormatInput(const std::string& path, bool streamInfo) : path_(path) {
     QuietFFmpegLog();
     if (const int opened = avformat_open_input(&context_, path.c_str(), nullptr, nullptr); opened < 0) {
         context_ = nullptr;
         throw MediaError(path + ": " +
                          (opened == AVERROR_INVALIDDATA ? std::string("not a media file") : AvErrorText(opened)));
     }
-    if (const int found = avformat_find_stream_info(context_, nullptr); found < 0) {
-        avformat_close_input(&context_);
-        throw MediaError(path + ": its streams cannot be read (" + AvErrorText(found) + ")");
+    if (streamInfo) {
+        try {
+            FindStreamInfo();
+        } catch (...) {
+            avformat_close_input(&context_);
+            throw;
+        }
     }
+}
+
+void AvFormatInput::FindStreamInfo() {
+    if (const int found = avformat_find_stream_info(context_, nullptr); found < 0)
+        throw MediaError(path_ + ": its streams cannot be read (" + AvErrorText(found) + ")");
 }
 
 AvFormatInput::~AvFormatInput() {

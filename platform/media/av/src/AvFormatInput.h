@@ -11,7 +11,9 @@ namespace Av {
 // it is missing, unreadable or no media.
 class AvFormatInput {
 public:
-    explicit AvFormatInput(const std::string& path);
+    // With streamInfo false the streams are as the container's header gives them: enough for a
+    // reader of one stream that calls FindStreamInfo when the header lacks what it needs.
+    explicit AvFormatInput(const std::string& path, bool streamInfo = true);
     ~AvFormatInput();
     AvFormatInput(const AvFormatInput&) = delete;
     AvFormatInput& operator=(const AvFormatInput&) = delete;
@@ -19,6 +21,8 @@ public:
     AVFormatContext& Context() { return *context_; }
     const AVFormatContext& Context() const { return *context_; }
     const std::string& Path() const { return path_; }
+    // Reads the first packets for what the header does not say (rates, sizes, pixel formats).
+    void FindStreamInfo();
 
 private:
     std::string path_;

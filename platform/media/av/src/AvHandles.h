@@ -9,15 +9,19 @@ extern "C" {
 
 namespace Av {
 
-// Owning pointers to FFmpeg's frames and packets, freed with FFmpeg's own functions.
+// Owning pointers to FFmpeg's frames, packets and codec contexts, freed with FFmpeg's own functions.
 struct FrameFree {
     void operator()(AVFrame* frame) const { av_frame_free(&frame); }
 };
 struct PacketFree {
     void operator()(AVPacket* packet) const { av_packet_free(&packet); }
 };
+struct CodecContextFree {
+    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
+};
 using FramePtr = std::unique_ptr<AVFrame, FrameFree>;
 using PacketPtr = std::unique_ptr<AVPacket, PacketFree>;
+using CodecContextPtr = std::unique_ptr<AVCodecContext, CodecContextFree>;
 
 inline FramePtr NewFrame() {
     FramePtr frame(av_frame_alloc());
