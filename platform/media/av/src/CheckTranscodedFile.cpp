@@ -3,21 +3,11 @@
 #include "Av/Transcoder.h"
 
 #include <cmath>
-#include <cstdio>
 
 #include "Encoder.h"
+#include "SecondsText.h"
 
 namespace Av {
-namespace {
-
-std::string Seconds(double seconds) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f s", seconds);
-    return text;
-}
-
-} // namespace
-
 void CheckTranscodedFile(const std::string& path, const EncoderSettings& settings, const ExpectedOutput& expected) {
     const ClipInfo info = ProbeClip(path);
     auto differs = [&](const std::string& what) { throw MediaError(path + ": " + what); };
@@ -36,7 +26,7 @@ void CheckTranscodedFile(const std::string& path, const EncoderSettings& setting
         differs("it has no sound");
     const double frame = expected.frameRateNum > 0 ? double(expected.frameRateDen) / expected.frameRateNum : 0;
     if (std::abs(info.durationSeconds - expected.seconds) > frame + 1e-3)
-        differs("it lasts " + Seconds(info.durationSeconds) + ", not " + Seconds(expected.seconds));
+        differs("it lasts " + SecondsText(info.durationSeconds) + ", not " + SecondsText(expected.seconds));
 }
 
 } // namespace Av

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 #include "Av/MediaError.h"
+#include "SecondsText.h"
 
 extern "C" {
 #include <libavutil/timecode.h>
@@ -12,12 +12,6 @@ extern "C" {
 
 namespace Av {
 namespace {
-
-std::string Seconds(double seconds) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f s", seconds);
-    return text;
-}
 
 // The recorded start timecode moved on by the frames an in point skips.
 std::string TimecodeAfter(const ClipInfo& info, double seconds) {
@@ -54,11 +48,11 @@ void AddClip(const SourceClip& clip, ClipTimeline& timeline) {
     const double in = clip.inSeconds.value_or(0);
     const double out = clip.outSeconds.value_or(clipSeconds);
     if (clip.outSeconds && out > clipSeconds + frame / 2)
-        throw MediaError(name + ": the out point " + Seconds(out) + " lies past the end of the clip (" +
-                         Seconds(clipSeconds) + ")");
+        throw MediaError(name + ": the out point " + SecondsText(out) + " lies past the end of the clip (" +
+                         SecondsText(clipSeconds) + ")");
     if (in < 0 || in >= out - frame / 2)
-        throw MediaError(name + ": the in point " + Seconds(in) + " does not lie before the out point " +
-                         Seconds(out));
+        throw MediaError(name + ": the in point " + SecondsText(in) + " does not lie before the out point " +
+                         SecondsText(out));
     if (timeline.spans.empty())
         timeline.startTimecode = TimecodeAfter(spans.front().video, in);
     timeline.cut = timeline.cut || clip.inSeconds.has_value() || clip.outSeconds.has_value();

@@ -96,6 +96,10 @@ Encoder Encoder::ForVideo(const EncoderSettings& settings, const SourceFormat& s
     context->framerate = settings.frameRateNum > 0 && settings.frameRateDen > 0
                              ? AVRational{settings.frameRateNum, settings.frameRateDen}
                              : source.frameRate;
+    if (context->framerate.num <= 0 || context->framerate.den <= 0) {
+        avcodec_free_context(&context);
+        throw MediaError(outputPath + ": the source records no frame rate, and the settings name none");
+    }
     context->time_base = av_inv_q(context->framerate);
     context->sample_aspect_ratio = ownSize ? AVRational{1, 1} : source.sampleAspect;
     context->color_range = source.colorRange;

@@ -43,12 +43,16 @@ const AVFrame& Scaler::Convert(const AVFrame& input) {
         inputHeight_ = input.height;
         inputFormat_ = input.format;
     }
-    output_ = NewFrame();
-    output_->width = width_;
-    output_->height = height_;
-    output_->format = format_;
-    if (av_frame_get_buffer(output_.get(), 0) < 0)
-        throw std::bad_alloc();
+    // The encoder has let go of the last picture by now unless it keeps frames in flight; reusing
+    // its buffer spares mapping and faulting in megabytes per frame.
+    if (!output_ || !av_frame_is_writable(output_.get())) {
+        output_ = NewFrame();
+        output_->width = width_;
+        output_->height = height_;
+        output_->format = format_;
+        if (av_frame_get_buffer(output_.get(), 0) < 0)
+            throw std::bad_alloc();
+    }
     av_frame_copy_props(output_.get(), &input);
     if (sws_scale_frame(context_, output_.get(), &input) < 0)
         throw MediaError("the picture cannot be converted to the output's size and pixel format");

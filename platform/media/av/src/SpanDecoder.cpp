@@ -1,6 +1,5 @@
 #include "SpanDecoder.h"
 
-#include <cstdio>
 #include <memory>
 
 #include "Av/MediaError.h"
@@ -9,6 +8,7 @@
 #include "ChannelFiles.h"
 #include "Decoder.h"
 #include "SoundTrim.h"
+#include "SecondsText.h"
 
 namespace Av {
 namespace {
@@ -20,12 +20,6 @@ int PictureStream(const AVFormatContext& format, const std::string& path) {
             return int(i);
     }
     throw MediaError(path + ": the clip has no video");
-}
-
-std::string Seconds(double seconds) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f s", seconds);
-    return text;
 }
 
 class SpanDecoding {
@@ -80,7 +74,7 @@ public:
             channelFiles_->ReadUntil(span_.length, sinks_.sound, true);
         if (pictureEnd_ < span_.length - frameSeconds_ - 1e-6)
             throw MediaError(input_.Path() + ": the clip is truncated: its picture ends at " +
-                             Seconds(span_.from + pictureEnd_) + " of the " + Seconds(span_.from + span_.length) +
+                             SecondsText(span_.from + pictureEnd_) + " of the " + SecondsText(span_.from + span_.length) +
                              " its file promises");
     }
 

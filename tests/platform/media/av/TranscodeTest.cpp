@@ -13,7 +13,7 @@ namespace {
 TEST(Transcode, ProResProxyKeepsTheSourcesSizeRateSoundAndTimecode) {
     TempTree tree;
     const std::string source = tree.NativePath() + "/C0001.MP4";
-    MakeTestClip(source, {.audioCodec = "aac", .timecode = "10:00:00:00"});
+    MakeTestClip(source, {.audioCodec = "aac", .timecode = "10:00:00:00", .extraArguments = {}});
     const std::string output = tree.NativePath() + "/C0001.mov";
     Av::TranscodeRequest request = RequestOf({ClipOf(source)}, {{output, ProResProxy()}});
     std::vector<Av::TranscodeProgress> reports;
@@ -82,8 +82,8 @@ TEST(Transcode, StitchesClipsEndToEndAndHonoursInAndOutPoints) {
     TempTree tree;
     const std::string first = tree.NativePath() + "/GX010001.MP4";
     const std::string second = tree.NativePath() + "/GX020001.MP4";
-    MakeTestClip(first, {.seconds = 1.0, .audioCodec = "aac"});
-    MakeTestClip(second, {.seconds = 0.6, .videoCodec = "libx264", .audioCodec = "aac"});
+    MakeTestClip(first, {.seconds = 1.0, .audioCodec = "aac", .extraArguments = {}});
+    MakeTestClip(second, {.seconds = 0.6, .videoCodec = "libx264", .audioCodec = "aac", .extraArguments = {}});
     const std::string stitched = tree.NativePath() + "/stitched.mov";
     Av::SourceClip chapters;
     chapters.segments = {{first, {}}, {second, {}}};
