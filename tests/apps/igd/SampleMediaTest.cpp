@@ -112,15 +112,15 @@ TEST_F(SampleMediaTest, P2CardHoldsOpAtomVideoAndOneFilePerAudioChannel) {
 
 // The NTSC rate checks that frames, timecode and the sound agree where seconds are not whole.
 TEST_F(SampleMediaTest, GoProCardHoldsTwoChaptersWithContinuousTimecodeThenASingleChapterVideo) {
-    MakeCards({"gopro", "--clips", "3", "--rate", "30000/1001", "--size", "256x144"});
+    MakeCards({"gopro", "--rate", "30000/1001", "--size", "256x144"});
     const std::vector<ListedClip> clips = Cards("GOPRO_CARD");
-    ASSERT_EQ(clips.size(), 3u);
+    ASSERT_EQ(clips.size(), 2u);
     const std::string d = "DCIM/100GOPRO/";
     EXPECT_EQ(clips[0].name, "GH010001");
     EXPECT_EQ(clips[0].family, "GoPro");
     EXPECT_EQ(clips[0].files,
               (std::vector<std::string>{d + "GH010001.MP4", d + "GH020001.MP4", d + "GH010001.THM"}));
-    EXPECT_EQ(clips[2].files, (std::vector<std::string>{d + "GH010003.MP4", d + "GH010003.THM"}));
+    EXPECT_EQ(clips[1].files, (std::vector<std::string>{d + "GH010002.MP4", d + "GH010002.THM"}));
 
     const Av::ClipInfo first = Probe("GOPRO_CARD/" + d + "GH010001.MP4");
     const Av::ClipInfo second = Probe("GOPRO_CARD/" + d + "GH020001.MP4");
@@ -132,7 +132,29 @@ TEST_F(SampleMediaTest, GoProCardHoldsTwoChaptersWithContinuousTimecodeThenASing
     EXPECT_EQ(second.startTimecode, "10:00:00:12") << "the second chapter starts where the first ends";
     EXPECT_NEAR(first.durationSeconds + second.durationSeconds, 24 * 1001 / 30000.0, 0.002);
     EXPECT_EQ(second.audioCodec, "aac");
-    EXPECT_EQ(Probe("GOPRO_CARD/" + d + "GH010003.MP4").startTimecode, "10:02:00:00");
+    EXPECT_EQ(Probe("GOPRO_CARD/" + d + "GH010002.MP4").startTimecode, "10:01:00:00");
+}
+
+// What an editor does with a GoPro card: the chapters of each video and the videos after them
+// stitched into one proxy as long as all of them together.
+TEST_F(SampleMediaTest, IngestOfGoProCardStitchesEveryChapterIntoOneProResProxyAsLongAsTheCard) {
+    MakeCards({"gopro", "--rate", "30000/1001"});
+    const Ran run = RunIgd({"ingest", Native("media/GOPRO_CARD"), "--to", Native("Proxies") + ":Apple ProRes 422 Proxy",
+                            "--stitch", "Day 1"});
+    ASSERT_EQ(run.exitCode, 0) << run.Said();
+    double sourceSeconds = 0;
+    for (const std::string file : {"GH010001.MP4", "GH020001.MP4", "GH010002.MP4"})
+        sourceSeconds += Probe("GOPRO_CARD/DCIM/100GOPRO/" + file).durationSeconds;
+    const Av::ClipInfo stitched = Av::ProbeClip(Native("Proxies/Day 1.mov"));
+    EXPECT_EQ(stitched.videoCodec, "prores");
+    EXPECT_EQ(stitched.videoProfile, "Proxy");
+    EXPECT_EQ(stitched.width, 320);
+    EXPECT_EQ(stitched.height, 180);
+    EXPECT_EQ(stitched.frameRateNum, 30000);
+    EXPECT_EQ(stitched.frameRateDen, 1001);
+    EXPECT_EQ(stitched.frameCount, 36);
+    EXPECT_NEAR(stitched.durationSeconds, sourceSeconds, stitched.FrameSeconds());
+    EXPECT_EQ(stitched.audioStreams, 1);
 }
 
 TEST_F(SampleMediaTest, PlainFolderAlternatesProResMovAndH264Mp4AndIsNoCard) {
