@@ -89,7 +89,8 @@ TEST_F(SampleMediaTest, XavcSCardHoldsH264ClipsWithIndexFilesThumbnailsAndTheirO
               std::string::npos);
 }
 
-TEST_F(SampleMediaTest, P2CardHoldsOpAtomVideoAndOneFilePerAudioChannel) {
+// The proxy of a P2 clip is named as the card names it and joins the channels the card keeps apart.
+TEST_F(SampleMediaTest, P2CardHoldsOpAtomVideoAndOneFilePerAudioChannelWhichItsProxyJoins) {
     MakeCards({"p2"});
     const std::vector<ListedClip> clips = Cards("P2_CARD");
     ASSERT_EQ(clips.size(), 2u);
@@ -115,6 +116,14 @@ TEST_F(SampleMediaTest, P2CardHoldsOpAtomVideoAndOneFilePerAudioChannel) {
     }
     EXPECT_EQ(Probe("P2_CARD/CONTENTS/ICON/0002AB.BMP").videoCodec, "bmp");
     EXPECT_EQ(ReadFileBytes(Native("media/P2_CARD/LASTCLIP.TXT")), "0002AB\r\n");
+
+    const Ran run = RunIgd({"ingest", Native("media/P2_CARD"), "--to", Native("Proxies") + ":Apple ProRes 422 Proxy"});
+    ASSERT_EQ(run.exitCode, 0) << run.Said();
+    const Av::ClipInfo proxy = Av::ProbeClip(Native("Proxies/Interview 0001AB.mov"));
+    EXPECT_EQ(Picture(proxy), "prores Proxy 320x180 25/1");
+    EXPECT_EQ(proxy.audioChannels, 2);
+    EXPECT_NEAR(proxy.durationSeconds, 0.4, 0.001);
+    EXPECT_EQ(proxy.startTimecode, "10:00:00:00");
 }
 
 // The NTSC rate checks that frames, timecode and the sound agree where seconds are not whole.
