@@ -29,6 +29,8 @@ const char* FileStatusName(FileStatus status) {
     switch (status) {
     case FileStatus::Copied:
         return "copied";
+    case FileStatus::Transcoded:
+        return "transcoded";
     case FileStatus::Skipped:
         return "skipped";
     case FileStatus::AlreadyCopied:

@@ -18,7 +18,7 @@ public:
     }
 
 private:
-    const std::vector<ExporterRef> none_;
+    const std::vector<ExporterRef> none_{};
 };
 
 std::mutex installMutex;

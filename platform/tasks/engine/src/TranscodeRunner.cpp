@@ -183,7 +183,7 @@ void TranscodeRunner::Report(const std::vector<std::size_t>& outputs) {
         settled.push_back(&run_.files[output]);
     journal_.UpdateFiles(settled);
     for (const FileRecord* file : settled) {
-        const FileStatus status = file->state == FileState::Verified    ? FileStatus::Copied
+        const FileStatus status = file->state == FileState::Verified    ? FileStatus::Transcoded
                                   : file->state == FileState::Cancelled ? FileStatus::Cancelled
                                                                         : FileStatus::Failed;
         BatchCopier::PostOutcome(run_, *file, status, IngestTask::kVerifyNone);

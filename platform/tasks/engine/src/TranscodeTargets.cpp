@@ -42,7 +42,10 @@ std::vector<TranscodeTarget> TranscodeTargets(TaskKind kind, const TranscodeTask
         const std::uint32_t at = index++;
         if (IsFolder(clip.path))
             continue;
-        const Fnd::WString name = clip.name.empty() ? Fnd::PathUtils::StemOf(clip.path) : clip.name;
+        // A plain file's clip is named with its extension, which the output's own replaces.
+        Fnd::WString name = clip.name.empty() ? Fnd::PathUtils::StemOf(clip.path) : clip.name;
+        if (name == Fnd::PathUtils::FileNameOf(clip.path))
+            name = Fnd::PathUtils::StemOf(clip.path);
         targets.push_back(TranscodeTarget{at, clip.path, Joined(record.outputPath, name, extension)});
     }
     return targets;

@@ -39,6 +39,7 @@ struct BatchProgressMessage : Fnd::MessageT<BatchProgressMessage> {
 
 enum class FileStatus : std::uint8_t {
     Copied,        // verified (when asked) and standing under finalPath
+    Transcoded,    // written by a transcode or stitch, checked, standing under finalPath
     Skipped,       // an existing target was kept as it stands
     AlreadyCopied, // resumed: a run before this one had finished it
     Failed,

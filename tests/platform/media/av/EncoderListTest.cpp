@@ -1,0 +1,259 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "Av/EncoderList.h"
+#include "Av/EncoderPresetFile.h"
+#include "Mid/KilnInstalled.h"
+#include "support/ScopedIgdHome.h"
+#include "support/TempTree.h"
+
+namespace igd::test {
+namespace {
+
+std::string Preset(const std::string& name, const std::string& exporter, const std::string& video,
+                   const std::string& extra = "") {
+    return "<?xml version=\"1.0\"?>\n<encoderPreset version=\"1\"><name>" + name + "</name><exporter>" + exporter +
+           "</exporter>" + extra + "<video " + video + "/></encoderPreset>";
+}
+
+std::vector<std::string> Names(const std::vector<Mid::EncoderPresetRef>& presets) {
+    std::vector<std::string> names;
+    for (const auto& preset : presets)
+        names.push_back(Fnd::ToUTF8(preset->GetName()));
+    return names;
+}
+
+Mid::ExporterRef ExporterNamed(Mid::PresetManager& manager, const std::u16string& name) {
+    for (const Mid::ExporterRef& exporter : manager.GetEncoderList())
+        if (exporter->GetDisplayName() == name)
+            return exporter;
+    return nullptr;
+}
+
+// Each test installs what it needs and leaves no list and no warning handler behind.
+class EncoderListTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Av::SetEncoderPresetWarningHandler(
+            [this](const Av::EncoderPresetWarning& warning) { warnings.push_back(warning); });
+    }
+    void TearDown() override {
+        Mid::PresetManager::Install(nullptr);
+        Av::SetEncoderPresetWarningHandler(nullptr);
+    }
+
+    std::shared_ptr<Mid::PresetManager> ListOver(const std::string& user, const std::string& system) {
+        return Av::MakeEncoderList({tree.NativePath(user), tree.NativePath(system)});
+    }
+
+    TempTree tree;
+    std::vector<Av::EncoderPresetWarning> warnings;
+};
+
+TEST_F(EncoderListTest, ExportersAreTheWritableFormatsInAFixedOrder) {
+    const auto list = Av::MakeEncoderList(Av::DefaultEncoderPresetFolders());
+    const std::vector<std::u16string> known = {u"QuickTime", u"MXF OP1a", u"H.264", u"HEVC"};
+    std::vector<std::u16string> shown;
+    for (const Mid::ExporterRef& exporter : list->GetEncoderList()) {
+        shown.push_back(exporter->GetDisplayName());
+        const auto info = Av::DescribeExporter(exporter);
+        ASSERT_TRUE(info);
+        EXPECT_TRUE(Av::HasMuxer(info->muxer)) << info->muxer;
+    }
+    // The tests' clips are ProRes, so this FFmpeg writes QuickTime at least.
+    ASSERT_FALSE(shown.empty());
+    EXPECT_EQ(shown.front(), u"QuickTime");
+    auto at = known.begin();
+    for (const std::u16string& name : shown) {
+        at = std::find(at, known.end(), name);
+        ASSERT_NE(at, known.end()) << "out of order or unknown: " << Fnd::ToUTF8(name);
+    }
+    // The same objects on every call: a menu row keeps pointing at its exporter.
+    EXPECT_EQ(list->GetEncoderList(), list->GetEncoderList());
+    EXPECT_FALSE(Av::HasEncoder("no_such_encoder"));
+}
+
+TEST_F(EncoderListTest, ShippedPresetsFollowTheirOrderThenFileNames) {
+    tree.MakeFile("system/a.igdencoder", Preset("Third", "QuickTime", "encoder=\"prores_ks\""));
+    tree.MakeFile("system/b.igdencoder", Preset("Second", "QuickTime", "encoder=\"prores_ks\"", "<order>2</order>"));
+    tree.MakeFile("system/c.igdencoder", Preset("First", "QuickTime", "encoder=\"prores_ks\"", "<order>1</order>"));
+    tree.MakeFile("system/d.igdencoder", Preset("Fourth", "QuickTime", "encoder=\"prores_ks\""));
+    tree.MakeFile("system/e.igdencoder", Preset("Elsewhere", "H.264", "encoder=\"libx264\"", "<order>0</order>"));
+    tree.MakeFile("system/notes.txt", "not a preset");
+    const auto list = ListOver("user", "system");
+    std::vector<Mid::EncoderPresetRef> user;
+    std::vector<Mid::EncoderPresetRef> system;
+    list->LoadPresets(ExporterNamed(*list, u"QuickTime"), user, system, 0);
+    EXPECT_EQ(Names(system), (std::vector<std::string>{"First", "Second", "Third", "Fourth"}));
+    EXPECT_TRUE(user.empty());
+    // A fresh home has no user folder, which is no fault.
+    EXPECT_TRUE(warnings.empty());
+
+    std::vector<Mid::EncoderPresetRef> again;
+    list->LoadPresets(ExporterNamed(*list, u"QuickTime"), user, again, 0);
+    EXPECT_EQ(again, system) << "unchanged files keep their preset objects";
+
+    list->LoadPresets(nullptr, user, system, 0);
+    EXPECT_TRUE(system.empty());
+}
+
+TEST_F(EncoderListTest, UserPresetsComeFromTheHomeSortedByName) {
+    ScopedIgdHome home;
+    home.MakeFile("encoder-presets/1.igdencoder", Preset("gamma", "QuickTime", "encoder=\"prores_ks\""));
+    home.MakeFile("encoder-presets/2.igdencoder", Preset("Beta", "QuickTime", "encoder=\"dnxhd\""));
+    home.MakeFile("encoder-presets/3.igdencoder", Preset("alpha", "QuickTime", "encoder=\"prores_ks\""));
+    // An encoder this FFmpeg lacks is the task's failure to report, not the list's.
+    home.MakeFile("encoder-presets/4.igdencoder", Preset("Missing", "QuickTime", "encoder=\"no_such_encoder\""));
+    Av::InstallEncoderList();
+    Mid::PresetManager& list = Mid::PresetManager::GetInstance();
+    std::vector<Mid::EncoderPresetRef> user;
+    std::vector<Mid::EncoderPresetRef> system;
+    list.LoadPresets(ExporterNamed(list, u"QuickTime"), user, system, 0);
+    EXPECT_EQ(Names(user), (std::vector<std::string>{"alpha", "Beta", "gamma", "Missing"}));
+    EXPECT_FALSE(system.empty());
+    const auto info = Av::DescribeEncoderPreset(user.front());
+    ASSERT_TRUE(info);
+    EXPECT_TRUE(info->user);
+    EXPECT_EQ(info->path, home.Path() + "/encoder-presets/3.igdencoder");
+    EXPECT_FALSE(Av::DescribeEncoderPreset(system.front())->user);
+}
+
+TEST_F(EncoderListTest, BrokenFilesAreSkippedAndReportedOnceUntilTheyChange) {
+    tree.MakeFile("system/good.igdencoder", Preset("Good", "QuickTime", "encoder=\"prores_ks\""));
+    tree.MakeFile("user/truncated.igdencoder", Preset("Cut", "QuickTime", "encoder=\"prores_ks\"").substr(0, 60));
+    tree.MakeFile("user/stranger.igdencoder", Preset("Odd", "AVI", "encoder=\"prores_ks\""));
+    const auto list = ListOver("user", "system");
+    const Mid::ExporterRef quickTime = ExporterNamed(*list, u"QuickTime");
+    std::vector<Mid::EncoderPresetRef> user;
+    std::vector<Mid::EncoderPresetRef> system;
+    list->LoadPresets(quickTime, user, system, 0);
+    list->LoadPresets(quickTime, user, system, 0);
+    EXPECT_TRUE(user.empty());
+    EXPECT_EQ(Names(system), std::vector<std::string>{"Good"});
+    ASSERT_EQ(warnings.size(), 2u);
+    for (const auto& warning : warnings)
+        EXPECT_NE(warning.path.find(tree.NativePath("user")), std::string::npos) << warning.path;
+
+    tree.MakeFile("user/truncated.igdencoder", Preset("Mended", "QuickTime", "encoder=\"prores_ks\" size=\"640x360\""));
+    list->LoadPresets(quickTime, user, system, 0);
+    EXPECT_EQ(Names(user), std::vector<std::string>{"Mended"});
+    EXPECT_EQ(warnings.size(), 2u);
+
+    // A missing folder of shipped presets is a broken installation, said once.
+    const auto orphan = ListOver("nobody", "nowhere");
+    orphan->LoadPresets(ExporterNamed(*orphan, u"QuickTime"), user, system, 0);
+    orphan->LoadPresets(ExporterNamed(*orphan, u"QuickTime"), user, system, 0);
+    EXPECT_EQ(warnings.size(), 3u);
+    EXPECT_TRUE(system.empty());
+}
+
+TEST_F(EncoderListTest, FindEncoderSettingsAnswersFromTheInstalledList) {
+    EXPECT_FALSE(Av::FindEncoderSettings(u"QuickTime", u"Apple ProRes 422 Proxy")) << "nothing installed";
+    EXPECT_FALSE(Mid::IsKilnInstalled());
+
+    ScopedIgdHome home;
+    home.MakeFile("encoder-presets/small.igdencoder",
+                  Preset("Small", "QuickTime", "encoder=\"dnxhd\" size=\"640x360\" frameRate=\"25\""));
+    Av::InstallEncoderList();
+    EXPECT_TRUE(Mid::IsKilnInstalled());
+
+    // The preset the demo and the task tests transcode with.
+    const auto proxy = Av::FindEncoderSettings(u"QuickTime", u"Apple ProRes 422 Proxy");
+    ASSERT_TRUE(proxy);
+    EXPECT_EQ(proxy->container, "mov");
+    EXPECT_EQ(proxy->extension, "mov");
+    EXPECT_EQ(proxy->videoEncoder, "prores_ks");
+    EXPECT_TRUE(Av::HasEncoder(proxy->videoEncoder));
+
+    const auto small = Av::FindEncoderSettings(u"QuickTime", u"Small");
+    ASSERT_TRUE(small);
+    EXPECT_EQ(small->container, "mov");
+    EXPECT_EQ(small->width, 640);
+    EXPECT_EQ(small->frameRateNum, 25);
+    EXPECT_EQ(small->frameRateDen, 1);
+
+    EXPECT_FALSE(Av::FindEncoderSettings(u"QuickTime", u"No Such Preset"));
+    EXPECT_FALSE(Av::FindEncoderSettings(u"AVI", u"Small"));
+    EXPECT_FALSE(Av::FindEncoderSettings(u"H.264", u"Small")) << "a preset belongs to its exporter";
+
+    Mid::PresetManager::Install(nullptr);
+    EXPECT_FALSE(Mid::IsKilnInstalled());
+}
+
+TEST(EncoderPresetFile, ReadsEveryFieldOfAPreset) {
+    const auto read = Av::ParseEncoderPresetDocument(R"(<?xml version="1.0" encoding="UTF-8"?>
+<encoderPreset version="1">
+  <name> DNx 1080 </name>
+  <exporter>MXF OP1a</exporter>
+  <order>7</order>
+  <video encoder="dnxhd" profile="dnxhd" pixelFormat="yuv422p" bitRate="120M" size="1920x1080" frameRate="30000/1001">
+    <option name="bits_per_mb">600</option>
+  </video>
+  <audio encoder="pcm_s24le" bitRate="1536k" sampleRate="48000"/>
+</encoderPreset>)");
+    ASSERT_TRUE(read) << read.error;
+    const Av::EncoderPresetDocument& preset = *read.document;
+    EXPECT_EQ(preset.name, u"DNx 1080");
+    EXPECT_EQ(preset.exporter, u"MXF OP1a");
+    EXPECT_EQ(preset.order, 7);
+    Av::EncoderSettings expected;
+    expected.videoEncoder = "dnxhd";
+    expected.profile = "dnxhd";
+    expected.pixelFormat = "yuv422p";
+    expected.videoBitRate = 120000000;
+    expected.width = 1920;
+    expected.height = 1080;
+    expected.frameRateNum = 30000;
+    expected.frameRateDen = 1001;
+    expected.videoOptions = {{"bits_per_mb", "600"}};
+    expected.audioEncoder = "pcm_s24le";
+    expected.audioBitRate = 1536000;
+    expected.audioSampleRate = 48000;
+    EXPECT_EQ(preset.settings, expected);
+
+    // "source" and absent rules follow the source; no audio element writes no audio.
+    const auto plain = Av::ParseEncoderPresetDocument(
+        Preset("Plain", "QuickTime", "encoder=\"prores_ks\" size=\"source\" frameRate=\"source\""));
+    ASSERT_TRUE(plain) << plain.error;
+    EXPECT_EQ(plain.document->settings.width, 0);
+    EXPECT_EQ(plain.document->settings.frameRateNum, 0);
+    EXPECT_TRUE(plain.document->settings.audioEncoder.empty());
+    EXPECT_FALSE(plain.document->order);
+}
+
+TEST(EncoderPresetFile, RefusesWhatNoEncoderCouldUseWithAReason) {
+    const std::vector<std::string> refused = {
+        "",
+        "<encoderPreset version=\"1\"><name>x</name>",
+        "<preset version=\"1\"/>",
+        "<encoderPreset version=\"2\"><name>x</name><exporter>QuickTime</exporter><video encoder=\"a\"/></encoderPreset>",
+        "<encoderPreset><name>x</name><exporter>QuickTime</exporter><video encoder=\"a\"/></encoderPreset>",
+        Preset("", "QuickTime", "encoder=\"prores_ks\""),
+        Preset("x", "", "encoder=\"prores_ks\""),
+        Preset("x", "QuickTime", "profile=\"hq\""),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\" size=\"641x360\""),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\" size=\"0x360\""),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\" size=\"99999x360\""),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\" frameRate=\"25/0\""),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\" bitRate=\"-5\""),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\" bitRate=\"99999999999999999M\""),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\"", "<order>first</order>"),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\"><option>1</option></video><audio encoder=\"aac\"", ""),
+        Preset("x", "QuickTime", "encoder=\"prores_ks\"/><audio encoder=\"aac\" sampleRate=\"12\""),
+        std::string(Av::kMaxEncoderPresetBytes + 1, ' '),
+    };
+    for (const std::string& bytes : refused) {
+        const auto read = Av::ParseEncoderPresetDocument(bytes);
+        EXPECT_FALSE(read) << bytes;
+        EXPECT_FALSE(read.error.empty()) << bytes;
+    }
+    TempTree tree;
+    EXPECT_FALSE(Av::ReadEncoderPresetFile(tree.NativePath("missing.igdencoder")).error.empty());
+    tree.MakeFolder("folder.igdencoder");
+    EXPECT_FALSE(Av::ReadEncoderPresetFile(tree.NativePath("folder.igdencoder")).error.empty());
+}
+
+} // namespace
+} // namespace igd::test
