@@ -149,23 +149,6 @@ TEST_F(SampleMediaTest, GoProCardHoldsTwoChaptersWithContinuousTimecodeThenASing
     EXPECT_EQ(Probe("GOPRO_CARD/" + d + "GH010002.MP4").startTimecode, "10:01:00:00");
 }
 
-// What an editor does with a GoPro card: the chapters of each video and the videos after them
-// stitched into one proxy as long as all of them together.
-TEST_F(SampleMediaTest, IngestOfGoProCardStitchesEveryChapterIntoOneProResProxyAsLongAsTheCard) {
-    MakeCards({"gopro", "--rate", "30000/1001"});
-    const Ran run = RunIgd({"ingest", Native("media/GOPRO_CARD"), "--to", Native("Proxies") + ":Apple ProRes 422 Proxy",
-                            "--stitch", "Day 1"});
-    ASSERT_EQ(run.exitCode, 0) << run.Said();
-    double sourceSeconds = 0;
-    for (const std::string file : {"GH010001.MP4", "GH020001.MP4", "GH010002.MP4"})
-        sourceSeconds += Probe("GOPRO_CARD/DCIM/100GOPRO/" + file).durationSeconds;
-    const Av::ClipInfo stitched = Av::ProbeClip(Native("Proxies/Day 1.mov"));
-    EXPECT_EQ(Picture(stitched), "prores Proxy 320x180 30000/1001") << "the source's size and rate";
-    EXPECT_EQ(stitched.frameCount, 36);
-    EXPECT_NEAR(stitched.durationSeconds, sourceSeconds, stitched.FrameSeconds());
-    EXPECT_EQ(stitched.audioStreams, 1);
-}
-
 TEST_F(SampleMediaTest, PlainFolderAlternatesProResMovAndH264Mp4AndIsNoCard) {
     MakeCards({"plain", "--clips", "3"});
     const Ran run = RunIgd({"cards", Native("media/PLAIN")});
