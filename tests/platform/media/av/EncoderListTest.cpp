@@ -223,37 +223,5 @@ TEST(EncoderPresetFile, ReadsEveryFieldOfAPreset) {
     EXPECT_FALSE(plain.document->order);
 }
 
-TEST(EncoderPresetFile, RefusesWhatNoEncoderCouldUseWithAReason) {
-    const std::vector<std::string> refused = {
-        "",
-        "<encoderPreset version=\"1\"><name>x</name>",
-        "<preset version=\"1\"/>",
-        "<encoderPreset version=\"2\"><name>x</name><exporter>QuickTime</exporter><video encoder=\"a\"/></encoderPreset>",
-        "<encoderPreset><name>x</name><exporter>QuickTime</exporter><video encoder=\"a\"/></encoderPreset>",
-        Preset("", "QuickTime", "encoder=\"prores_ks\""),
-        Preset("x", "", "encoder=\"prores_ks\""),
-        Preset("x", "QuickTime", "profile=\"hq\""),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\" size=\"641x360\""),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\" size=\"0x360\""),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\" size=\"99999x360\""),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\" frameRate=\"25/0\""),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\" bitRate=\"-5\""),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\" bitRate=\"99999999999999999M\""),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\"", "<order>first</order>"),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\"><option>1</option></video><audio encoder=\"aac\"", ""),
-        Preset("x", "QuickTime", "encoder=\"prores_ks\"/><audio encoder=\"aac\" sampleRate=\"12\""),
-        std::string(Av::kMaxEncoderPresetBytes + 1, ' '),
-    };
-    for (const std::string& bytes : refused) {
-        const auto read = Av::ParseEncoderPresetDocument(bytes);
-        EXPECT_FALSE(read) << bytes;
-        EXPECT_FALSE(read.error.empty()) << bytes;
-    }
-    TempTree tree;
-    EXPECT_FALSE(Av::ReadEncoderPresetFile(tree.NativePath("missing.igdencoder")).error.empty());
-    tree.MakeFolder("folder.igdencoder");
-    EXPECT_FALSE(Av::ReadEncoderPresetFile(tree.NativePath("folder.igdencoder")).error.empty());
-}
-
 } // namespace
 } // namespace igd::test

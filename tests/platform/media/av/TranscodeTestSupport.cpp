@@ -1,7 +1,5 @@
 #include "TranscodeTestSupport.h"
 
-#include "Av/MediaError.h"
-
 namespace igd::test {
 
 Av::EncoderSettings ProResProxy() {
@@ -25,15 +23,6 @@ Av::TranscodeRequest RequestOf(std::vector<Av::SourceClip> clips, std::vector<Av
     request.clips = std::move(clips);
     request.outputs = std::move(outputs);
     return request;
-}
-
-std::string MediaErrorOf(const Av::TranscodeRequest& request) {
-    try {
-        Av::Transcode(request);
-    } catch (const Av::MediaError& error) {
-        return error.what();
-    }
-    return {};
 }
 
 } // namespace igd::test

@@ -129,10 +129,21 @@ TEST_F(TaskServiceTranscodeTest, BadClipsAndPresetsFailAloneNamingTheFileAndLeav
     const Fnd::WString good = Clip("A001.MP4");
     tree.MakeFile("card/A002.MP4", "not media at all");
     const Fnd::WString text = Fnd::FromUTF8(Native(source, "A002.MP4"));
-    const Fnd::WString whole = Clip("A003.MP4");
-    std::filesystem::resize_file(Fnd::ToUTF8(whole), std::filesystem::file_size(Fnd::ToUTF8(whole)) / 2);
+    // The index at the front promises a second; the frames stop halfway.
+    const Fnd::WString whole = Fnd::FromUTF8(Native(source, "A003.MP4"));
+    MakeTestClip(Fnd::ToUTF8(whole), {.audioCodec = "aac", .extraArguments = {"-movflags", "+faststart"}});
+    std::filesystem::resize_file(Fnd::ToUTF8(whole), std::filesystem::file_size(Fnd::ToUTF8(whole)) * 6 / 10);
     QL::IngestTask::TranscodeSetting cutPastEnd = Proxy(primary, {Clip("A004.MP4")});
     cutPastEnd.clips.front().outPoint = 5 * fluxmediatypes::kTicksPerSecond;
+    TestClipSpec tone;
+    tone.timecode.clear();
+    tone.extraArguments = {"-vn"};
+    MakeTestClip(Native(source, "A005.WAV"), tone);
+    const Fnd::WString sound = Fnd::FromUTF8(Native(source, "A005.WAV"));
+    home.MakeFile("encoder-presets/missing.igdencoder",
+                  "<encoderPreset version=\"1\"><name>Missing</name><exporter>QuickTime</exporter>"
+                  "<video encoder=\"no_such_encoder\"/></encoderPreset>");
+    Mid::PresetManager::Install(Av::MakeEncoderList(Av::DefaultEncoderPresetFolders()));
     {
         TaskService service(TestOptions(home));
         service.SubmitTranscodeTask(Proxy(primary, {text}), batch, {});
@@ -140,19 +151,27 @@ TEST_F(TaskServiceTranscodeTest, BadClipsAndPresetsFailAloneNamingTheFileAndLeav
         service.SubmitTranscodeTask(Proxy(primary, {whole}), batch, {});
         service.SubmitTranscodeTask(cutPastEnd, batch, {});
         service.SubmitTranscodeTask(Proxy(primary, {good}, u"No Such Preset"), batch, {});
+        service.SubmitTranscodeTask(Proxy(primary, {sound}), batch, {});
+        service.SubmitTranscodeTask(Proxy(primary, {good}, u"Missing"), batch, {});
         const BatchOutcomeMessage& outcome = Run();
         EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
-        EXPECT_EQ(outcome.tasksFailed, 4u);
+        EXPECT_EQ(outcome.tasksFailed, 6u);
         EXPECT_EQ(outcome.filesCopied, 1u);
     }
-    ASSERT_EQ(log.tasks.size(), 5u);
+    ASSERT_EQ(log.tasks.size(), 7u);
     EXPECT_EQ(log.tasks[1].status, OutcomeStatus::Succeeded);
-    for (const std::size_t failed : {0u, 2u, 3u, 4u})
-        EXPECT_EQ(log.tasks[failed].status, OutcomeStatus::Failed) << failed;
-    EXPECT_NE(log.tasks[0].reason.find(text), Fnd::WString::npos);
-    EXPECT_NE(log.tasks[2].reason.find(whole), Fnd::WString::npos);
-    EXPECT_NE(log.tasks[3].reason.find(u"out point"), Fnd::WString::npos);
-    EXPECT_NE(log.tasks[4].reason.find(u"No Such Preset"), Fnd::WString::npos);
+    const auto says = [&](std::size_t task, const Fnd::WString& path, const Fnd::WString& why) {
+        EXPECT_EQ(log.tasks[task].status, OutcomeStatus::Failed) << task;
+        const Fnd::WString& reason = log.tasks[task].reason;
+        EXPECT_NE(reason.find(path), Fnd::WString::npos) << Fnd::ToUTF8(reason);
+        EXPECT_NE(reason.find(why), Fnd::WString::npos) << Fnd::ToUTF8(reason);
+    };
+    says(0, text, u"not a media file");
+    says(2, whole, u"the clip is truncated");
+    says(3, Fnd::FromUTF8(Native(source, "A004.MP4")), u"the out point 5.00 s lies past the end of the clip (1.00 s)");
+    says(4, u"", u"No Such Preset");
+    says(5, sound, u"the clip has no video");
+    says(6, u"", u"the encoder no_such_encoder is not in this build of FFmpeg");
     EXPECT_EQ(Names(primary), std::vector<std::string>{"A001.mov"});
 }
 
