@@ -52,29 +52,6 @@ protected:
     std::vector<Av::EncoderPresetWarning> warnings;
 };
 
-TEST_F(EncoderListTest, ExportersAreTheWritableFormatsInAFixedOrder) {
-    const auto list = Av::MakeEncoderList(Av::DefaultEncoderPresetFolders());
-    const std::vector<std::u16string> known = {u"QuickTime", u"MXF OP1a", u"H.264", u"HEVC"};
-    std::vector<std::u16string> shown;
-    for (const Mid::ExporterRef& exporter : list->GetEncoderList()) {
-        shown.push_back(exporter->GetDisplayName());
-        const auto info = Av::DescribeExporter(exporter);
-        ASSERT_TRUE(info);
-        EXPECT_TRUE(Av::HasMuxer(info->muxer)) << info->muxer;
-    }
-    // The tests' clips are ProRes, so this FFmpeg writes QuickTime at least.
-    ASSERT_FALSE(shown.empty());
-    EXPECT_EQ(shown.front(), u"QuickTime");
-    auto at = known.begin();
-    for (const std::u16string& name : shown) {
-        at = std::find(at, known.end(), name);
-        ASSERT_NE(at, known.end()) << "out of order or unknown: " << Fnd::ToUTF8(name);
-    }
-    // The same objects on every call: a menu row keeps pointing at its exporter.
-    EXPECT_EQ(list->GetEncoderList(), list->GetEncoderList());
-    EXPECT_FALSE(Av::HasEncoder("no_such_encoder"));
-}
-
 TEST_F(EncoderListTest, ShippedPresetsFollowTheirOrderThenFileNames) {
     tree.MakeFile("system/a.igdencoder", Preset("Third", "QuickTime", "encoder=\"prores_ks\""));
     tree.MakeFile("system/b.igdencoder", Preset("Second", "QuickTime", "encoder=\"prores_ks\"", "<order>2</order>"));
@@ -158,14 +135,6 @@ TEST_F(EncoderListTest, FindEncoderSettingsAnswersFromTheInstalledList) {
                   Preset("Small", "QuickTime", "encoder=\"dnxhd\" size=\"640x360\" frameRate=\"25\""));
     Av::InstallEncoderList();
     EXPECT_TRUE(Mid::IsKilnInstalled());
-
-    // The preset the demo and the task tests transcode with.
-    const auto proxy = Av::FindEncoderSettings(u"QuickTime", u"Apple ProRes 422 Proxy");
-    ASSERT_TRUE(proxy);
-    EXPECT_EQ(proxy->container, "mov");
-    EXPECT_EQ(proxy->extension, "mov");
-    EXPECT_EQ(proxy->videoEncoder, "prores_ks");
-    EXPECT_TRUE(Av::HasEncoder(proxy->videoEncoder));
 
     const auto small = Av::FindEncoderSettings(u"QuickTime", u"Small");
     ASSERT_TRUE(small);
