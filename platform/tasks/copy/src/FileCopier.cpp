@@ -211,8 +211,12 @@ int FileCopier::CreateTemporaryFile(const std::string& finalPath, std::string& t
     return 0;
 }
 
-int FileCopier::GiveFreeName(const std::string& temporary, const std::string& finalPath, std::string& taken) {
-    return RenameToFreeName(temporary, finalPath, taken);
+std::string FileCopier::NumberedName(const std::string& path, unsigned n) {
+    return NumberedPath(path, n, /*isFolder=*/false);
+}
+
+int FileCopier::RenameWithoutReplacing(const std::string& from, const std::string& to) {
+    return RenameNoReplace(from, to);
 }
 
 bool FileCopier::IsTemporaryNameFor(const std::string& fileName, const std::string& finalName) {

@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 #include "FileComparison.h"
 #include "LeftTemporaries.h"
 #include "Fnd/PathUtils.h"
@@ -63,12 +65,28 @@ Kept StillComplete(const FileRecord& file) {
     return Kept::Changed;
 }
 
+// A transcode journals the name of its checked file before it gives it: the temporary gone and a
+// file standing under that name mean the rename happened and only its record was lost.
+std::vector<bool> NamedBeforeTheCrash(const std::vector<FileRecord>& files) {
+    std::vector<bool> named(files.size(), false);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const FileRecord& file = files[i];
+        if (file.state != FileState::Copying || file.finalPath.empty() || file.temporary.empty())
+            continue;
+        struct stat info {};
+        named[i] = ::lstat(file.temporary.c_str(), &info) != 0 && errno == ENOENT &&
+                   ::lstat(file.finalPath.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+    }
+    return named;
+}
+
 } // namespace
 
 ResumeFindings PrepareForResume(std::vector<FileRecord>& files,
                                 const std::unordered_map<std::int64_t, std::uint32_t>& verifyModeOfTask,
                                 RunJournal& journal) {
     ResumeFindings findings;
+    const std::vector<bool> named = NamedBeforeTheCrash(files);
     // Sidecars are written after their files are verified: any file may have left one.
     RemoveLeftTemporaries(files);
     std::vector<const FileRecord*> updated;
@@ -76,6 +94,17 @@ ResumeFindings PrepareForResume(std::vector<FileRecord>& files,
         FileRecord& file = files[i];
         if (file.state == FileState::Skipped)
             continue;
+        if (named[i]) {
+            struct stat info {};
+            ::stat(file.finalPath.c_str(), &info);
+            file.state = FileState::Verified;
+            file.size = static_cast<std::uint64_t>(info.st_size);
+            file.temporary.clear();
+            file.reason.clear();
+            findings.alreadyCopied.push_back(i);
+            updated.push_back(&file);
+            continue;
+        }
         if (file.state == FileState::Verified) {
             switch (StillComplete(file)) {
             case Kept::Yes:

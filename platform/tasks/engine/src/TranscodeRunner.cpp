@@ -21,6 +21,9 @@
 namespace QL::Engine {
 namespace {
 
+// Past this many "name (n)" files beside it a folder is full of leftovers; the transcode gives up.
+constexpr unsigned kMostNumberedNames = 100000;
+
 const TranscodeTaskRecord* RecordOf(const BatchRun& run, std::int64_t task) {
     for (const RunTask& candidate : run.tasks)
         if (candidate.id == task)
@@ -153,8 +156,24 @@ void TranscodeRunner::Finish(std::size_t output) {
         Settle(output, FileState::Failed, std::string("cannot flush the transcoded file: ") + std::strerror(error));
         return;
     }
+    // The name is journalled before it is given: after a crash between the two, resume finds the
+    // file under it and keeps it instead of transcoding it again beside itself.
+    const std::string target = Fnd::ToUTF8(file.target);
     std::string taken;
-    if (const int error = FileCopier::GiveFreeName(file.temporary, Fnd::ToUTF8(file.target), taken); error != 0) {
+    int error = EEXIST;
+    for (unsigned n = 0; error == EEXIST && n < kMostNumberedNames; ++n) {
+        const std::string candidate = FileCopier::NumberedName(target, n);
+        struct stat existing {};
+        if (::lstat(candidate.c_str(), &existing) == 0)
+            continue;
+        file.finalPath = candidate;
+        journal_.UpdateFiles({&file});
+        error = FileCopier::RenameWithoutReplacing(file.temporary, candidate);
+        if (error == 0)
+            taken = candidate;
+    }
+    if (error != 0) {
+        file.finalPath.clear();
         Settle(output, FileState::Failed, std::string("cannot give the transcoded file its name: ") + std::strerror(error));
         return;
     }

@@ -11,6 +11,8 @@
 #include "Fnd/PathUtils.h"
 #include "Mid/PresetManager.h"
 #include "Proj/Project.h"
+#include "QL/Engine/FileCopier.h"
+#include "QL/Engine/Journal.h"
 #include "QL/XmpSidecarWriter.h"
 #include "support/TestClips.h"
 
@@ -173,6 +175,43 @@ TEST_F(TaskServiceTranscodeTest, BadClipsAndPresetsFailAloneNamingTheFileAndLeav
     says(5, sound, u"the clip has no video");
     says(6, good, u"the encoder no_such_encoder is not in this build of FFmpeg");
     EXPECT_EQ(Names(primary), std::vector<std::string>{"A001.mov"});
+}
+
+TEST_F(TaskServiceTranscodeTest, ResumeKeepsAFileNamedJustBeforeTheCrashAndRedoesOneThatWasNot) {
+    const Fnd::WString clip = Clip("A001.MP4");
+    const std::string named = Native(primary, "A001.mov");
+    const std::string unnamed = Native(backup, "A001.mov");
+    {
+        Journal journal(TestOptions(home).journalPath);
+        std::vector<FileRecord> files;
+        std::vector<FileRecord> more;
+        journal.AddTask(batch, MakeTranscodeRecord(TaskKind::Transcode, Proxy(primary, {clip}), {}), files);
+        journal.AddTask(batch, MakeTranscodeRecord(TaskKind::Transcode, Proxy(backup, {clip}), {}), more);
+        files.push_back(more.front());
+        journal.MarkBatchRunning(batch, {}, home.ProjectPath());
+        std::filesystem::create_directories(Fnd::ToUTF8(primary));
+        std::filesystem::create_directories(Fnd::ToUTF8(backup));
+        // The primary's file was renamed into place, the record of it lost with the process.
+        std::ofstream(named) << "checked and named before the crash";
+        files[0].state = FileState::Copying;
+        files[0].temporary = FileCopier::TemporaryPathFor(named);
+        files[0].finalPath = named;
+        // The backup's name was journalled, its temporary never renamed.
+        ASSERT_EQ(FileCopier::CreateTemporaryFile(unnamed, files[1].temporary), 0);
+        files[1].state = FileState::Copying;
+        files[1].finalPath = unnamed;
+        journal.UpdateFiles({&files[0], &files[1]});
+    }
+    {
+        TaskService service(TestOptions(home));
+        ASSERT_EQ(service.Resume(batch, [](const std::string&) {}), TaskService::ResumeResult::Queued);
+        EXPECT_EQ(RunUntilOutcome(log, batch, std::chrono::seconds(120)).status, OutcomeStatus::Succeeded);
+    }
+    EXPECT_EQ(Names(primary), std::vector<std::string>{"A001.mov"});
+    std::ifstream kept(named);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "checked and named before the crash");
+    EXPECT_EQ(Names(backup), std::vector<std::string>{"A001.mov"});
+    EXPECT_EQ(Av::ProbeClip(unnamed).videoCodec, "prores");
 }
 
 } // namespace

@@ -118,10 +118,12 @@ public:
     static bool IsTemporaryName(const std::string& fileName);
     // Whether a file name is that of a temporary for the final name, numbered or not.
     static bool IsTemporaryNameFor(const std::string& fileName, const std::string& finalName);
-    // For the service's other writers (transcodes), the copier's own temporaries and keep-both
-    // rename, so that resume cleans after them alike. Both answer 0 or an errno.
+    // For the service's other writers (transcodes): the copier's own temporaries, so that resume
+    // cleans after them alike, its keep-both names (n = 0 is the path itself, then "name (n)") and
+    // its rename that never replaces. Both operations answer 0 or an errno (EEXIST: name taken).
     static int CreateTemporaryFile(const std::string& finalPath, std::string& temporary);
-    static int GiveFreeName(const std::string& temporary, const std::string& finalPath, std::string& taken);
+    static std::string NumberedName(const std::string& path, unsigned n);
+    static int RenameWithoutReplacing(const std::string& from, const std::string& to);
 
 private:
     std::size_t chunkBytes_;
