@@ -1,13 +1,13 @@
-// `igd ingest` with transcoding destinations as a user runs it: real clips, ffprobe reading back
-// what landed, and a kill in the middle of an encode.
+// `igd ingest` with transcoding destinations as a user runs it: real clips, read back as they
+// landed, and a kill in the middle of an encode.
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "Av/ClipInfo.h"
 #include "QL/Engine/FileCopier.h"
 #include "apps/igd/IgdCommand.h"
 #include "support/TestClips.h"
@@ -15,33 +15,17 @@
 namespace igd::test {
 namespace {
 
-// What ffprobe says of the file's first video stream and its duration: "codec,width,height,rate"
-// and seconds.
+// What the file's first video stream is, "codec,width,height,rate", and how long the file lasts.
 struct Probed {
     std::string stream;
     double seconds = 0;
 };
 
-Probed FFprobe(const std::string& path) {
-    const auto run = [](const std::string& command) {
-        std::string out;
-        if (FILE* pipe = ::popen(command.c_str(), "r")) {
-            char buffer[256];
-            while (std::fgets(buffer, sizeof buffer, pipe))
-                out += buffer;
-            ::pclose(pipe);
-        }
-        while (!out.empty() && (out.back() == '\n' || out.back() == ','))
-            out.pop_back();
-        return out;
-    };
-    const std::string quoted = "'" + path + "'";
-    Probed probed;
-    probed.stream = run("ffprobe -v error -select_streams v:0 -show_entries stream=codec_name,width,height,r_frame_rate "
-                        "-of csv=p=0 " + quoted);
-    const std::string seconds = run("ffprobe -v error -show_entries format=duration -of csv=p=0 " + quoted);
-    probed.seconds = seconds.empty() ? -1 : std::stod(seconds);
-    return probed;
+Probed Probe(const std::string& path) {
+    const Av::ClipInfo clip = Av::ProbeClip(path);
+    return {clip.videoCodec + "," + std::to_string(clip.width) + "," + std::to_string(clip.height) + "," +
+                std::to_string(clip.frameRateNum) + "/" + std::to_string(clip.frameRateDen),
+            clip.durationSeconds};
 }
 
 std::vector<std::string> TemporariesBelow(const std::string& root) {
@@ -72,12 +56,14 @@ protected:
 TEST_F(IgdTranscodeCommandTest, AGoProVideoStitchedIsOneFileAsLongAsItsChapters) {
     Clip("GOPRO/DCIM/100GOPRO/GH010001.MP4", 1.0);
     Clip("GOPRO/DCIM/100GOPRO/GH020001.MP4", 0.6);
+    tree.MakeFile("main/Day1.mov", "the user's own file");
     const Ran ran = RunIgd({"ingest", Native("GOPRO"), "--to", Native("main") + ":Apple ProRes 422 Proxy",
                             "--stitch", "Day1"});
     ASSERT_EQ(ran.exitCode, 0) << ran.Said();
-    const Probed stitched = FFprobe(Native("main/Day1.mov"));
+    const Probed stitched = Probe(Native("main/Day1 (1).mov"));
     EXPECT_EQ(stitched.stream, "prores,320,180,25/1");
     EXPECT_NEAR(stitched.seconds, 1.6, 0.04);
+    EXPECT_EQ(ReadFileBytes(Native("main/Day1.mov")), "the user's own file") << "a stitch takes no existing name";
 }
 
 TEST_F(IgdTranscodeCommandTest, AProxyKeepsTheSourcesSizeAndRateBesideAVerifiedCopy) {
@@ -86,7 +72,7 @@ TEST_F(IgdTranscodeCommandTest, AProxyKeepsTheSourcesSizeAndRateBesideAVerifiedC
                             Native("proxies") + ":QuickTime:Apple ProRes 422 Proxy", "--verify", "xxh128"});
     ASSERT_EQ(ran.exitCode, 0) << ran.Said();
     EXPECT_TRUE(std::filesystem::exists(Native("main/A001.MP4")));
-    const Probed proxy = FFprobe(Native("proxies/A001.mov"));
+    const Probed proxy = Probe(Native("proxies/A001.mov"));
     EXPECT_EQ(proxy.stream, "prores,640,360,30000/1001");
     EXPECT_NEAR(proxy.seconds, 1.0, 0.034);
 
@@ -114,7 +100,7 @@ TEST_F(IgdTranscodeCommandTest, AKillDuringAnEncodeLeavesATemporaryThatResumeRep
     const Ran resume = RunIgd({"resume"});
     EXPECT_EQ(resume.exitCode, 0) << resume.Said();
     EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
-    EXPECT_NEAR(FFprobe(Native("main/LONG.mov")).seconds, 40.0, 0.04);
+    EXPECT_NEAR(Probe(Native("main/LONG.mov")).seconds, 40.0, 0.04);
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(Native("main")))
         names.push_back(entry.path().filename().string());

@@ -1,9 +1,8 @@
-// Transcodes and stitches as the service runs them: real clips in, checked files out, failures
-// alone, nothing left under a temporary or a final name for what failed.
+// Transcodes as the service runs them: real clips in, checked files out, failures alone, nothing
+// left under a temporary or a final name for what failed. Stitching is seen through `igd ingest`.
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "Av/ClipInfo.h"
 #include "Av/EncoderList.h"
@@ -107,24 +106,6 @@ TEST_F(TaskServiceTranscodeTest, TwoDestinationsGetACheckedProxyEachImportedWith
     for (const BatchProgressMessage& progress : log.progress)
         mostFrames = std::max(mostFrames, progress.framesTotal);
     EXPECT_EQ(mostFrames, 25u);
-}
-
-TEST_F(TaskServiceTranscodeTest, AStitchIsOneFileAsLongAsItsClipsAndTakesNoExistingName) {
-    const Fnd::WString first = Clip("GH010001.MP4", 1.0);
-    const Fnd::WString second = Clip("GH020001.MP4", 0.6);
-    std::filesystem::create_directories(Fnd::ToUTF8(primary));
-    std::ofstream(Native(primary, "Stitched.mov")) << "the user's own file";
-    {
-        TaskService service(TestOptions(home));
-        QL::IngestTask::TranscodeSetting stitch = Proxy(primary, {first, second});
-        stitch.concatenate = true;
-        stitch.concatenateName = u"Stitched";
-        service.SubmitConcatenateTask(stitch, batch, {});
-        EXPECT_EQ(Run().status, OutcomeStatus::Succeeded);
-    }
-    EXPECT_NEAR(Av::ProbeClip(Native(primary, "Stitched (1).mov")).durationSeconds, 1.6, 0.04);
-    std::ifstream kept(Native(primary, "Stitched.mov"));
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "the user's own file");
 }
 
 TEST_F(TaskServiceTranscodeTest, BadClipsAndPresetsFailAloneNamingTheFileAndLeaveNothing) {
