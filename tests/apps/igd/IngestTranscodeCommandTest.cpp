@@ -1,13 +1,13 @@
-// `igd ingest` with transcoding destinations as a user runs it: real clips, read back as they
-// landed, and a kill in the middle of an encode.
+// `igd ingest` with transcoding destinations as a user runs it: real clips, ffprobe (not our own
+// probe) reading back what landed, and a kill in the middle of an encode.
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "Av/ClipInfo.h"
 #include "QL/Engine/FileCopier.h"
 #include "apps/igd/IgdCommand.h"
 #include "support/TestClips.h"
@@ -22,10 +22,23 @@ struct Probed {
 };
 
 Probed Probe(const std::string& path) {
-    const Av::ClipInfo clip = Av::ProbeClip(path);
-    return {clip.videoCodec + "," + std::to_string(clip.width) + "," + std::to_string(clip.height) + "," +
-                std::to_string(clip.frameRateNum) + "/" + std::to_string(clip.frameRateDen),
-            clip.durationSeconds};
+    const auto run = [](const std::string& command) {
+        std::string out;
+        if (FILE* pipe = ::popen(command.c_str(), "r")) {
+            char buffer[256];
+            while (std::fgets(buffer, sizeof buffer, pipe))
+                out += buffer;
+            ::pclose(pipe);
+        }
+        while (!out.empty() && (out.back() == '\n' || out.back() == ','))
+            out.pop_back();
+        return out;
+    };
+    const std::string quoted = "'" + path + "'";
+    const std::string seconds = run("ffprobe -v error -show_entries format=duration -of csv=p=0 " + quoted);
+    return {run("ffprobe -v error -select_streams v:0 -show_entries stream=codec_name,width,height,r_frame_rate "
+                "-of csv=p=0 " + quoted),
+            seconds.empty() ? -1 : std::stod(seconds)};
 }
 
 std::vector<std::string> TemporariesBelow(const std::string& root) {
