@@ -85,15 +85,13 @@ TEST_F(HostileInputCommandTest, ALinkBetweenSourceAndDestinationIsRefusedEitherW
     EXPECT_TRUE(Proj::Project::Open(home.ProjectPath())->Items().empty());
 }
 
+// Which names are refused is the checks' to say; here, that igd says it as they do and makes nothing.
 TEST_F(HostileInputCommandTest, ASubfolderMustBeOneFoldersName) {
     tree.MakeFile("card/A001.MOV", "frames");
     tree.MakeFolder("backups/main");
-    for (const std::string name : {"..", ".", " .. ", "day1/..", "../day1", " \t "}) {
-        SCOPED_TRACE(name);
-        const Ran ran = RunIgd({"ingest", Native("card"), "--to", Native("backups/main"), "--subfolder", name});
-        EXPECT_EQ(ran.exitCode, 1);
-        EXPECT_EQ(ran.err, "Invalid Folder Name: " + name + "\nThe folder name is not valid.\n");
-    }
+    const Ran ran = RunIgd({"ingest", Native("card"), "--to", Native("backups/main"), "--subfolder", "day1/.."});
+    EXPECT_EQ(ran.exitCode, 1);
+    EXPECT_EQ(ran.err, "Invalid Folder Name: day1/..\nThe folder name is not valid.\n");
     EXPECT_EQ(EntriesBelow(Native("backups")), std::vector<std::string>{Native("backups/main")});
 }
 
