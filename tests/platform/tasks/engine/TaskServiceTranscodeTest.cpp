@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "Av/ClipInfo.h"
 #include "Av/EncoderList.h"
