@@ -137,7 +137,6 @@ TEST_F(DirectTest, TheGroupsTextsChooseTheVerification) {
                  {u"Verify", u"BitByBit", nullptr, kVerifyBitByBit},
                  {u"Verify", u"bitbybit", nullptr, kVerifyMD5},
                  {u"verify", u"FileSize", nullptr, kVerifyNone},
-                 {u"Verify", u"Other", "xxh128", kVerifyXXH128},
                  {u"Verify", u"", "xxh3", kVerifyXXH3},
                  {u"Verify", u"Other", "sha1", kVerifyMD5},
                  {u"Verify", u"MD5", "xxh128", kVerifyMD5},
