@@ -201,31 +201,6 @@ TEST_F(TaskServiceCopyTest, AFolderAnsweredKeepBothOrReplaceIsMergedIntoNeverEmp
     EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(primary + u"/card/CLIP (1)", false));
 }
 
-TEST_F(TaskServiceCopyTest, ASourceThatVanishesFailsAloneAndTheOthersComplete) {
-    // The card loses the last clip after the plan was made: each source is opened only in its turn.
-    TaskService service(TestOptions(home));
-    SubmitThreeClips(service);
-    std::remove(Native(source, "A003.MOV").c_str());
-    StartBatch(batch);
-
-    const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
-    EXPECT_EQ(outcome.status, OutcomeStatus::Failed);
-    EXPECT_EQ(outcome.filesCopied, 2u);
-    EXPECT_EQ(outcome.filesFailed, 1u);
-    const FileOutcomeMessage* lost = log.FileOutcome(Fnd::FromUTF8(Native(primary, "A003.MOV")));
-    ASSERT_NE(lost, nullptr);
-    EXPECT_EQ(lost->status, FileStatus::Failed);
-    EXPECT_NE(Fnd::ToUTF8(lost->reason).find("No such file or directory"), std::string::npos)
-        << Fnd::ToUTF8(lost->reason);
-    EXPECT_FALSE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Native(primary, "A003.MOV")), false));
-    EXPECT_TRUE(Fnd::PathUtils::ExistsOnDisk(Fnd::FromUTF8(Native(primary, "A002.MOV")), false));
-    ASSERT_EQ(log.tasks.size(), 1u);
-    EXPECT_EQ(log.tasks[0].status, OutcomeStatus::Failed);
-    EXPECT_EQ(log.tasks[0].filesFailed, 1u);
-    EXPECT_EQ(log.tasks[0].itemsImported, 2u);
-    EXPECT_NE(Fnd::ToUTF8(log.tasks[0].reason).find("A003.MOV"), std::string::npos);
-}
-
 TEST_F(TaskServiceCopyTest, ADestinationThatCannotBeMadeFailsItsFilesAndLeavesNoFinalName) {
     tree.MakeFile("card/A001.MOV", "frames");
     tree.MakeFile("blocker", "a file where the destination's parent should be");
