@@ -87,7 +87,7 @@ std::optional<ExporterInfo> DescribeExporter(const Mid::ExporterRef& exporter) {
     const auto own = ExporterModule::From(exporter);
     if (!own)
         return std::nullopt;
-    return ExporterInfo{own->Spec().muxer, own->Spec().extension};
+    return ExporterInfo{own->Definition().muxer, own->Definition().extension};
 }
 
 bool HasEncoder(const std::string& name) {

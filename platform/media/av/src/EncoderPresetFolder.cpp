@@ -55,7 +55,7 @@ Fnd::InterfaceRef<EncoderPresetObject> Load(const std::string& path, bool user, 
         reason = std::move(read.error);
         return nullptr;
     }
-    const ExporterSpec* exporter = FindKnownExporter(read.document->exporter);
+    const ExporterDefinition* exporter = FindKnownExporter(read.document->exporter);
     if (!exporter) {
         reason = "names the exporter \"" + Fnd::ToUTF8(read.document->exporter) + "\", which this build does not know";
         return nullptr;

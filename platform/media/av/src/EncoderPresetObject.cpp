@@ -16,28 +16,4 @@ Fnd::InterfaceRef<EncoderPresetObject> EncoderPresetObject::From(const Mid::Enco
     return Fnd::InterfaceRef<EncoderPresetObject>::Query(preset);
 }
 
-void EncoderPresetObject::AddRef() {
-    count_.fetch_add(1, std::memory_order_relaxed);
-}
-
-void EncoderPresetObject::Release() {
-    if (count_.fetch_sub(1, std::memory_order_acq_rel) == 1)
-        delete this;
-}
-
-Fnd::QueryResult EncoderPresetObject::QueryInterface(const Fnd::InterfaceID& id, void** out) {
-    if (id == GetInterfaceID()) {
-        AddRef();
-        *out = this;
-        return Fnd::kQueryOK;
-    }
-    if (id == EncoderHost::IPreset::GetInterfaceID() || id == Fnd::FndUnknown::GetInterfaceID()) {
-        AddRef();
-        *out = static_cast<EncoderHost::IPreset*>(this);
-        return Fnd::kQueryOK;
-    }
-    *out = nullptr;
-    return Fnd::kQueryNoInterface;
-}
-
 } // namespace Av

@@ -4,8 +4,8 @@
 
 namespace Av {
 
-const std::vector<ExporterSpec>& KnownExporters() {
-    static const std::vector<ExporterSpec> known = {
+const std::vector<ExporterDefinition>& KnownExporters() {
+    static const std::vector<ExporterDefinition> known = {
         {u"QuickTime", "mov", "mov", {"prores_ks", "dnxhd"}},
         {u"MXF OP1a", "mxf", "mxf", {"dnxhd"}},
         {u"H.264", "mp4", "mp4", {"libx264"}},
@@ -14,17 +14,17 @@ const std::vector<ExporterSpec>& KnownExporters() {
     return known;
 }
 
-const ExporterSpec* FindKnownExporter(const Fnd::WString& displayName) {
-    for (const ExporterSpec& spec : KnownExporters())
-        if (spec.displayName == displayName)
-            return &spec;
+const ExporterDefinition* FindKnownExporter(const Fnd::WString& displayName) {
+    for (const ExporterDefinition& definition : KnownExporters())
+        if (definition.displayName == displayName)
+            return &definition;
     return nullptr;
 }
 
-bool ExporterAvailable(const ExporterSpec& spec) {
-    if (!HasMuxer(spec.muxer))
+bool ExporterAvailable(const ExporterDefinition& definition) {
+    if (!HasMuxer(definition.muxer))
         return false;
-    for (const std::string& encoder : spec.encoders)
+    for (const std::string& encoder : definition.encoders)
         if (HasEncoder(encoder))
             return true;
     return false;
@@ -35,36 +35,12 @@ const Fnd::InterfaceID& ExporterModule::GetInterfaceID() {
     return id;
 }
 
-Fnd::InterfaceRef<ExporterModule> ExporterModule::Create(const ExporterSpec& spec) {
-    return Fnd::InterfaceRef<ExporterModule>(new ExporterModule(spec));
+Fnd::InterfaceRef<ExporterModule> ExporterModule::Create(const ExporterDefinition& definition) {
+    return Fnd::InterfaceRef<ExporterModule>(new ExporterModule(definition));
 }
 
 Fnd::InterfaceRef<ExporterModule> ExporterModule::From(const Fnd::InterfaceRef<Plug::IExporterModule>& exporter) {
     return Fnd::InterfaceRef<ExporterModule>::Query(exporter);
-}
-
-void ExporterModule::AddRef() {
-    count_.fetch_add(1, std::memory_order_relaxed);
-}
-
-void ExporterModule::Release() {
-    if (count_.fetch_sub(1, std::memory_order_acq_rel) == 1)
-        delete this;
-}
-
-Fnd::QueryResult ExporterModule::QueryInterface(const Fnd::InterfaceID& id, void** out) {
-    if (id == GetInterfaceID()) {
-        AddRef();
-        *out = this;
-        return Fnd::kQueryOK;
-    }
-    if (id == Plug::IExporterModule::GetInterfaceID() || id == Fnd::FndUnknown::GetInterfaceID()) {
-        AddRef();
-        *out = static_cast<Plug::IExporterModule*>(this);
-        return Fnd::kQueryOK;
-    }
-    *out = nullptr;
-    return Fnd::kQueryNoInterface;
 }
 
 } // namespace Av

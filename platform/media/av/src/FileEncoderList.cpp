@@ -17,9 +17,9 @@ void Keep(const std::vector<Fnd::InterfaceRef<EncoderPresetObject>>& presets, co
 
 FileEncoderList::FileEncoderList(const EncoderPresetFolders& folders)
     : user_(folders.user, true), system_(folders.system, false) {
-    for (const ExporterSpec& spec : KnownExporters())
-        if (ExporterAvailable(spec))
-            exporters_.emplace_back(ExporterModule::Create(spec).get());
+    for (const ExporterDefinition& definition : KnownExporters())
+        if (ExporterAvailable(definition))
+            exporters_.emplace_back(ExporterModule::Create(definition).get());
 }
 
 void FileEncoderList::LoadPresets(const Mid::ExporterRef& exporter, std::vector<Mid::EncoderPresetRef>& user,
@@ -32,8 +32,8 @@ void FileEncoderList::LoadPresets(const Mid::ExporterRef& exporter, std::vector<
     std::vector<EncoderPresetWarning> warnings;
     {
         std::lock_guard lock(mutex_);
-        Keep(system_.Rescan(warnings), own->Spec().displayName, system);
-        Keep(user_.Rescan(warnings), own->Spec().displayName, user);
+        Keep(system_.Rescan(warnings), own->Definition().displayName, system);
+        Keep(user_.Rescan(warnings), own->Definition().displayName, user);
     }
     // Outside the lock, so that a handler may list presets itself.
     for (const EncoderPresetWarning& warning : warnings)

@@ -24,13 +24,6 @@ namespace {
 // Past this many "name (n)" files beside it a folder is full of leftovers; the transcode gives up.
 constexpr unsigned kMostNumberedNames = 100000;
 
-const TranscodeTaskRecord* RecordOf(const BatchRun& run, std::int64_t task) {
-    for (const RunTask& candidate : run.tasks)
-        if (candidate.id == task)
-            return &candidate.record.Transcode();
-    return nullptr;
-}
-
 // Written data reaches the medium before the name says the file is whole.
 int Flush(const std::string& path) {
     const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -56,6 +49,9 @@ std::string Quoted(const Fnd::WString& text) {
 } // namespace
 
 void TranscodeRunner::RunAll() {
+    for (const RunTask& task : run_.tasks)
+        if (task.record.kind == TaskKind::Transcode || task.record.kind == TaskKind::Concatenate)
+            records_.emplace(task.id, &task.record.Transcode());
     const std::vector<TranscodeJob> jobs = TranscodeJobsOf(run_);
     for (std::size_t j = 0; j < jobs.size(); ++j) {
         if (!run_.control->Checkpoint()) {
@@ -76,7 +72,8 @@ void TranscodeRunner::Run(const TranscodeJob& job) {
     std::vector<std::size_t> writing; // outputs of the request, in its order
     for (std::size_t output : job.outputs) {
         FileRecord& file = run_.files[output];
-        const TranscodeTaskRecord* record = RecordOf(run_, file.task);
+        const auto found = records_.find(file.task);
+        const TranscodeTaskRecord* record = found == records_.end() ? nullptr : found->second;
         const auto settings =
             record ? Av::FindEncoderSettings(record->exporterName, record->presetName) : std::nullopt;
         if (!settings) {

@@ -1,5 +1,6 @@
 #pragma once
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "BatchRun.h"
@@ -30,6 +31,7 @@ private:
     BatchRun& run_;
     RunJournal& journal_;
     BatchCounters& counters_;
+    std::unordered_map<std::int64_t, const TranscodeTaskRecord*> records_; // by task id
 };
 
 } // namespace QL::Engine
