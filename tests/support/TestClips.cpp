@@ -24,21 +24,21 @@ int RunProgram(const std::vector<std::string>& arguments) {
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-void MakeTestClip(const std::string& path, const TestClipSpec& spec) {
-    const std::string duration = std::to_string(spec.seconds);
+void MakeTestClip(const std::string& path, const TestClipOptions& clip) {
+    const std::string duration = std::to_string(clip.seconds);
     std::vector<std::string> arguments{"ffmpeg", "-nostdin", "-loglevel", "error", "-y", "-f", "lavfi", "-i",
-                                       "testsrc2=size=" + std::to_string(spec.width) + "x" +
-                                           std::to_string(spec.height) + ":rate=" + spec.frameRate +
+                                       "testsrc2=size=" + std::to_string(clip.width) + "x" +
+                                           std::to_string(clip.height) + ":rate=" + clip.frameRate +
                                            ":duration=" + duration};
-    if (spec.audio)
+    if (clip.audio)
         arguments.insert(arguments.end(),
                          {"-f", "lavfi", "-i", "sine=frequency=440:sample_rate=48000:duration=" + duration});
-    arguments.insert(arguments.end(), {"-c:v", spec.videoCodec});
-    if (spec.audio)
-        arguments.insert(arguments.end(), {"-c:a", spec.audioCodec});
-    if (!spec.timecode.empty())
-        arguments.insert(arguments.end(), {"-timecode", spec.timecode});
-    arguments.insert(arguments.end(), spec.extraArguments.begin(), spec.extraArguments.end());
+    arguments.insert(arguments.end(), {"-c:v", clip.videoCodec});
+    if (clip.audio)
+        arguments.insert(arguments.end(), {"-c:a", clip.audioCodec});
+    if (!clip.timecode.empty())
+        arguments.insert(arguments.end(), {"-timecode", clip.timecode});
+    arguments.insert(arguments.end(), clip.extraArguments.begin(), clip.extraArguments.end());
     arguments.push_back(path);
 
     if (RunProgram(arguments) != 0)

@@ -6,7 +6,7 @@
 
 namespace igd::test {
 
-struct TestClipSpec {
+struct TestClipOptions {
     int width = 320;
     int height = 180;
     std::string frameRate = "25"; // as ffmpeg takes it: "25", "30000/1001"
@@ -24,6 +24,6 @@ int RunProgram(const std::vector<std::string>& arguments);
 
 // Writes the clip to path (its extension chooses the container unless the extra arguments do);
 // fails the calling test through an exception when ffmpeg does not make it.
-void MakeTestClip(const std::string& path, const TestClipSpec& spec = {});
+void MakeTestClip(const std::string& path, const TestClipOptions& clip = {});
 
 } // namespace igd::test

@@ -55,14 +55,14 @@ protected:
     void Clip(const std::string& relative, double seconds, int width = 320, int height = 180,
               const std::string& rate = "25") {
         std::filesystem::create_directories(std::filesystem::path(Native(relative)).parent_path());
-        TestClipSpec spec;
-        spec.seconds = seconds;
-        spec.width = width;
-        spec.height = height;
-        spec.frameRate = rate;
-        spec.videoCodec = "libx264";
-        spec.audioCodec = "aac";
-        MakeTestClip(Native(relative), spec);
+        TestClipOptions clip;
+        clip.seconds = seconds;
+        clip.width = width;
+        clip.height = height;
+        clip.frameRate = rate;
+        clip.videoCodec = "libx264";
+        clip.audioCodec = "aac";
+        MakeTestClip(Native(relative), clip);
     }
 };
 

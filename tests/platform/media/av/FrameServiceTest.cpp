@@ -66,13 +66,13 @@ TEST_F(FrameServiceTest, PosterFrameIsADecodablePngOfTheAskedWidthKeepingTheAspe
     EXPECT_EQ(PngSize(frame.png), std::make_pair(160, 90));
 
     // Pixels four units wide and three high: shown at 320x180, not at its stored 240x180.
-    TestClipSpec anamorphic;
+    TestClipOptions anamorphic;
     anamorphic.width = 240;
     anamorphic.extraArguments = {"-aspect", "16:9"};
     MakeTestClip(tree.NativePath("B001.mov"), anamorphic);
     EXPECT_EQ(Av::DecodePosterFrame(tree.NativePath("B001.mov"), 160).height, 90);
     // A transport stream, as AVCHD records, states no picture size before its first packets.
-    TestClipSpec stream;
+    TestClipOptions stream;
     stream.extraArguments = {"-f", "mpegts"};
     MakeTestClip(tree.NativePath("00000.MTS"), stream);
     EXPECT_EQ(Av::DecodePosterFrame(tree.NativePath("00000.MTS"), 160).height, 90);
@@ -117,7 +117,7 @@ TEST_F(FrameServiceTest, ClipRewrittenOrRetimedIsReadAfresh) {
     service->PosterFrame(copy, 160);
     service->Facts(copy);
 
-    TestClipSpec wide;
+    TestClipOptions wide;
     wide.width = 640;
     wide.height = 360;
     MakeTestClip(copy + ".mov", wide);
@@ -204,7 +204,7 @@ TEST_F(FrameServiceTest, WhatGivesNoPictureSaysWhichFileAndWhy) {
     EXPECT_EQ(reason(missing, false), missing + ": No such file or directory");
 
     const std::string sound = tree.NativePath("A001.wav");
-    TestClipSpec tone;
+    TestClipOptions tone;
     tone.extraArguments = {"-vn"};
     tone.timecode.clear();
     MakeTestClip(sound, tone);

@@ -27,10 +27,10 @@ protected:
     ~TaskServiceTranscodeTest() override { Mid::PresetManager::Install(nullptr); }
 
     Fnd::WString Clip(const std::string& name, double seconds = 1.0) {
-        TestClipSpec spec;
-        spec.seconds = seconds;
-        spec.audioCodec = "aac";
-        MakeTestClip(Native(source, name), spec);
+        TestClipOptions clip;
+        clip.seconds = seconds;
+        clip.audioCodec = "aac";
+        MakeTestClip(Native(source, name), clip);
         return Fnd::FromUTF8(Native(source, name));
     }
 
@@ -119,7 +119,7 @@ TEST_F(TaskServiceTranscodeTest, BadClipsAndPresetsFailAloneNamingTheFileAndLeav
     std::filesystem::resize_file(Fnd::ToUTF8(whole), std::filesystem::file_size(Fnd::ToUTF8(whole)) * 6 / 10);
     QL::IngestTask::TranscodeSetting cutPastEnd = Proxy(primary, {Clip("A004.MP4")});
     cutPastEnd.clips.front().outPoint = 5 * fluxmediatypes::kTicksPerSecond;
-    TestClipSpec tone;
+    TestClipOptions tone;
     tone.timecode.clear();
     tone.extraArguments = {"-vn"};
     MakeTestClip(Native(source, "A005.WAV"), tone);
