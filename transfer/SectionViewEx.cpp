@@ -6,6 +6,7 @@
 #include "fluxcore/ConfigError.h"
 #include "AppFrame/ColorManager.h"
 #include "fluxui/utils/DrawOutline.h"
+#include "transfer/SectionTree.h"
 
 namespace wrangler::ui {
 
@@ -57,9 +58,17 @@ void SectionViewEx::Build(const fluxui::utility::ResourceManager& resources,
             contentView_ = view;
         }
     }
+    resources_ = &resources;
+    supplier_ = supplier;
     BindControls();
     WireControls();
     built_ = true;
+}
+
+void SectionViewEx::BuildAddedSection(SectionViewEx& section) const {
+    if (!built_)
+        throw std::logic_error("BuildAddedSection: the section is not built yet");
+    BuildSectionTree(section, *resources_, supplier_);
 }
 
 void SectionViewEx::SetScrollBarShown(bool shown) {

@@ -37,6 +37,9 @@ public:
     void Build(const fluxui::utility::ResourceManager& resources,
                fluxui::sketcher::SupplierInterface* supplier);
     bool IsBuilt() const { return built_; }
+    // Builds a section that joined this one after the build (a row, a destination) with the
+    // resources this one was built from. Asking before this section is built is a fault.
+    void BuildAddedSection(SectionViewEx& section) const;
 
     const std::string& GetLayoutName() const { return layoutName_; }
     // The root of the loaded layout, null before the build or without a layout.
@@ -125,6 +128,8 @@ private:
     fluxcore::geom::PointF contentSize_;
     float childSpacing_ = 0.0f;
     bool built_ = false;
+    const fluxui::utility::ResourceManager* resources_ = nullptr;
+    fluxui::sketcher::SupplierInterface* supplier_ = nullptr;
     // CreateChildSections has run; a section built alone and again within its tree keeps one set.
     bool childrenCreated_ = false;
     std::string layoutName_;

@@ -2,11 +2,13 @@
 # public headers of the platform and the toolkit; the settings model, the file dialogs and the
 # toolkit never include the subsystems built on them. Called by ctest with ROOT.
 set(rules
-  "apps|pipeline/|settings/|shell/|transfer/|filedialogs/|host/"
-  "settings|pipeline/|shell/|transfer/|filedialogs/"
-  "filedialogs|pipeline/|settings/|transfer/"
-  "host|pipeline/|settings/|shell/|transfer/|filedialogs/"
-  "shell/toolkit|pipeline/|settings/|shell/|transfer/|filedialogs/|host/"
+  "apps|pipeline/|settings/|shell/|templates/|transfer/|filedialogs/|host/"
+  "settings|pipeline/|shell/|templates/|transfer/|filedialogs/"
+  "filedialogs|pipeline/|settings/|templates/|transfer/"
+  "host|pipeline/|settings/|shell/|templates/|transfer/|filedialogs/"
+  "shell/toolkit|pipeline/|settings/|shell/|templates/|transfer/|filedialogs/|host/"
+  "transfer|templates/"
+  "templates|pipeline/checks|pipeline/entry|pipeline/plan|pipeline/gathering"
   "pipeline/naming|settings/")
 set(violations "")
 foreach(rule IN LISTS rules)

@@ -40,11 +40,14 @@ public:
     // Dialogs are worked by the front end's tests; a modal run here is a failure, and cancelled.
     void RunModal(Fnd::IModalSession& session) override;
     bool AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) override;
+    // Recorded, never shown: a test must not open the desktop's file manager.
+    void RevealFile(const Fnd::WString& path) override { reveals_.push_back(path); }
 
     // Every question asked, in order.
     const std::vector<Fnd::MessageBoxRequest>& Boxes() const { return boxes_; }
     const std::vector<Fnd::ExistingPathQuestion>& ExistingPathQuestions() const { return existingPaths_; }
     const std::vector<Fnd::FolderQuestion>& FolderQuestions() const { return folders_; }
+    const std::vector<Fnd::WString>& Reveals() const { return reveals_; }
 
     // Answers queued and not asked for yet.
     std::size_t UnusedAnswers() const {
@@ -58,6 +61,7 @@ private:
     std::vector<Fnd::ExistingPathQuestion> existingPaths_;
     std::deque<std::pair<bool, Fnd::WString>> folderAnswers_;
     std::vector<Fnd::FolderQuestion> folders_;
+    std::vector<Fnd::WString> reveals_;
 };
 
 // Installs a fresh ScriptedInteractionDriver for its lifetime and then restores the default

@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "Fnd/FileManager.h"
+
 namespace Fnd {
 
 namespace {
@@ -37,6 +39,10 @@ DriverSlot& Slot() {
 }
 
 } // namespace
+
+void IInteractionDriver::RevealFile(const WString& path) {
+    ShowInFileManager(path);
+}
 
 IInteractionDriver& GetInteractionDriver() {
     auto& slot = Slot();

@@ -64,6 +64,8 @@ public:
     virtual void RunModal(IModalSession& session) { session.CloseByUser(); }
     // True with the chosen folder; false when cancelled.
     virtual bool AskFolder(const FolderQuestion& question, WString& chosen) { return false; }
+    // Shows the file in the desktop's file manager (Fnd/FileManager.h); nothing is asked.
+    virtual void RevealFile(const WString& path);
 };
 
 // Without an installed driver nobody can answer: every box answers its default button and every
