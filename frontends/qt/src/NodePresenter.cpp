@@ -1,6 +1,6 @@
 #include "IgdQt/NodePresenter.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QWidget>
@@ -115,12 +115,15 @@ NodePresenter::NodePresenter(fluxui::ui::UI_NodeRef root, QWidget* host, Picture
 
 NodePresenter::~NodePresenter() {
     root_->UI_SetObserver(nullptr);
+    detached_.clear();
     entries_.clear();
     nodesByWidget_.clear();
     delete rootWidget_.data();
 }
 
 QWidget* NodePresenter::WidgetFor(const UI_Node& node) const {
+    if (detached_.count(&node))
+        return nullptr;
     const auto found = entries_.find(&node);
     return found == entries_.end() ? nullptr : found->second.widget;
 }
@@ -207,16 +210,74 @@ void NodePresenter::SyncChildren(Entry& entry) {
         now.insert(child->get());
     for (UI_Node* old : entry.children)
         if (!now.count(old))
-            Forget(*old);
+            Detach(*old);
     entry.children.clear();
     for (auto child = node.ChildBegin(); child != node.ChildEnd(); ++child) {
-        QWidget* widget = WidgetFor(**child);
-        if (!widget)
-            widget = Present(**child, entry.widget);
+        UI_Node& childNode = **child;
+        QWidget* widget = nullptr;
+        if (const auto known = entries_.find(&childNode); known == entries_.end())
+            widget = Present(childNode, entry.widget);
+        else {
+            widget = known->second.widget;
+            if (detached_.count(&childNode))
+                Reattach(known->second, entry.widget);
+        }
         // The model's child order is the stacking order: later children lie on top.
         widget->raise();
-        entry.children.push_back(child->get());
+        entry.children.push_back(&childNode);
     }
+}
+
+void NodePresenter::Refresh(Entry& entry) {
+    UI_Node& node = *entry.node;
+    SyncGeometry(entry);
+    entry.widget->setToolTip(ToQString(node.UI_GetToolTip()));
+    entry.widget->setEnabled(node.UI_IsEnabled());
+    entry.builder->Sync(node, *entry.widget, *this);
+    SyncChildren(entry);
+    for (UI_Node* child : entry.children)
+        Refresh(entries_.at(child));
+    entry.widget->setVisible(node.UI_IsShown());
+}
+
+void NodePresenter::Detach(UI_Node& node) {
+    const auto found = entries_.find(&node);
+    if (found == entries_.end())
+        return;
+    QWidget* widget = found->second.widget;
+    Detached& detached = detached_[&node];
+    detached.node = &node;
+    QWidget* focus = QApplication::focusWidget();
+    if (focus && (focus == widget || widget->isAncestorOf(focus)))
+        detached.focus = focus;
+    widget->hide();
+    if (!forgetQueued_) {
+        forgetQueued_ = true;
+        // Bound to the root widget, so that a presenter gone by then is not called.
+        QMetaObject::invokeMethod(
+            rootWidget_, [this] { ForgetDetached(); }, Qt::QueuedConnection);
+    }
+}
+
+void NodePresenter::Reattach(Entry& entry, QWidget* parent) {
+    const auto found = detached_.find(entry.node.get());
+    const QPointer<QWidget> focus = found->second.focus;
+    detached_.erase(found);
+    if (entry.widget->parentWidget() != parent)
+        entry.widget->setParent(parent);
+    // The model went on without the widget: whatever changed meanwhile is shown now.
+    Refresh(entry);
+    // A row moved by its own button keeps the keyboard there, so that the next press moves it on.
+    if (focus && focus->isVisible())
+        focus->setFocus(Qt::OtherFocusReason);
+}
+
+void NodePresenter::ForgetDetached() {
+    forgetQueued_ = false;
+    const auto gone = std::move(detached_);
+    detached_.clear();
+    for (const auto& [node, detached] : gone)
+        Forget(*detached.node);
 }
 
 void NodePresenter::SyncFocus(const Entry& entry) {

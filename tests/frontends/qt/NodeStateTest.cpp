@@ -99,6 +99,7 @@ TEST_F(NodeStateTest, ChildrenAddedAndRemovedLaterAreShownAndDropped) {
     EXPECT_EQ(W(*box_), nullptr);
     ASSERT_FALSE(gone.isNull()) << "deleted later: the removal may come from its own signal";
     EXPECT_TRUE(gone->isHidden());
+    QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(gone.isNull());
 

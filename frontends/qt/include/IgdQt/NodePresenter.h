@@ -54,6 +54,13 @@ private:
     class FocusRelay;
 
     QWidget* Present(fluxui::ui::UI_Node& node, QWidget* parent);
+    // Brings a widget kept from before up to the node's present state, descendants included.
+    void Refresh(Entry& entry);
+    // A node taken out of its parent keeps its widget, hidden, until the present handler has
+    // ended: a node moved to another place comes back at once and is shown where it now stands.
+    void Detach(fluxui::ui::UI_Node& node);
+    void Reattach(Entry& entry, QWidget* parent);
+    void ForgetDetached();
     // Forgets node and its presented descendants; the widgets go with the top one.
     void Forget(fluxui::ui::UI_Node& node);
     void ForgetEntries(fluxui::ui::UI_Node& node);
@@ -69,6 +76,13 @@ private:
     FocusRelay* focusRelay_ = nullptr; // owned by the root widget
     std::unordered_map<const fluxui::ui::UI_Node*, Entry> entries_;
     std::unordered_map<const QObject*, fluxui::ui::UI_Node*> nodesByWidget_;
+    struct Detached {
+        fluxui::ui::UI_NodeRef node;
+        // The widget inside that had the keyboard focus when the node left, if one had.
+        QPointer<QWidget> focus;
+    };
+    std::unordered_map<const fluxui::ui::UI_Node*, Detached> detached_;
+    bool forgetQueued_ = false;
     std::function<void()> closeHandler_;
 };
 

@@ -1,6 +1,9 @@
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 #include "IgdQt/QtStrings.h"
@@ -15,10 +18,21 @@ using fluxui::controls::UI_Popup;
 
 // A combo box that lets the wheel scroll the page around it unless the popup allows mouse
 // scrolling and has the focus: turning the wheel over a form must not change its settings.
+//
+// Too narrow for any text, it is a menu button: it draws only its arrow, and its list (which Qt
+// opens as wide as its rows need) reads as the menu of that button.
 class PopupWidget : public QComboBox {
 public:
     using QComboBox::QComboBox;
     bool allowWheel = true;
+
+    bool IsArrowOnly() const {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        const QRect field =
+            style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+        return field.width() < fontMetrics().horizontalAdvance(QLatin1Char('M'));
+    }
 
 protected:
     void wheelEvent(QWheelEvent* event) override {
@@ -26,6 +40,33 @@ protected:
             QComboBox::wheelEvent(event);
         else
             event->ignore();
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        if (!IsArrowOnly()) {
+            QComboBox::paintEvent(event);
+            return;
+        }
+        QStylePainter painter(this);
+        QStyleOptionButton button;
+        button.initFrom(this);
+        if (view()->isVisible())
+            button.state |= QStyle::State_Sunken;
+        else
+            button.state |= QStyle::State_Raised;
+        painter.drawPrimitive(QStyle::PE_PanelButtonCommand, button);
+        QStyleOption arrow;
+        arrow.initFrom(this);
+        const int side = std::max(5, std::min(width(), height()) / 2);
+        arrow.rect = QRect(0, 0, side, side);
+        arrow.rect.moveCenter(rect().center());
+        painter.drawPrimitive(QStyle::PE_IndicatorArrowDown, arrow);
+        if (hasFocus()) {
+            QStyleOptionFocusRect focus;
+            focus.initFrom(this);
+            focus.rect = rect().adjusted(2, 2, -2, -2);
+            painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+        }
     }
 };
 
@@ -55,6 +96,8 @@ public:
 
 private:
     // Rebuilt only when the list differs, so that an open list is not torn down by a value change.
+    // An item without text is a separator: drawn as a line, never chosen, and still counted, so
+    // that item numbers stay those of the model.
     static void SyncItems(const UI_Popup& model, QComboBox& combo) {
         const auto& items = model.GetItems();
         bool same = combo.count() == static_cast<int>(items.size());
@@ -62,12 +105,19 @@ private:
             same = combo.itemText(i) == ToQString(items[static_cast<std::size_t>(i)].text);
         if (!same) {
             combo.clear();
-            for (const UI_Popup::Item& item : items)
-                combo.addItem(ToQString(item.text));
+            for (const UI_Popup::Item& item : items) {
+                if (item.text.empty())
+                    combo.insertSeparator(combo.count());
+                else
+                    combo.addItem(ToQString(item.text));
+            }
         }
         if (auto* list = qobject_cast<QStandardItemModel*>(combo.model()))
-            for (int i = 0; i < combo.count(); ++i)
-                list->item(i)->setEnabled(!items[static_cast<std::size_t>(i)].disabled);
+            for (int i = 0; i < combo.count(); ++i) {
+                const UI_Popup::Item& item = items[static_cast<std::size_t>(i)];
+                if (!item.text.empty())
+                    list->item(i)->setEnabled(!item.disabled);
+            }
     }
 };
 
