@@ -7,6 +7,7 @@
 
 #include "IGD/LayoutPreview.h"
 #include "QL/FilePresetService.h"
+#include "QL/PresetFieldFactory.h"
 #include "fluxui/dialogs/SimpleInputBox.h"
 #include "support/ScopedIgdHome.h"
 #include "support/ScriptedInteractionDriver.h"
@@ -37,9 +38,11 @@ protected:
         QL::SetPresetService(nullptr);
     }
 
-    // The section as the settings pane opens it, over what the controller loaded.
-    MetadataTemplateSection& Open() {
+    // The section as the settings pane opens it, over what the controller loaded; the template is
+    // on unless the test says otherwise, so that its controls can be used.
+    MetadataTemplateSection& Open(bool enabled = true) {
         controller.LoadSettings();
+        controller.SetEnableMetadataTemplate(enabled);
         section = new MetadataTemplateSection(std::shared_ptr<IngestSettingsController>(&controller, [](auto*) {}));
         section->UI_SetLocalRectF({0, 0, 320, 400});
         wrangler::ui::BuildSectionTree(*section, *IngestResourceManager(), nullptr);
@@ -330,7 +333,7 @@ TEST_F(PresetSectionTest, StoredPathIsFoundAgainOrNoneWhenTheFileIsGone) {
 TEST_F(PresetSectionTest, EnableFollowsCheckboxAndPowerUnlessTheSiteLocksTheSettings) {
     for (const bool locked : {false, true}) {
         site.settingsLocked = locked;
-        Open();
+        Open(false);
         section->GetEnableCheckBox().Press();
         EXPECT_EQ(controller.GetEnableMetadataTemplate(), !locked) << locked;
         EXPECT_EQ(section->GetPowerState(), !locked);
