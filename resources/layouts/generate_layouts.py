@@ -329,8 +329,9 @@ LAYOUTS = {
         popup((10, 5, 34, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
         text_button((50, 5, 140, 22), "BrowseTextButton", BROWSE),
     ]),
+    # The preset popup leaves room at its right for the action menu the section places there.
     "igdKilnHostedPresetManagementNormalModeHeader": (300, 21, [
-        popup((10, 0, 280, 21), "PresetPopup"),
+        popup((10, 0, 258, 21), "PresetPopup"),
     ]),
     "igdKilnHostedPrimaryDestinationHeader": (200, 23, [
         label((10, 2, 180, 20), "PrimaryDestinationStaticText",
@@ -395,7 +396,7 @@ LAYOUTS = {
     ]),
     "igdPresetManagementNormalModeHeader": (300, 52, [
         divider((10, 1, 280, 1), enabled=False),
-        popup((10, 5, 280, 22), "PresetPopup"),
+        popup((10, 5, 258, 22), "PresetPopup"),
         popup((10, 29, 280, 22), "ApplyScopePopup",
               [loc("ApplyToAllDest", "Apply to all destinations"),
                loc("ApplyToPrimaryOnly", "Apply to primary destination only")]),

@@ -1,0 +1,92 @@
+#include "templates/fields/PresetManagementEditModeField.h"
+
+#include "fluxcore/Threads.h"
+#include "fluxcore/ZString.h"
+#include "shell/AutoHintTextEdit.h"
+#include "shell/resources/IngestResources.h"
+#include "templates/section/PresetManagementSection.h"
+
+namespace IGD {
+namespace {
+
+constexpr int kRemoveDecal = 7;
+constexpr int kMoveUpDecal = 8;
+constexpr int kMoveDownDecal = 9;
+
+} // namespace
+
+PresetManagementEditModeField::PresetManagementEditModeField(std::string layoutName, PresetFieldRef field)
+    : SectionViewEx(Fnd::WString(), std::move(layoutName)), field_(std::move(field)) {}
+
+fluxui::ui::UI_NodeRef PresetManagementEditModeField::CreateCustomControl(const Fnd::WString& className) {
+    if (className == u"AutoHintTextEdit")
+        return fluxui::ui::UI_NodeRef(new AutoHintTextEdit);
+    return {};
+}
+
+PresetManagementSection* PresetManagementEditModeField::OwnerSection() const {
+    for (SectionViewEx* section = GetParentSection(); section; section = section->GetParentSection())
+        if (auto* owner = dynamic_cast<PresetManagementSection*>(section))
+            return owner;
+    return nullptr;
+}
+
+void PresetManagementEditModeField::BindControls() {
+    SectionViewEx::BindControls();
+    using fluxcore::Localize;
+    using fluxui::controls::UI_PictureButton;
+    moveUpButton_ = BindControl<UI_PictureButton>("UI_MoveUpwardButton");
+    moveDownButton_ = BindControl<UI_PictureButton>("UI_MoveDownwardButton");
+    removeButton_ = BindControl<UI_PictureButton>("UI_RemoveButton");
+    moveUpButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kMoveUpDecal));
+    moveDownButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kMoveDownDecal));
+    removeButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kRemoveDecal));
+    moveUpButton_->UI_SetToolTip(
+        Localize("$$$/Quillon/Libraries/IngestDialog/MoveUpButtonTooltip=Move Field Up"));
+    moveDownButton_->UI_SetToolTip(
+        Localize("$$$/Quillon/Libraries/IngestDialog/MoveDownButtonTooltip=Move Field Down"));
+    removeButton_->UI_SetToolTip(Localize("$$$/Quillon/Libraries/IngestDialog/RemoveButtonTooltip=Remove"));
+}
+
+void PresetManagementEditModeField::WireControls() {
+    SectionViewEx::WireControls();
+    using fluxui::controls::UI_ControlMessage;
+    moveUpButton_->NotifyWhenChanged([this](const UI_ControlMessage&) { MoveUp(); });
+    moveDownButton_->NotifyWhenChanged([this](const UI_ControlMessage&) { MoveDown(); });
+    removeButton_->NotifyWhenChanged([this](const UI_ControlMessage&) { Remove(); });
+}
+
+void PresetManagementEditModeField::MoveUp() {
+    if (SectionViewEx* parent = GetParentSection())
+        parent->MoveChildSectionUp(this);
+    if (afterMove_)
+        afterMove_();
+    FieldChanged();
+}
+
+void PresetManagementEditModeField::MoveDown() {
+    if (SectionViewEx* parent = GetParentSection())
+        parent->MoveChildSectionDown(this);
+    if (afterMove_)
+        afterMove_();
+    FieldChanged();
+}
+
+void PresetManagementEditModeField::Remove() {
+    // The row is still a child while this handler runs: the arrows of the rows that stay are set
+    // once it is gone.
+    SectionViewEx* parent = GetParentSection();
+    if (afterMove_) {
+        // The queued refresh keeps the container alive until it has run.
+        fluxcore::threads::AsyncCallFromMainThread(
+            [container = wrangler::ui::SectionViewExRef(parent), refresh = afterMove_] { refresh(); });
+    }
+    UI_Show(false);
+    FieldChanged();
+    // This handler runs inside the row: it must outlive its own removal.
+    const boost::intrusive_ptr<PresetManagementEditModeField> keepAlive(this);
+    if (parent)
+        parent->RemoveChildSection(this, false);
+}
+
+} // namespace IGD
