@@ -36,7 +36,8 @@ Fnd::WString PatternDisplayText(Fnd::WStringView pattern) {
     return text;
 }
 
-Fnd::WString PatternWithKind(std::string_view templateKey, Fnd::WStringView pattern, std::string_view kindKey) {
+Fnd::WString PatternWithKind(std::string_view templateKey, Fnd::WStringView pattern,
+                             std::string_view kindKey) {
     return fluxcore::Localize(templateKey, {PatternDisplayText(pattern), fluxcore::Localize(kindKey)});
 }
 

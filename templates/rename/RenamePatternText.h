@@ -13,6 +13,7 @@ Fnd::WString PatternDisplayText(Fnd::WStringView pattern);
 
 // The pattern in display form beside the localised kind word, e.g. "YYYYMMDD (Creation Date)",
 // through the localised template that puts them together.
-Fnd::WString PatternWithKind(std::string_view templateKey, Fnd::WStringView pattern, std::string_view kindKey);
+Fnd::WString PatternWithKind(std::string_view templateKey, Fnd::WStringView pattern,
+                             std::string_view kindKey);
 
 } // namespace IGD

@@ -17,7 +17,8 @@ using Kind = std::pair<std::string_view, QL::_QLPresetFieldType>;
 
 // In the popup's order. A new date or time is of the creation kind; its row can turn it to ingest.
 constexpr std::array<Kind, 6> kKinds{{
-    {"$$$/Quillon/Libraries/IngestDialog/RenameEditAddField_AutonInc=Auto Increment", QL::kQLFieldAutoIncrement},
+    {"$$$/Quillon/Libraries/IngestDialog/RenameEditAddField_AutonInc=Auto Increment",
+     QL::kQLFieldAutoIncrement},
     {"$$$/Quillon/Libraries/IngestDialog/RenameEditAddField_UserDefAutoInc=Custom Auto Increment",
      QL::kQLFieldUserDefinedAutoIncrement},
     {"$$$/Quillon/Libraries/IngestDialog/RenameEditAddField_CustomText=Custom Text", QL::kQLFieldCustomText},
@@ -42,7 +43,8 @@ void RenameTemplateAddFieldSection::BindControls() {
     PresetManagementAddFieldSection::BindControls();
     addPopup_ = BindControl<fluxui::controls::UI_PicturePopup>("UI_PicturePopup");
     addPopup_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kAddFieldDecal));
-    addPopup_->UI_SetToolTip(fluxcore::Localize("$$$/Quillon/Libraries/IngestDialog/addPresetFieldTooltip=Add Preset Field"));
+    addPopup_->UI_SetToolTip(
+        fluxcore::Localize("$$$/Quillon/Libraries/IngestDialog/addPresetFieldTooltip=Add Preset Field"));
     addPopup_->SetDisplayBorderAlways(true);
     addPopup_->SetAllowMouseScroll(false);
     addPopup_->DeleteAllItems();

@@ -42,7 +42,8 @@ void RenameTemplateEditModeField::BindControls() {
                                                        hintEdit_.get()};
     for (fluxui::ui::UI_Node* control : controls)
         control->UI_Show(false);
-    hintEdit_->SetHintText(Localize("$$$/Quillon/Libraries/IngestDialog/EnterRenameCustomText=Input Custom Text"));
+    hintEdit_->SetHintText(
+        Localize("$$$/Quillon/Libraries/IngestDialog/EnterRenameCustomText=Input Custom Text"));
 
     switch (GetField()->GetType()) {
     case QL::kQLFieldCustomText:
@@ -50,7 +51,8 @@ void RenameTemplateEditModeField::BindControls() {
         hintEdit_->UI_Show(true);
         break;
     case QL::kQLFieldFileName:
-        staticText_->SetValue(Localize("$$$/Quillon/Libraries/IngestDialog/RenameEdit_FileNameStatic=File Name"));
+        staticText_->SetValue(
+            Localize("$$$/Quillon/Libraries/IngestDialog/RenameEdit_FileNameStatic=File Name"));
         outlineBox_->UI_Show(true);
         staticText_->UI_Show(true);
         break;
@@ -77,7 +79,8 @@ void RenameTemplateEditModeField::FillPopup() {
         const std::string_view entry =
             type == QL::kQLFieldAutoIncrement
                 ? "$$$/Quillon/Libraries/IngestDialog/RenameEdit_AutoIncreaseFormatStr=Auto Increment (@0)"
-                : "$$$/Quillon/Libraries/IngestDialog/RenameEdit_UserDefinedAutoIncreaseFormatStr=Custom Auto "
+                : "$$$/Quillon/Libraries/IngestDialog/RenameEdit_UserDefinedAutoIncreaseFormatStr=Custom "
+                  "Auto "
                   "Increment (@0)";
         const auto masks = QL::GetPredefinedFieldValues(type);
         for (const auto& mask : masks)
@@ -89,16 +92,18 @@ void RenameTemplateEditModeField::FillPopup() {
     // Both kinds of a date (or a time) in one list, creation first: one choice sets kind and pattern.
     const bool isDate = type == QL::kQLFieldCreationDate || type == QL::kQLFieldIngestDate;
     const auto creation = isDate ? QL::kQLFieldCreationDate : QL::kQLFieldCreationTime;
-    const std::string_view entry = isDate ? "$$$/Quillon/Libraries/IngestDialog/RenameEdit_DateFormatStr=@0 @1"
-                                          : "$$$/Quillon/Libraries/IngestDialog/RenameEdit_TimeFormatStr=@0 @1";
+    const std::string_view entry = isDate
+                                       ? "$$$/Quillon/Libraries/IngestDialog/RenameEdit_DateFormatStr=@0 @1"
+                                       : "$$$/Quillon/Libraries/IngestDialog/RenameEdit_TimeFormatStr=@0 @1";
     const std::string_view creationWord =
         isDate ? "$$$/Quillon/Libraries/IngestDialog/RenameEdit_CreationDate=(Creation Date)"
                : "$$$/Quillon/Libraries/IngestDialog/RenameEdit_CreationTime=(Creation Time)";
-    const std::string_view ingestWord = isDate
-                                            ? "$$$/Quillon/Libraries/IngestDialog/RenameEdit_IngestDate=(Ingest Date)"
-                                            : "$$$/Quillon/Libraries/IngestDialog/RenameEdit_IngestTime=(Ingest Time)";
+    const std::string_view ingestWord =
+        isDate ? "$$$/Quillon/Libraries/IngestDialog/RenameEdit_IngestDate=(Ingest Date)"
+               : "$$$/Quillon/Libraries/IngestDialog/RenameEdit_IngestTime=(Ingest Time)";
     const auto creationPatterns = QL::GetPredefinedFieldValues(creation);
-    const auto ingestPatterns = QL::GetPredefinedFieldValues(static_cast<QL::_QLPresetFieldType>(creation + 1));
+    const auto ingestPatterns =
+        QL::GetPredefinedFieldValues(static_cast<QL::_QLPresetFieldType>(creation + 1));
     for (const auto& pattern : creationPatterns)
         popup_->AddItem(PatternWithKind(entry, pattern, creationWord));
     for (const auto& pattern : ingestPatterns)
@@ -112,7 +117,8 @@ void RenameTemplateEditModeField::WireControls() {
     PresetManagementEditModeField::WireControls();
     popup_->NotifyWhenChangedInteractively(
         [this](const fluxui::controls::UI_ControlMessage&) { EntryChosen(popup_->GetValue()); });
-    hintEdit_->NotifyWhenChangedInteractively([this](const fluxui::controls::UI_ControlMessage&) { TextChanged(); });
+    hintEdit_->NotifyWhenChangedInteractively(
+        [this](const fluxui::controls::UI_ControlMessage&) { TextChanged(); });
 }
 
 void RenameTemplateEditModeField::EntryChosen(int index) {

@@ -4,7 +4,8 @@
 
 namespace IGD {
 
-PresetManagementEditModeFieldRef RenameTemplateEditModeFieldsContainer::CreateFieldRow(const PresetFieldRef& field) {
+PresetManagementEditModeFieldRef
+RenameTemplateEditModeFieldsContainer::CreateFieldRow(const PresetFieldRef& field) {
     return PresetManagementEditModeFieldRef(new RenameTemplateEditModeField(field));
 }
 

@@ -47,7 +47,8 @@ const char* TypeLabel(QL::_QLPresetFieldType type) {
     case QL::kQLFieldFileName:
         return "$$$/Quillon/Libraries/IngestDialog/RenameNormal_FileNameTypeLabel=File Name:";
     case QL::kQLFieldUserDefinedAutoIncrement:
-        return "$$$/Quillon/Libraries/IngestDialog/RenameNormal_UserDefinedAutoIncreaseTypeLabel=Custom Increment:";
+        return "$$$/Quillon/Libraries/IngestDialog/RenameNormal_UserDefinedAutoIncreaseTypeLabel=Custom "
+               "Increment:";
     default:
         return nullptr;
     }
@@ -73,7 +74,8 @@ void RenameTemplateNormalModeField::BindControls() {
                                                        typeLabel_.get(), startNumber_.get()};
     for (fluxui::ui::UI_Node* control : controls)
         control->UI_Show(false);
-    hintEdit_->SetHintText(Localize("$$$/Quillon/Libraries/IngestDialog/EnterRenameCustomText=Input Custom Text"));
+    hintEdit_->SetHintText(
+        Localize("$$$/Quillon/Libraries/IngestDialog/EnterRenameCustomText=Input Custom Text"));
 
     const QL::_QLPresetFieldType type = GetField()->GetType();
     const char* label = TypeLabel(type);
@@ -119,7 +121,8 @@ void RenameTemplateNormalModeField::BindControls() {
 
 void RenameTemplateNormalModeField::WireControls() {
     PresetManagementNormalModeField::WireControls();
-    hintEdit_->NotifyWhenChangedInteractively([this](const fluxui::controls::UI_ControlMessage&) { TextTyped(); });
+    hintEdit_->NotifyWhenChangedInteractively(
+        [this](const fluxui::controls::UI_ControlMessage&) { TextTyped(); });
     startNumber_->NotifyWhenEditEnds([this](fluxui::controls::EditEnd) { StartNumberEdited(); });
 }
 

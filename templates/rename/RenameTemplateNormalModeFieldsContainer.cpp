@@ -4,7 +4,8 @@
 
 namespace IGD {
 
-PresetManagementNormalModeFieldRef RenameTemplateNormalModeFieldsContainer::CreateFieldRow(const PresetFieldRef& field) {
+PresetManagementNormalModeFieldRef
+RenameTemplateNormalModeFieldsContainer::CreateFieldRow(const PresetFieldRef& field) {
     return PresetManagementNormalModeFieldRef(new RenameTemplateNormalModeField(field));
 }
 

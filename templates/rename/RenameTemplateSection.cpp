@@ -72,10 +72,12 @@ void RenameTemplateSection::AddField(const PresetFieldRef& field) {
         if (hasOne) {
             fluxui::dialogs::messagebox::ShowStop(
                 UI_GetDrawSupplier(),
-                Localize("$$$/Quillon/Libraries/RenameTemplateSection/RenameTemplateSectionErrorTitle=Add Field "
-                         "Failure"),
-                Localize("$$$/Quillon/Libraries/RenameTemplateSection/AddMultipleUserDefinedAutoIncrementError="
-                         "Can not add multiple Custom Auto Increment fields into a single preset!"),
+                Localize(
+                    "$$$/Quillon/Libraries/RenameTemplateSection/RenameTemplateSectionErrorTitle=Add Field "
+                    "Failure"),
+                Localize(
+                    "$$$/Quillon/Libraries/RenameTemplateSection/AddMultipleUserDefinedAutoIncrementError="
+                    "Can not add multiple Custom Auto Increment fields into a single preset!"),
                 this);
             return;
         }
@@ -96,8 +98,9 @@ bool RenameTemplateSection::ValidateFields(QL::PresetFieldList& fields) {
         return true;
     fluxui::dialogs::messagebox::ShowStop(
         UI_GetDrawSupplier(), fluxcore::config::GetApplicationName(),
-        Localize("$$$/Quillon/Ingest/Error/InvalidRenameFieldErrorMessage=The preset cannot be saved.^n^nA text "
-                 "field cannot contain any of the following characters:^n\\ / : * ? \" < > |"),
+        Localize(
+            "$$$/Quillon/Ingest/Error/InvalidRenameFieldErrorMessage=The preset cannot be saved.^n^nA text "
+            "field cannot contain any of the following characters:^n\\ / : * ? \" < > |"),
         this);
     return false;
 }
