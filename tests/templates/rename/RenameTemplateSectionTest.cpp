@@ -142,10 +142,13 @@ TEST_F(RenameSectionTest, StartNumberEditStoresWhatTheMaskReads) {
     }
 }
 
-TEST_F(RenameSectionTest, AnotherPresetStartsTheCounterAgainTheSameOneKeepsIt) {
+TEST_F(RenameSectionTest, StartNumberSurvivesClearingAndTheSamePresetButNotAnother) {
     Open();
     Pick(u"Camera roll");
     TypeStartNumber(u"40");
+    // Clearing empties the text rows only: the counter keeps its start.
+    Menu(kMenuClearTextFields);
+    EXPECT_EQ(Sample(), u"File Name040");
     Pick(u"Camera roll");
     EXPECT_EQ(controller.GetUserDefAutoIncStartNumber(), 40u);
     Pick(u"Shoot day");
