@@ -6,8 +6,10 @@
 #include <QListWidget>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <functional>
 #include <iostream>
 
+#include "IGD/TemplateSectionPreview.h"
 #include "IgdQt/QtStrings.h"
 #include "IgdQt/TreeSnapshot.h"
 #include "fluxui/controls/UI_ScrollView.h"
@@ -15,8 +17,6 @@
 namespace igd::dialog {
 namespace {
 
-// The entry after the layouts: all of them as folding sections, as the settings pane stacks them.
-const QString kSectionsEntry = QStringLiteral("All layouts in sections");
 constexpr float kSectionStackHeight = 480.0f;
 
 qt::PictureSource Pictures() {
@@ -31,6 +31,33 @@ fluxui::ui::UI_NodeRef BuildAllInSections(const std::vector<std::string>& names,
     return IGD::BuildSectionStack(layouts, width, kSectionStackHeight);
 }
 
+// The entries after the layouts: views built of several layouts, live as in the dialog.
+struct ComposedEntry {
+    const char* title;
+    const char* file; // the screenshot's name
+    std::function<fluxui::ui::UI_NodeRef(const std::vector<std::string>& names, float width)> build;
+};
+
+std::function<fluxui::ui::UI_NodeRef(const std::vector<std::string>&, float)>
+TemplateSection(IGD::TemplateSectionKind kind, IGD::TemplateSectionMode mode) {
+    return [kind, mode](const std::vector<std::string>&, float width) {
+        return IGD::BuildTemplateSectionPreview(kind, mode, width, kSectionStackHeight);
+    };
+}
+
+const std::vector<ComposedEntry>& ComposedEntries() {
+    using Kind = IGD::TemplateSectionKind;
+    using Mode = IGD::TemplateSectionMode;
+    static const std::vector<ComposedEntry> entries = {
+        {"All layouts in sections", "sections.png", BuildAllInSections},
+        {"Rename template", "rename-normal.png", TemplateSection(Kind::Rename, Mode::Normal)},
+        {"Rename template, editing", "rename-edit.png", TemplateSection(Kind::Rename, Mode::Edit)},
+        {"Metadata template", "metadata-normal.png", TemplateSection(Kind::Metadata, Mode::Normal)},
+        {"Metadata template, editing", "metadata-edit.png", TemplateSection(Kind::Metadata, Mode::Edit)},
+    };
+    return entries;
+}
+
 } // namespace
 
 LayoutGallery::LayoutGallery(float layoutWidth, QWidget* parent)
@@ -39,7 +66,8 @@ LayoutGallery::LayoutGallery(float layoutWidth, QWidget* parent)
     setWindowTitle(QStringLiteral("IGD Layout Gallery"));
     for (const std::string& name : names_)
         list_->addItem(QString::fromStdString(name));
-    list_->addItem(kSectionsEntry);
+    for (const ComposedEntry& entry : ComposedEntries())
+        list_->addItem(QString::fromUtf8(entry.title));
     list_->setMinimumWidth(list_->sizeHintForColumn(0) + 24);
     area_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     area_->setBackgroundRole(QPalette::Mid);
@@ -73,8 +101,9 @@ void LayoutGallery::Show(int row) {
             root = preview.root;
             status_->setText(QStringLiteral("%1 controls with ids").arg(preview.controls.size()));
         } else {
-            root = BuildAllInSections(names_, layoutWidth_);
-            status_->setText(QStringLiteral("Click a title to fold its section"));
+            root =
+                ComposedEntries()[static_cast<std::size_t>(row) - names_.size()].build(names_, layoutWidth_);
+            status_->setText(QStringLiteral("Live: click, type, choose and fold as in the dialog"));
         }
         presenter_ = std::make_unique<qt::NodePresenter>(root, nullptr, Pictures());
         presenter_->RootWidget()->setAutoFillBackground(true);
@@ -108,11 +137,13 @@ int WriteLayoutScreenshots(const QString& directory, float layoutWidth) {
             ++failures;
         }
     }
-    try {
-        save(QStringLiteral("sections.png"), BuildAllInSections(names, layoutWidth));
-    } catch (const std::exception& error) {
-        std::cerr << "igd-dialog: " << error.what() << "\n";
-        ++failures;
+    for (const ComposedEntry& entry : ComposedEntries()) {
+        try {
+            save(QString::fromUtf8(entry.file), entry.build(names, layoutWidth));
+        } catch (const std::exception& error) {
+            std::cerr << "igd-dialog: " << error.what() << "\n";
+            ++failures;
+        }
     }
     return failures;
 }

@@ -46,8 +46,8 @@ public:
         button.setAutoRaise(!model.DisplaysBorderAlways());
         const qreal ratio = button.devicePixelRatioF();
         const PictureSource& pictures = presenter.Pictures();
-        QPixmap normal =
-            pictures.Find(model.GetPictureMessage(PictureState::Normal, static_cast<float>(ratio)), ratio);
+        const auto normalMessage = model.GetPictureMessage(PictureState::Normal, static_cast<float>(ratio));
+        QPixmap normal = pictures.Find(normalMessage, ratio);
         if (normal.isNull())
             normal = pictures.Find(model.GetImageName(), ratio);
         if (normal.isNull()) {
@@ -55,11 +55,16 @@ public:
             button.setText(GlyphFor(model.UI_GetNodeID()));
         } else {
             QIcon icon(normal);
-            // A dimmed picture of its own, when the supplier has one, instead of Qt's greying.
-            const QPixmap disabled = pictures.Find(
-                model.GetPictureMessage(PictureState::Disabled, static_cast<float>(ratio)), ratio);
-            if (!disabled.isNull())
-                icon.addPixmap(disabled, QIcon::Disabled);
+            // A dimmed picture of its own, when the supplier has one, instead of Qt's greying; a
+            // supplier that hands out one picture for every state leaves the greying to Qt.
+            const auto disabledMessage =
+                model.GetPictureMessage(PictureState::Disabled, static_cast<float>(ratio));
+            if (disabledMessage.resourceName != normalMessage.resourceName ||
+                disabledMessage.imageName != normalMessage.imageName) {
+                const QPixmap disabled = pictures.Find(disabledMessage, ratio);
+                if (!disabled.isNull())
+                    icon.addPixmap(disabled, QIcon::Disabled);
+            }
             button.setIcon(icon);
             button.setIconSize(normal.deviceIndependentSize().toSize());
             button.setText({});
