@@ -1,6 +1,7 @@
 // Each control kind keeps its widget and its model in step, both ways: what the program sets is
 // shown, and what the person does reaches the model as the interactive notification a test of the
 // views relies on.
+#include <QApplication>
 #include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
@@ -205,10 +206,17 @@ TEST_F(ControlSyncTest, NumberEditTakesOnlyDigitsAndAlignsRight) {
 TEST_F(ControlSyncTest, TextsFollowTheirValueAndAButtonClickPresses) {
     auto text = Add(new UI_StaticText(u"Sample:"));
     auto button = Add(new UI_TextButton(u"Add Destination"), {10, 40, 200, 22});
+    const float natural =
+        QFontMetricsF(QApplication::font()).horizontalAdvance(QStringLiteral("Custom Increment:"));
+    auto tight = Add(new UI_StaticText(u"Custom Increment:"), {10, 70, natural * 0.92f, 22});
     Notifications heard(*button);
     Present();
     auto& label = Widget<QLabel>(*text);
     EXPECT_EQ(label.text(), QStringLiteral("Sample:"));
+    // Layouts were measured with another face: a label a little too narrow is condensed, not cut.
+    auto& fitted = Widget<QLabel>(*tight);
+    EXPECT_LE(fitted.fontMetrics().horizontalAdvance(fitted.text()), fitted.contentsRect().width());
+    EXPECT_EQ(label.font().stretch(), QFont::AnyStretch) << "a label with room keeps its face";
     text->SetValue(u"A001_C002.mov");
     EXPECT_EQ(label.text(), QStringLiteral("A001_C002.mov"));
     EXPECT_EQ(label.textFormat(), Qt::PlainText) << "names are never read as markup";
@@ -237,6 +245,9 @@ TEST_F(ControlSyncTest, PictureButtonDrawsTheSuppliedPictureElseAGlyph) {
     auto pictured = Add(new UI_PictureButton, {10, 10, 22, 22});
     pictured->SetImageName("DOT_XS_N");
     auto plain = Add(new UI_PictureButton, {40, 10, 22, 22});
+    auto supplied = Add(new UI_PictureButton, {70, 10, 22, 22});
+    supplied->SetImageSupplyFunction(std::make_shared<fluxui::controls::ImageSupplyFunction>(
+        [](fluxui::controls::UI_PictureSupplyMessage& message) { message.imageName = "DOT_XS_N"; }));
     plain->UI_SetNodeID("UI_RemoveButton");
     Notifications heard(*plain);
     Present(igd::qt::PictureSource(&resources));
@@ -253,6 +264,10 @@ TEST_F(ControlSyncTest, PictureButtonDrawsTheSuppliedPictureElseAGlyph) {
     plain->SetDisabled(true);
     withGlyph.click();
     EXPECT_EQ(heard.interactive, 1) << "a disabled button takes no press";
+
+    // A supplier with one picture for every state: a disabled button greys it.
+    const QIcon icon = Widget<QToolButton>(*supplied).icon();
+    EXPECT_NE(icon.pixmap(2, QIcon::Disabled).toImage(), icon.pixmap(2, QIcon::Normal).toImage());
 }
 
 } // namespace
