@@ -80,6 +80,11 @@ std::string ChooseTemplates(const IngestOptions& options, IGD::IngestChoices& ch
             find(QL::kQLPresetCategoryRename, options.renamePreset, choices.renamePreset, "rename");
         !error.empty())
         return error;
+    // Without a template named here, the one the dialog would use: renaming on in the stored
+    // settings, with the preset they point at.
+    if (options.renamePreset.empty())
+        if (const IGD::PresetRef stored = IGD::StoredRenameTemplate())
+            choices.renamePreset = stored->ClonePreset(true);
     if (std::string error =
             find(QL::kQLPresetCategoryMetadata, options.metadataPreset, choices.metadataPreset, "metadata");
         !error.empty())
@@ -212,7 +217,8 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
         ->check(CLI::IsMember(VerifyWords()));
     command->add_option(
         "--rename-preset", options->renamePreset,
-        "rename single-file clips and their sidecars by this template (see `igd presets list`)");
+        "rename single-file clips and their sidecars by this template (see `igd presets list`); without "
+        "it, the stored template when renaming is on in the stored settings");
     command->add_option("--metadata-preset", options->metadataPreset,
                         "write the values of this metadata template into each clip's XMP");
     command->add_option("--set", options->values,

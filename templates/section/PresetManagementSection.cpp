@@ -24,17 +24,6 @@ using fluxcore::Localize;
 constexpr int kPowerOnDecal = 0;
 constexpr int kPowerOffDecal = 1;
 
-Fnd::WString TrimBlanksAndTabs(const Fnd::WString& text) {
-    const auto blank = [](char16_t unit) { return unit == u' ' || unit == u'\t'; };
-    std::size_t first = 0;
-    std::size_t last = text.size();
-    while (first < last && blank(text[first]))
-        ++first;
-    while (last > first && blank(text[last - 1]))
-        --last;
-    return text.substr(first, last - first);
-}
-
 } // namespace
 
 PresetManagementSection::PresetManagementSection(const Fnd::WString& title, std::string layoutName,
@@ -200,7 +189,7 @@ void PresetManagementSection::SavePresetAs() {
                 Localize("$$$/Quillon/Libraries/IngestDialog/SavePresetAs=Save Preset As"),
                 Localize("$$$/Quillon/Libraries/IngestDialog/PresetNameLabel=Name:"), text, this))
             return;
-        text = TrimBlanksAndTabs(text);
+        text = Fnd::Trim(text, u" \t");
         if (text.empty() || !ValidatePresetName(text))
             continue;
         if (QL::PresetSucceeded(store_.SavePresetFields(text, true, fields)))

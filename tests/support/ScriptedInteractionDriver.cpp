@@ -42,8 +42,18 @@ ScriptedInteractionDriver::AskExistingPath(const Fnd::ExistingPathQuestion& ques
 }
 
 void ScriptedInteractionDriver::RunModal(Fnd::IModalSession& session) {
-    ADD_FAILURE() << "unscripted modal run of \"" << Fnd::ToUTF8(session.ModalTitle()) << "\"";
-    session.CloseByUser();
+    if (modalWork_.empty()) {
+        ADD_FAILURE() << "unscripted modal run of \"" << Fnd::ToUTF8(session.ModalTitle()) << "\"";
+        session.CloseByUser();
+        return;
+    }
+    const auto work = std::move(modalWork_.front());
+    modalWork_.pop_front();
+    work(session);
+    if (!session.IsCloseRequested()) {
+        ADD_FAILURE() << "the scripted work left \"" << Fnd::ToUTF8(session.ModalTitle()) << "\" open";
+        session.CloseByUser();
+    }
 }
 
 bool ScriptedInteractionDriver::AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) {

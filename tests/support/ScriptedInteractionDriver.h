@@ -14,6 +14,7 @@
 // the test if answers are left over when it ends: the code did not ask what the test expected it to ask.
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -34,10 +35,13 @@ public:
     // The next folder question answers this folder, or is cancelled.
     void QueueFolderAnswer(Fnd::WString folder) { folderAnswers_.push_back({true, std::move(folder)}); }
     void QueueFolderCancel() { folderAnswers_.push_back({false, {}}); }
+    // The next modal run is worked by this function, as the person would work the window (type,
+    // press OK); the session is the toolkit dialog being run, to be cast to its class.
+    void QueueModal(std::function<void(Fnd::IModalSession&)> work) { modalWork_.push_back(std::move(work)); }
 
     int AskMessageBox(const Fnd::MessageBoxRequest& request) override;
     Fnd::ExistingPathAnswer AskExistingPath(const Fnd::ExistingPathQuestion& question) override;
-    // Dialogs are worked by the front end's tests; a modal run here is a failure, and cancelled.
+    // A modal run without queued work is a failure, and cancelled.
     void RunModal(Fnd::IModalSession& session) override;
     bool AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) override;
     // Recorded, never shown: a test must not open the desktop's file manager.
@@ -51,7 +55,7 @@ public:
 
     // Answers queued and not asked for yet.
     std::size_t UnusedAnswers() const {
-        return boxAnswers_.size() + existingPathAnswers_.size() + folderAnswers_.size();
+        return boxAnswers_.size() + existingPathAnswers_.size() + folderAnswers_.size() + modalWork_.size();
     }
 
 private:
@@ -62,6 +66,7 @@ private:
     std::deque<std::pair<bool, Fnd::WString>> folderAnswers_;
     std::vector<Fnd::FolderQuestion> folders_;
     std::vector<Fnd::WString> reveals_;
+    std::deque<std::function<void(Fnd::IModalSession&)>> modalWork_;
 };
 
 // Installs a fresh ScriptedInteractionDriver for its lifetime and then restores the default

@@ -134,8 +134,8 @@ TEST_F(PresetsAndPrefsCommandTest, UnknownKeysWrongKindsAndLockedKeysWriteNothin
     EXPECT_NE(RunIgd({"prefs", "ls"}).out.find("locked"), std::string::npos);
 }
 
-// `igd name` renames with the template the settings store, and only while renaming is on.
-TEST_F(PresetsAndPrefsCommandTest, NameUsesTheStoredRenameTemplateWhileRenamingIsOn) {
+// `igd name` and `igd ingest` rename with the template the settings store, and only while renaming is on.
+TEST_F(PresetsAndPrefsCommandTest, NameAndIngestUseTheStoredRenameTemplateWhileRenamingIsOn) {
     const std::string file = Fnd::ToUTF8(tree.MakeFile("shoot/A001.MOV", "frames"));
     const std::string shown = RunIgd({"presets", "show", "Camera roll"}).out;
     const std::string label = "  file:     ";
@@ -148,6 +148,10 @@ TEST_F(PresetsAndPrefsCommandTest, NameUsesTheStoredRenameTemplateWhileRenamingI
     EXPECT_EQ(RunIgd({"name", file}).out, "A001.MOV\n");
     ASSERT_EQ(RunIgd({"prefs", "set", prefix + "EnableRenameTemplate", "true"}).exitCode, 0);
     EXPECT_EQ(RunIgd({"name", file}).out, "A001_001.MOV\n");
+    // An ingest without a template of its own renames as the dialog would.
+    const std::string destination = Fnd::ToUTF8(tree.MakeFolder("out"));
+    ASSERT_EQ(RunIgd({"ingest", file, "--to", destination}).exitCode, 0);
+    EXPECT_TRUE(std::filesystem::exists(destination + "/A001_001.MOV"));
 }
 
 } // namespace
