@@ -2,12 +2,14 @@
 // keys until a save accepts them.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "IGD/LayoutPreview.h"
 #include "QL/FilePresetService.h"
 #include "QL/PresetFileReader.h"
+#include "fluxui/dialogs/SimpleInputBox.h"
 #include "support/ScopedIgdHome.h"
 #include "support/ScriptedInteractionDriver.h"
 #include "templates/metadata/MetadataTemplateAddFieldSection.h"
@@ -64,9 +66,6 @@ protected:
         FAIL() << "no preset " << Fnd::ToUTF8(presetName) << " in the popup";
     }
     void Menu(int row) { section->GetNormalHeader().GetMenuPopup().ChooseByUser(row); }
-    bool MenuRowEnabled(int row) const {
-        return !section->GetNormalHeader().GetMenuPopup().GetItems().at(row).disabled;
-    }
     std::vector<std::u16string> SavedCrewKeys() const {
         std::vector<std::u16string> keys;
         const QL::PresetReadResult read = QL::ReadPresetFile(crewPath);
@@ -81,32 +80,13 @@ protected:
     boost::intrusive_ptr<IGD::MetadataTemplateSection> section;
 };
 
-TEST_F(MetadataTemplateSectionTest, StoredChoiceEnableAndOpenedStateComeBackAndChangesAreStored) {
-    auto rights = QL::InstantiateQLPresetManager(QL::kQLPresetCategoryMetadata)->GetSystemPresets().at(1);
-    ASSERT_EQ(rights->GetName(true), u"Rights");
-    settings->SetMetadataPreset(rights);
+TEST_F(MetadataTemplateSectionTest, RowsMarkRequiredKeysAndClearTextFieldsEmptiesWhatTheyShow) {
     settings->SetMetadataSectionOpened(false);
-    auto& built = Built();
-
-    EXPECT_EQ(built.GetNormalHeader().GetPresetPopup().GetValueString(), u"Rights");
-    EXPECT_TRUE(built.GetEnableCheckBox().IsChecked());
-    EXPECT_FALSE(built.GetOpened());
-    EXPECT_EQ(Rows<MetadataTemplateNormalModeField>(built.GetNormalFields()).size(), 3u);
-
-    built.SetOpened(true);
-    EXPECT_TRUE(settings->GetMetadataSectionOpened());
-    Choose(u"Crew");
-    EXPECT_EQ(settings->GetMetadataPresetPath(), Fnd::FromUTF8(crewPath));
-    Menu(IGD::kMenuEditPreset);
-    EXPECT_TRUE(settings->GetMetadataEditMode());
-    built.GetAddField().GetCancelButton().Press();
-    EXPECT_FALSE(settings->GetMetadataEditMode());
-    built.GetEnableCheckBox().Press();
-    EXPECT_FALSE(settings->GetEnableMetadataTemplate());
-}
-
-TEST_F(MetadataTemplateSectionTest, TypedValuesReachThePresetInTheSettingsUntilClearTextFields) {
     Built();
+    EXPECT_FALSE(section->GetOpened());
+    section->SetOpened(true);
+    EXPECT_TRUE(settings->GetMetadataSectionOpened());
+
     Choose(u"Production");
     const auto rows = Rows<MetadataTemplateNormalModeField>(section->GetNormalFields());
     std::vector<std::u16string> labels;
@@ -114,18 +94,14 @@ TEST_F(MetadataTemplateSectionTest, TypedValuesReachThePresetInTheSettingsUntilC
         labels.push_back(row->GetLabel().GetValue());
     EXPECT_EQ(labels, (std::vector<std::u16string>{u"production", u"director", u"cameraOperator", u"scene *",
                                                    u"take *"}));
-    EXPECT_FALSE(MenuRowEnabled(IGD::kMenuClearTextFields));
-
     rows[3]->GetValueEdit().TypeText(u"42");
-    const auto stored = settings->GetMetadataPreset()->GetFields();
-    EXPECT_EQ(stored[3]->GetValue(), u"42");
-    EXPECT_EQ(stored[3]->GetFormat(), u"") << "a typed value is for this ingest, not the preset's default";
-    EXPECT_TRUE(MenuRowEnabled(IGD::kMenuClearTextFields));
-
+    rows[4]->GetValueEdit().TypeText(u"3");
+    EXPECT_EQ(settings->GetMetadataPreset()->GetFields()[3]->GetValue(), u"42");
     Menu(IGD::kMenuClearTextFields);
-    EXPECT_EQ(settings->GetMetadataPreset()->GetFields()[3]->GetValue(), u"");
-    EXPECT_EQ(rows[3]->GetValueEdit().GetValue(), u"");
-    EXPECT_FALSE(MenuRowEnabled(IGD::kMenuClearTextFields));
+    for (const auto* row : rows) {
+        EXPECT_EQ(row->GetValueEdit().GetValue(), u"");
+        EXPECT_EQ(row->GetField()->GetValue(), u"");
+    }
 }
 
 // Keys are typed into the rows of the Crew preset (whose first row has "scene") and Save pressed.
@@ -171,7 +147,7 @@ TEST_F(MetadataTemplateSectionTest, SaveChecksKeysAfterTrimmingAndKeepsThemAsTyp
     }
 }
 
-TEST_F(MetadataTemplateSectionTest, AnAddedRowTakesTheKeyAndEditsRequiredKeyAndDefault) {
+TEST_F(MetadataTemplateSectionTest, EditRowsChangeRequiredKeyAndDefaultOfTheSavedFields) {
     Built();
     Choose(u"Crew");
     Menu(IGD::kMenuEditPreset);
@@ -183,7 +159,6 @@ TEST_F(MetadataTemplateSectionTest, AnAddedRowTakesTheKeyAndEditsRequiredKeyAndD
     rows[0]->GetValueEdit().TypeText(u"7");
     dynamic_cast<IGD::MetadataTemplateAddFieldSection&>(section->GetAddField()).GetAddButton().Press();
     auto* added = Rows<MetadataTemplateEditModeField>(section->GetEditFields()).back();
-    EXPECT_TRUE(added->GetKeyEdit().UI_HasKeyboardFocus());
     added->GetKeyEdit().TypeText(u"take");
     added->GetRequiredCheckBox().Press();
     section->GetAddField().GetSaveButton().Press();
@@ -194,26 +169,25 @@ TEST_F(MetadataTemplateSectionTest, AnAddedRowTakesTheKeyAndEditsRequiredKeyAndD
     EXPECT_EQ(saved[1], (QL::PresetFieldRecord{QL::kQLFieldMetadata, u"take", u"", true}));
 }
 
-TEST_F(MetadataTemplateSectionTest, APresetNameMeetsTheFileNameCheckFirstThenTheMetadataRules) {
+TEST_F(MetadataTemplateSectionTest, SaveAsRefusesANameThatIsNoFileNameFirstThenOneWithABlank) {
+    ScopedInteractionDriver ui;
     Built();
-    const struct {
-        std::u16string name;
-        std::u16string title; // empty: accepted
-    } cases[] = {
-        {u"Crew:A", u"Invalid Preset Name"},
-        {u"Crew A", u"Invalid Metadata Preset Name"},
-        {u"Crew_A", {}},
-    };
-    for (const auto& each : cases) {
-        ScopedInteractionDriver ui;
-        if (!each.title.empty())
-            ui->QueueBoxAnswer(0);
-        EXPECT_EQ(section->ValidatePresetName(each.name), each.title.empty());
-        ASSERT_EQ(ui->Boxes().size(), each.title.empty() ? 0u : 1u);
-        if (!each.title.empty()) {
-            EXPECT_EQ(ui->Boxes()[0].title, each.title);
-        }
-    }
+    Choose(u"Crew");
+    for (const std::u16string name : {u"Crew:A", u"Crew A", u"Crew_A"})
+        ui->QueueModal([name](Fnd::IModalSession& session) {
+            auto& prompt = dynamic_cast<fluxui::dialogs::SimpleInputBox&>(session);
+            prompt.GetTextEdit().TypeText(name);
+            prompt.GetOKButton().Press();
+        });
+    ui->QueueBoxAnswer(0);
+    ui->QueueBoxAnswer(0);
+    Menu(IGD::kMenuSaveAsPreset);
+
+    ASSERT_EQ(ui->Boxes().size(), 2u);
+    EXPECT_EQ(ui->Boxes()[0].title, u"Invalid Preset Name");
+    EXPECT_EQ(ui->Boxes()[1].title, u"Invalid Metadata Preset Name");
+    EXPECT_EQ(section->GetNormalHeader().GetPresetPopup().GetValueString(), u"Crew_A");
+    EXPECT_TRUE(std::filesystem::exists(home.Path() + "/presets/metadata/Crew_A.igdmetadata"));
 }
 
 } // namespace
