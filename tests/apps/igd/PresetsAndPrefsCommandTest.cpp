@@ -81,8 +81,7 @@ TEST_F(PresetsAndPrefsCommandTest, ImportRefusesMetadataKeysAndNamesTheDialogWou
         for (const std::string& key : keys)
             xml += "<field type=\"" + std::string(category == "rename" ? "customText" : "metadata") +
                    "\" required=\"false\"><key>" + key + "</key><format>v</format></field>";
-        const std::string path = Fnd::ToUTF8(tree.MakeFile(name + "." + "igd" + category, xml + "</preset>"));
-        return path;
+        return Fnd::ToUTF8(tree.MakeFile(name + ".igd" + category, xml + "</preset>"));
     };
     const struct {
         std::string category, name;
@@ -91,9 +90,7 @@ TEST_F(PresetsAndPrefsCommandTest, ImportRefusesMetadataKeysAndNamesTheDialogWou
     } cases[] = {
         {"metadata", "Crew", {"scene", "1take"}, "The first character of the field name cannot be a number."},
         {"metadata", "Crew", {"take", " take"}, "may not contain multiple fields with the same name."},
-        {"metadata", "Crew", {"a@b"}, "Field names contain invalid character."},
         {"metadata", "Crew list", {"scene"}, "Metadata preset name contains an invalid character."},
-        {"metadata", ".Crew", {"scene"}, "The first character of the metadata preset name is an invalid"},
         // Keys are compared trimmed but case matters; a keyless field is no key at all.
         {"metadata", "Crew_2", {"Take", "take", "scene ", "  "}, ""},
         {"rename", "Day one", {""}, ""},
@@ -104,8 +101,8 @@ TEST_F(PresetsAndPrefsCommandTest, ImportRefusesMetadataKeysAndNamesTheDialogWou
         const Ran run = RunIgd({"presets", "import", path});
         if (each.refusal.empty()) {
             EXPECT_EQ(run.exitCode, 0) << run.err;
-            EXPECT_TRUE(std::filesystem::exists(home.Path() + "/presets/" + each.category + "/" + each.name + ".igd" +
-                                                each.category));
+            EXPECT_TRUE(std::filesystem::exists(home.Path() + "/presets/" + each.category + "/" + each.name +
+                                                ".igd" + each.category));
             continue;
         }
         EXPECT_EQ(run.exitCode, 2);
