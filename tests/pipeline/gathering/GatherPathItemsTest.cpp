@@ -77,13 +77,6 @@ TEST_F(GatherTest, AnyFileOfASpannedCardClipGivesOneFolderBasedItem) {
     EXPECT_EQ(item->GetClipGuid(), fluxcore::utility::Guid());
 }
 
-TEST_F(GatherTest, APathNoProviderKnowsGivesNothing) {
-    session->SetSourceRoot(u"/kept");
-    GatherPathItems(*session, tree.Path("missing/A001.MOV"));
-    EXPECT_TRUE(session->GetSelectedItems().empty());
-    EXPECT_EQ(session->GetSourceRoot(), u"/kept");
-}
-
 TEST_F(GatherTest, HiddenFilesNeverTravelAndNestedListsFlatten) {
     tree.MakeFile("CARD/CLIPS/A.MXF");
     ScriptedProvider provider;
