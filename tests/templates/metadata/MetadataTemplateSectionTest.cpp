@@ -6,53 +6,33 @@
 #include <string>
 #include <vector>
 
-#include "IGD/LayoutPreview.h"
-#include "QL/FilePresetService.h"
 #include "QL/PresetFileReader.h"
-#include "fluxui/dialogs/SimpleInputBox.h"
-#include "support/ScopedIgdHome.h"
-#include "support/ScriptedInteractionDriver.h"
 #include "templates/metadata/MetadataTemplateAddFieldSection.h"
 #include "templates/metadata/MetadataTemplateEditModeField.h"
 #include "templates/metadata/MetadataTemplateEditModeFieldsContainer.h"
 #include "templates/metadata/MetadataTemplateNormalModeField.h"
 #include "templates/metadata/MetadataTemplateNormalModeFieldsContainer.h"
 #include "templates/metadata/MetadataTemplateSection.h"
-#include "templates/section/PresetManagementNormalModeHeader.h"
-#include "transfer/SectionTree.h"
+#include "tests/templates/TemplateSectionTest.h"
 
 namespace igd::test {
 namespace {
 
 using namespace IGD;
 
-class MetadataTemplateSectionTest : public ::testing::Test {
+class MetadataTemplateSectionTest
+    : public TemplateSectionTest<MetadataTemplateSection, QL::kQLPresetCategoryMetadata> {
 protected:
-    // A disabled section takes no clicks.
-    MetadataTemplateSectionTest() { settings->SetEnableMetadataTemplate(true); }
-    ~MetadataTemplateSectionTest() override { QL::SetPresetService(nullptr); }
-
     // The section, with the user preset Crew (a required "scene" defaulting to "12") as first
-    // written and chosen; a fresh service reads it again.
+    // written and chosen.
     void OpenOnCrew() {
         crewPath = home.MakeFile("presets/metadata/Crew.igdmetadata",
                                  "<?xml version=\"1.0\"?><preset category=\"metadata\" schema=\"igd.preset\" "
                                  "version=\"1\"><name>Crew</name><field type=\"metadata\" required=\"true\">"
                                  "<key>scene</key><format>12</format></field></preset>");
-        QL::InstallFilePresetService();
-        section = new MetadataTemplateSection(settings);
-        wrangler::ui::BuildSectionTree(*section, *IngestResourceManager(), nullptr);
-        wrangler::ui::ApplySettingsToTree(*section);
-        Choose(u"Crew");
+        Open();
+        Pick(u"Crew");
     }
-    void Choose(const std::u16string& presetName) {
-        auto& popup = section->GetNormalHeader().GetPresetPopup();
-        for (std::size_t row = 0; row < popup.GetItems().size(); ++row)
-            if (popup.GetItems()[row].text == presetName)
-                return popup.ChooseByUser(static_cast<int>(row));
-        FAIL() << "no preset " << Fnd::ToUTF8(presetName);
-    }
-    void Menu(int row) { section->GetNormalHeader().GetMenuPopup().ChooseByUser(row); }
     template <typename Row, typename Container> static std::vector<Row*> Rows(const Container& container) {
         std::vector<Row*> rows;
         for (auto* row : container.GetRows())
@@ -69,20 +49,17 @@ protected:
         return QL::ReadPresetFile(crewPath).document->fields;
     }
 
-    ScopedIgdHome home;
     std::string crewPath;
-    std::shared_ptr<IngestSettingsController> settings = std::make_shared<IngestSettingsController>();
-    boost::intrusive_ptr<MetadataTemplateSection> section;
 };
 
 TEST_F(MetadataTemplateSectionTest, RowsMarkRequiredKeysAndClearTextFieldsEmptiesWhatTheyShow) {
-    settings->SetMetadataSectionOpened(false);
+    controller.SetMetadataSectionOpened(false);
     OpenOnCrew();
     EXPECT_FALSE(section->GetOpened());
     section->SetOpened(true);
-    EXPECT_TRUE(settings->GetMetadataSectionOpened());
+    EXPECT_TRUE(controller.GetMetadataSectionOpened());
 
-    Choose(u"Production");
+    Pick(u"Production");
     const auto rows = Rows<MetadataTemplateNormalModeField>(section->GetNormalFields());
     std::vector<std::u16string> labels;
     for (const auto* row : rows)
@@ -90,7 +67,7 @@ TEST_F(MetadataTemplateSectionTest, RowsMarkRequiredKeysAndClearTextFieldsEmptie
     EXPECT_EQ(labels, (std::vector<std::u16string>{u"production", u"director", u"cameraOperator", u"scene *",
                                                    u"take *"}));
     rows[3]->GetValueEdit().TypeText(u"42");
-    EXPECT_EQ(settings->GetMetadataPreset()->GetFields()[3]->GetValue(), u"42");
+    EXPECT_EQ(controller.GetMetadataPreset()->GetFields()[3]->GetValue(), u"42");
     Menu(kMenuClearTextFields);
     EXPECT_EQ(rows[3]->GetValueEdit().GetValue(), u"");
 }
@@ -108,7 +85,7 @@ TEST_F(MetadataTemplateSectionTest, SaveChecksKeysAfterTrimmingAndKeepsThemAsTyp
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(Fnd::ToUTF8(each.typed.front()));
-        ScopedInteractionDriver ui;
+        const std::size_t boxes = ui->Boxes().size();
         OpenOnCrew();
         Menu(kMenuEditPreset);
         for (const std::u16string& key : each.typed)
@@ -122,9 +99,9 @@ TEST_F(MetadataTemplateSectionTest, SaveChecksKeysAfterTrimmingAndKeepsThemAsTyp
             saved.push_back(field.key);
         EXPECT_EQ(saved, each.saved);
         EXPECT_EQ(section->IsEditing(), !each.box.empty()) << "a refused save stays in edit mode";
-        ASSERT_EQ(ui->Boxes().size(), each.box.empty() ? 0u : 1u);
+        ASSERT_EQ(ui->Boxes().size() - boxes, each.box.empty() ? 0u : 1u);
         if (!each.box.empty()) {
-            EXPECT_EQ(ui->Boxes()[0].text, each.box);
+            EXPECT_EQ(ui->Boxes().back().text, each.box);
         }
     }
 }
@@ -144,14 +121,9 @@ TEST_F(MetadataTemplateSectionTest, EditRowsSetRequiredKeyAndDefault) {
 }
 
 TEST_F(MetadataTemplateSectionTest, SaveAsRefusesANameThatIsNoFileNameFirstThenOneWithABlank) {
-    ScopedInteractionDriver ui;
     OpenOnCrew();
     for (const std::u16string name : {u"Crew:A", u"Crew A", u"Crew_A"})
-        ui->QueueModal([name](Fnd::IModalSession& session) {
-            auto& prompt = dynamic_cast<fluxui::dialogs::SimpleInputBox&>(session);
-            prompt.GetTextEdit().TypeText(name);
-            prompt.GetOKButton().Press();
-        });
+        AnswerNamePrompt(name);
     ui->QueueBoxAnswer(0);
     ui->QueueBoxAnswer(0);
     Menu(kMenuSaveAsPreset);
