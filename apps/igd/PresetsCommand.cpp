@@ -14,6 +14,7 @@
 #include "ExitCodes.h"
 #include "Fnd/AtomicFile.h"
 #include "Fnd/PathUtils.h"
+#include "IGD/MetadataPresetRules.h"
 #include "QL/FilePresetService.h"
 #include "QL/IQLPresetManager.h"
 #include "QL/PresetDocument.h"
@@ -198,6 +199,15 @@ int RunImport(const PresetsOptions& options) {
     if (!read) {
         std::cerr << "igd: cannot import \"" << path << "\": the file " << read.error << "\n";
         return kBadInput;
+    }
+    // A key or name the dialog would refuse to save must not come in through a file either.
+    if (read.document->category == QL::kQLPresetCategoryMetadata) {
+        const auto problem =
+            IGD::CheckMetadataPreset(read.document->name, QL::MakePresetFields(read.document->fields));
+        if (problem) {
+            std::cerr << "igd: cannot import \"" << path << "\": " << Fnd::ToDisplayUTF8(problem.text) << "\n";
+            return kBadInput;
+        }
     }
     std::string refusal;
     QL::SetPresetLoadWarningHandler([&](const QL::PresetLoadWarning& warning) {

@@ -30,6 +30,7 @@ IGD_EXPORT Fnd::WString TrimMetadataKey(const Fnd::WString& key);
 IGD_EXPORT MetadataNameProblem CheckMetadataKeys(const QL::PresetFieldList& fields);
 
 // The keys, then the name: the order in which a save in the dialog meets them.
-IGD_EXPORT MetadataNameProblem CheckMetadataPreset(const Fnd::WString& name, const QL::PresetFieldList& fields);
+IGD_EXPORT MetadataNameProblem CheckMetadataPreset(const Fnd::WString& name,
+                                                   const QL::PresetFieldList& fields);
 
 } // namespace IGD

@@ -423,11 +423,11 @@ LAYOUTS = {
         checkbox((10, 3, 180, 20), "EnableManagementCheckBox", loc("RenameFiles", "Rename Files")),
     ]),
     "igdRenameTemplateNormalModeField": (300, 26, [
-        label((10, 3, 110, 20), "UI_FieldTypeLabel", constraints=FIXED),
+        label((10, 3, 122, 20), "UI_FieldTypeLabel", constraints=FIXED),
         # One of these three shows, by the field's type, in the slot after the label.
-        outline_box((124, 2, 166, 22), [label((6, 1, 154, 20))]),
-        text_edit((124, 2, 166, 22), "AutoHintTextEdit", hint_edit=True, visible=False),
-        node("UI_NumberEdit", (124, 2, 80, 22), "UI_UserDefStartNumber", FIXED, text="1",
+        outline_box((134, 2, 156, 22), [label((6, 1, 144, 20))]),
+        text_edit((134, 2, 156, 22), "AutoHintTextEdit", hint_edit=True, visible=False),
+        node("UI_NumberEdit", (134, 2, 80, 22), "UI_UserDefStartNumber", FIXED, text="1",
              decimalPlaces=Signed(0), maxValue=Double(4294970000), minValue=Double(1), value=Double(1),
              formatUseSeparator=False),
     ]),

@@ -2,6 +2,7 @@
 
 #include "fluxcore/ZString.h"
 #include "shell/resources/IngestResources.h"
+#include "templates/section/OwningPresetSection.h"
 #include "templates/section/PresetManagementSection.h"
 
 namespace IGD {
@@ -17,7 +18,7 @@ PresetManagementAddFieldSection::PresetManagementAddFieldSection(std::string lay
     : SectionViewEx(Fnd::WString(), std::move(layoutName)) {}
 
 PresetManagementSection* PresetManagementAddFieldSection::OwnerSection() const {
-    return dynamic_cast<PresetManagementSection*>(GetParentSection());
+    return OwningPresetSection(*this);
 }
 
 void PresetManagementAddFieldSection::BindControls() {

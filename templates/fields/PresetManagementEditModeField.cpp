@@ -2,9 +2,9 @@
 
 #include "fluxcore/Threads.h"
 #include "fluxcore/ZString.h"
-#include "shell/AutoHintTextEdit.h"
 #include "shell/resources/IngestResources.h"
-#include "templates/section/PresetManagementSection.h"
+#include "templates/fields/FieldRowControls.h"
+#include "templates/section/OwningPresetSection.h"
 
 namespace IGD {
 namespace {
@@ -19,16 +19,11 @@ PresetManagementEditModeField::PresetManagementEditModeField(std::string layoutN
     : SectionViewEx(Fnd::WString(), std::move(layoutName)), field_(std::move(field)) {}
 
 fluxui::ui::UI_NodeRef PresetManagementEditModeField::CreateCustomControl(const Fnd::WString& className) {
-    if (className == u"AutoHintTextEdit")
-        return fluxui::ui::UI_NodeRef(new AutoHintTextEdit);
-    return {};
+    return CreateFieldRowControl(className);
 }
 
 PresetManagementSection* PresetManagementEditModeField::OwnerSection() const {
-    for (SectionViewEx* section = GetParentSection(); section; section = section->GetParentSection())
-        if (auto* owner = dynamic_cast<PresetManagementSection*>(section))
-            return owner;
-    return nullptr;
+    return OwningPresetSection(*this);
 }
 
 void PresetManagementEditModeField::BindControls() {

@@ -1,7 +1,7 @@
 #include "templates/fields/PresetManagementNormalModeField.h"
 
-#include "shell/AutoHintTextEdit.h"
-#include "templates/section/PresetManagementSection.h"
+#include "templates/fields/FieldRowControls.h"
+#include "templates/section/OwningPresetSection.h"
 
 namespace IGD {
 
@@ -9,16 +9,11 @@ PresetManagementNormalModeField::PresetManagementNormalModeField(std::string lay
     : SectionViewEx(Fnd::WString(), std::move(layoutName)), field_(std::move(field)) {}
 
 fluxui::ui::UI_NodeRef PresetManagementNormalModeField::CreateCustomControl(const Fnd::WString& className) {
-    if (className == u"AutoHintTextEdit")
-        return fluxui::ui::UI_NodeRef(new AutoHintTextEdit);
-    return {};
+    return CreateFieldRowControl(className);
 }
 
 PresetManagementSection* PresetManagementNormalModeField::OwnerSection() const {
-    for (SectionViewEx* section = GetParentSection(); section; section = section->GetParentSection())
-        if (auto* owner = dynamic_cast<PresetManagementSection*>(section))
-            return owner;
-    return nullptr;
+    return OwningPresetSection(*this);
 }
 
 } // namespace IGD

@@ -15,7 +15,9 @@ using fluxcore::Localize;
 constexpr std::u16string_view kForbidden = u" \t<>/\\?@#$~!%^&*():;'[]{}`=+,";
 static_assert(kForbidden.size() == 29);
 
-bool IsAsciiDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+bool IsAsciiDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
 
 Fnd::WString Title(MetadataNameKind kind) {
     return kind == MetadataNameKind::FieldName
@@ -34,21 +36,24 @@ MetadataNameProblem CheckMetadataName(const Fnd::WString& name, MetadataNameKind
         return {};
     // Only ASCII digits: a name may well begin with a digit of another script.
     if (IsAsciiDigit(name.front()))
-        return Problem(kind,
-                       "$$$/Quillon/Ingest/InvalidMetadataKeyFirstLetterNumber=The first character of the field "
-                       "name cannot be a number.",
-                       "$$$/Quillon/Ingest/InvalidPresetNameFirstLetterNumber=The first character of the "
-                       "metadata preset name cannot be a number.");
+        return Problem(
+            kind,
+            "$$$/Quillon/Ingest/InvalidMetadataKeyFirstLetterNumber=The first character of the field "
+            "name cannot be a number.",
+            "$$$/Quillon/Ingest/InvalidPresetNameFirstLetterNumber=The first character of the "
+            "metadata preset name cannot be a number.");
     if (name.front() == u'-' || name.front() == u'.')
-        return Problem(kind,
-                       "$$$/Quillon/Ingest/InvalidMetadataKeyFirstLetterChar=The first character of the field "
-                       "name is an invalid character.",
-                       "$$$/Quillon/Ingest/InvalidPresetNameFirstLetterChar=The first character of the "
-                       "metadata preset name is an invalid character.");
+        return Problem(
+            kind,
+            "$$$/Quillon/Ingest/InvalidMetadataKeyFirstLetterChar=The first character of the field "
+            "name is an invalid character.",
+            "$$$/Quillon/Ingest/InvalidPresetNameFirstLetterChar=The first character of the "
+            "metadata preset name is an invalid character.");
     if (name.find_first_of(kForbidden) != Fnd::WString::npos)
-        return Problem(kind, "$$$/Quillon/Ingest/InvalidMetadataKeyBadLetter=Field names contain invalid character.",
-                       "$$$/Quillon/Ingest/InvalidPresetNameBadLetter=Metadata preset name contains an invalid "
-                       "character.");
+        return Problem(
+            kind, "$$$/Quillon/Ingest/InvalidMetadataKeyBadLetter=Field names contain invalid character.",
+            "$$$/Quillon/Ingest/InvalidPresetNameBadLetter=Metadata preset name contains an invalid "
+            "character.");
     return {};
 }
 

@@ -16,11 +16,14 @@ void MetadataTemplateEditModeField::BindControls() {
     keyEdit_ = BindControl<AutoHintTextEdit>("MetadataKey");
     valueEdit_ = BindControl<AutoHintTextEdit>("MetadataValue");
 
-    requiredCheckBox_->UI_SetToolTip(Localize("$$$/Quillon/Libraries/IngestDialog/RequiredTooltip=Required Field"));
+    requiredCheckBox_->UI_SetToolTip(
+        Localize("$$$/Quillon/Libraries/IngestDialog/RequiredTooltip=Required Field"));
     keyEdit_->SetHintText(Localize("$$$/Quillon/Libraries/IngestDialog/EnterMetadataKey=Input Metadata Key"));
     keyEdit_->UI_SetToolTip(Localize("$$$/Quillon/Libraries/IngestDialog/MetadataKeyTooltip=Metadata Key"));
-    valueEdit_->SetHintText(Localize("$$$/Quillon/Libraries/IngestDialog/EnterMetadataValue=Input Metadata Value"));
-    valueEdit_->UI_SetToolTip(Localize("$$$/Quillon/Libraries/IngestDialog/MetadataValueTooltip=Metadata Value"));
+    valueEdit_->SetHintText(
+        Localize("$$$/Quillon/Libraries/IngestDialog/EnterMetadataValue=Input Metadata Value"));
+    valueEdit_->UI_SetToolTip(
+        Localize("$$$/Quillon/Libraries/IngestDialog/MetadataValueTooltip=Metadata Value"));
 
     const PresetFieldRef& field = GetField();
     requiredCheckBox_->SetChecked(field->GetRequired());
@@ -32,7 +35,8 @@ void MetadataTemplateEditModeField::WireControls() {
     PresetManagementEditModeField::WireControls();
     requiredCheckBox_->NotifyWhenChanged(
         [this](const UI_ControlMessage&) { GetField()->SetRequired(requiredCheckBox_->IsChecked()); });
-    keyEdit_->NotifyWhenChanged([this](const UI_ControlMessage&) { GetField()->SetKey(keyEdit_->GetValue()); });
+    keyEdit_->NotifyWhenChanged(
+        [this](const UI_ControlMessage&) { GetField()->SetKey(keyEdit_->GetValue()); });
     valueEdit_->NotifyWhenChanged(
         [this](const UI_ControlMessage&) { GetField()->SetFormat(valueEdit_->GetValue()); });
 }

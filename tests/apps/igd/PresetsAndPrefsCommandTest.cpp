@@ -72,6 +72,46 @@ TEST_F(PresetsAndPrefsCommandTest, BadPresetInputIsRefusedWithItsReasonAndNothin
     EXPECT_FALSE(std::filesystem::exists(Native("out.igdrename")));
 }
 
+// A metadata preset file is held to the keys and names the dialog would save; rename presets are not.
+TEST_F(PresetsAndPrefsCommandTest, ImportRefusesMetadataKeysAndNamesTheDialogWouldRefuse) {
+    const auto file = [&](const std::string& category, const std::string& name,
+                          const std::vector<std::string>& keys) {
+        std::string xml = "<?xml version=\"1.0\"?><preset category=\"" + category +
+                          "\" schema=\"igd.preset\" version=\"1\"><name>" + name + "</name>";
+        for (const std::string& key : keys)
+            xml += "<field type=\"" + std::string(category == "rename" ? "customText" : "metadata") +
+                   "\" required=\"false\"><key>" + key + "</key><format>v</format></field>";
+        return Fnd::ToUTF8(tree.MakeFile(name + ".igd" + category, xml + "</preset>"));
+    };
+    const struct {
+        std::string category, name;
+        std::vector<std::string> keys;
+        std::string refusal; // empty: imported
+    } cases[] = {
+        {"metadata", "Crew", {"scene", "1take"}, "The first character of the field name cannot be a number."},
+        {"metadata", "Crew", {"take", " take"}, "may not contain multiple fields with the same name."},
+        {"metadata", "Crew list", {"scene"}, "Metadata preset name contains an invalid character."},
+        // Keys are compared trimmed but case matters; a keyless field is no key at all.
+        {"metadata", "Crew_2", {"Take", "take", "scene ", "  "}, ""},
+        {"rename", "Day one", {""}, ""},
+    };
+    for (const auto& each : cases) {
+        const std::string path = file(each.category, each.name, each.keys);
+        SCOPED_TRACE(path);
+        const Ran run = RunIgd({"presets", "import", path});
+        if (each.refusal.empty()) {
+            EXPECT_EQ(run.exitCode, 0) << run.err;
+            EXPECT_TRUE(std::filesystem::exists(home.Path() + "/presets/" + each.category + "/" + each.name +
+                                                ".igd" + each.category));
+            continue;
+        }
+        EXPECT_EQ(run.exitCode, 2);
+        EXPECT_EQ(run.err.rfind("igd: cannot import \"" + path + "\": ", 0), 0u) << run.err;
+        EXPECT_NE(run.err.find(each.refusal), std::string::npos) << run.err;
+        EXPECT_TRUE(FilesBelow(home.Path() + "/presets/metadata").empty());
+    }
+}
+
 TEST_F(PresetsAndPrefsCommandTest, APreferenceSetIsReadInTheNextProcess) {
     ASSERT_EQ(RunIgd({"prefs", "set", scopeKey_, "1"}).exitCode, 0);
     const Ran run = RunIgd({"prefs", "get", scopeKey_});

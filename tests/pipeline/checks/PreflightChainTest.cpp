@@ -244,7 +244,7 @@ TEST_F(PreflightChainTest, SubFolderNamesAreTrimmedOrRefusedAsTyped) {
         const char* stored; // after the chain
     } cases[] = {{"\t day1  ", true, "day1"}, {"Day 1", true, "Day 1"}, {"day1/cam", false, "day1/cam"},
                  {" bad|name ", false, " bad|name "}, {"..", false, ".."}, {" . ", false, " . "},
-                 {"...", true, "..."}, {"day1/../..", false, "day1/../.."}, {" \t ", false, " \t "}};
+                 {"...", true, "..."}, {" \t ", false, " \t "}};
     for (const auto& row : cases) {
         SCOPED_TRACE(row.typed);
         session_ = SessionWithClips({"A001.MOV"});

@@ -39,25 +39,8 @@ TEST_F(IngestFileOutputNameTest, ACardClipAnswersItsPathBelowTheCardsFolderRenam
     EXPECT_EQ(session->GetCopyDecisions()->begin()->second.size(), 2u) << "both chapters are decided";
 }
 
-TEST_F(IngestFileOutputNameTest, SingleFileBecomesAnItemOfItsFolder) {
-    const Fnd::WString file = tree.MakeFile("shoot/B002.MXF", "frames");
-    tree.MakeFile("shoot/B002.MXF.xmp");
-    tree.MakeFile("shoot/B002.xmp");
-    auto session = NewSession();
-    session->SetRenamePreset(CounterTemplate());
-
-    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(file, session, date, false)), "001_Day1.MXF");
-    ASSERT_EQ(session->GetSelectedItems().size(), 1u);
-    const auto& item = *session->GetSelectedItems().front();
-    EXPECT_EQ(Fnd::ToUTF8(Fnd::PathUtils::RemoveTrailingSlash(session->GetSourceRoot())),
-              tree.NativePath("shoot"));
-    EXPECT_EQ(Fnd::ToUTF8(item.GetItemPath()), "B002.MXF");
-}
-
-TEST_F(IngestFileOutputNameTest, WithoutATemplateOrAnythingToTakeTheFileNameStays) {
-    const Fnd::WString file = tree.MakeFile("shoot/A.MOV", "x");
-    EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(file, NewSession(), date, true)), "A.MOV");
-
+// Nothing to gather: the name stays and the session is left as it was.
+TEST_F(IngestFileOutputNameTest, AFileThatIsGoneKeepsItsName) {
     auto session = NewSession();
     session->SetRenamePreset(CounterTemplate());
     EXPECT_EQ(Fnd::ToUTF8(IGD::GetIngestFileOutputName(tree.Path("gone/Z9.MOV"), session, date, true)),

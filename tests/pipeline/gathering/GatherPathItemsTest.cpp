@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-
 #include "Browse/ProviderRegistry.h"
 #include "IGD/SelectedClipItem.h"
 #include "pipeline/gathering/AddBrowserItems.h"
@@ -53,7 +52,8 @@ protected:
     const IngestDialogDataRef session = IngestDialogDataRef::Query(CreateIngestDialogData());
 };
 
-TEST_F(GatherTest, ASpannedCardClipBecomesOneFolderBasedItem) {
+// Whichever file of a card clip a host names, the item is the whole clip, named by its media file.
+TEST_F(GatherTest, AnyFileOfASpannedCardClipGivesOneFolderBasedItem) {
     tree.MakeFile("shoot/CARD/CONTENTS/CLIP/000AB1.XML", P2Xml("G1", "G1", "G2"));
     tree.MakeFile("shoot/CARD/CONTENTS/CLIP/000AB2.XML", P2Xml("G2", "G1", ""));
     tree.MakeFile("shoot/CARD/CONTENTS/VIDEO/000AB1.MXF");
@@ -61,7 +61,7 @@ TEST_F(GatherTest, ASpannedCardClipBecomesOneFolderBasedItem) {
     // A sidecar beside card media is not the clip's: cards carry their own metadata.
     tree.MakeFile("shoot/CARD/CONTENTS/VIDEO/000AB1.xmp");
 
-    GatherPathItems(*session, tree.Path("shoot/CARD/CONTENTS/VIDEO/000AB1.MXF"));
+    GatherPathItems(*session, tree.Path("shoot/CARD/CONTENTS/CLIP/000AB1.XML"));
 
     const SelectedClipItem* item = OnlyClip(session);
     ASSERT_NE(item, nullptr);
@@ -75,33 +75,6 @@ TEST_F(GatherTest, ASpannedCardClipBecomesOneFolderBasedItem) {
                                       u"CARD/CONTENTS/VIDEO/000AB2.MXF", u"CARD/CONTENTS/CLIP/000AB2.XML"}));
     EXPECT_EQ(item->GetItemFormat(), u"com.veltrix.Kestrel.ProviderP2");
     EXPECT_EQ(item->GetClipGuid(), fluxcore::utility::Guid());
-}
-
-// Whichever file of a card clip a host names, the item is the clip, named by its media file.
-TEST_F(GatherTest, AnyFileOfACardClipGivesTheClipByItsMediaFile) {
-    tree.MakeFile("GOPRO/DCIM/100GOPRO/GH010042.MP4");
-    tree.MakeFile("GOPRO/DCIM/100GOPRO/GH020042.MP4");
-    tree.MakeFile("P2/CONTENTS/CLIP/000AB1.XML", P2Xml("G1", "G1", ""));
-    tree.MakeFile("P2/CONTENTS/VIDEO/000AB1.MXF");
-    const std::vector<std::pair<std::string, std::u16string>> cases{
-        {"GOPRO/DCIM/100GOPRO/GH020042.MP4", u"GOPRO/DCIM/100GOPRO/GH010042.MP4"},
-        {"P2/CONTENTS/CLIP/000AB1.XML", u"P2/CONTENTS/VIDEO/000AB1.MXF"},
-    };
-    for (const auto& [named, media] : cases) {
-        SCOPED_TRACE(named);
-        const IngestDialogDataRef session = IngestDialogDataRef::Query(CreateIngestDialogData());
-        GatherPathItems(*session, tree.Path(named));
-        const SelectedClipItem* item = OnlyClip(session);
-        ASSERT_NE(item, nullptr);
-        EXPECT_EQ(item->GetItemPath(), media);
-    }
-}
-
-TEST_F(GatherTest, APathNoProviderKnowsGivesNothing) {
-    session->SetSourceRoot(u"/kept");
-    GatherPathItems(*session, tree.Path("missing/A001.MOV"));
-    EXPECT_TRUE(session->GetSelectedItems().empty());
-    EXPECT_EQ(session->GetSourceRoot(), u"/kept");
 }
 
 TEST_F(GatherTest, HiddenFilesNeverTravelAndNestedListsFlatten) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <ostream>
 #include <set>
 
 #include "AppFrame/DocumentManager.h"
@@ -20,78 +19,58 @@ using Fnd::WString;
 using QL::IngestTask::CopyUnit;
 using QL::IngestTask::TranscodeSetting;
 
-// Marks the clip's in and out points and its frame rate; answers the clip.
-const IGD::SelectedClipItemRef& Timed(const IGD::SelectedClipItemRef& clip, fluxmediatypes::Time in,
-                                      fluxmediatypes::Time out, fluxmediatypes::FrameRate rate) {
-    clip->SetInPoint(in);
-    clip->SetOutPoint(out);
-    clip->SetFrameRate(rate);
-    return clip;
-}
-
-// The clips A001.MOV and A002.MOV, changed by the words of setup: "none" drops them, "folder"
-// adds one, "named" gives A002 an outputName, "metadata" gives the template values, "local" or
-// "server" installs a project, "importOnly" sets the session's flag.
-struct RequestCase {
-    const char* name;
-    std::string setup;
-    const char* destinations; // one letter each, in order: c copies, t transcodes, s stitches
-    KindList expected;
-};
-
-void PrintTo(const RequestCase& c, std::ostream* os) {
-    *os << c.name;
-}
-
-class RequestTableTest : public PlanTest, public ::testing::WithParamInterface<RequestCase> {
-protected:
-    bool Has(std::string_view word) const { return GetParam().setup.find(word) != std::string::npos; }
-};
-
-TEST_P(RequestTableTest, SubmitsTheTasksOfItsKindUnderTheBatch) {
-    auto session = Has("none") ? SessionWithClips() : SessionWithClips({"A001.MOV", "A002.MOV"});
-    if (Has("folder")) {
-        tree.MakeFile("src/Card/x.mxf");
-        AddFolder(*session, "Card", {"Card/x.mxf"});
-    }
-    if (Has("named"))
-        session->GetSelectedItems()[1]->SetOutputName(u"Shot_02");
-    if (Has("metadata"))
-        session->SetCustomData(CustomDataWithMetadata());
-    if (Has("local") || Has("server"))
+// Which tasks each kind of request submits, all under the batch. The clips A001.MOV and A002.MOV
+// are changed by the words of setup: "none" drops them, "folder" adds one, "named" gives A002 an
+// outputName, "metadata" gives the template values, "local" installs a local project,
+// "importOnly" sets the session's flag. Destinations are one letter each, in order: c copies,
+// t transcodes, s stitches.
+TEST_F(PlanTest, EachKindOfRequestSubmitsItsTasksUnderTheBatch) {
+    using K = TaskKind;
+    const struct {
+        const char* what;
+        std::string setup;
+        const char* destinations;
+        KindList expected;
+    } cases[] = {
+        {"nothing to write imports", "", "", {K::Import}},
+        {"names on a local project update metadata", "local named", "", {K::UpdateMetadata}},
+        {"metadata without items submits nothing", "none metadata", "", {}},
+        {"a copy per destination, a transcode per item, one stitch", "", "tccs",
+         {K::Transcode, K::Transcode, K::Copy, K::Copy, K::Concatenate}},
+        {"an empty selection still copies", "none", "c", {K::Copy}},
+        {"the import only flag is not read", "importOnly", "c", {K::Copy}},
+        {"a stitch with a folder gives that destination nothing", "folder", "sc", {K::Copy}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        const auto Has = [&c](std::string_view word) { return c.setup.find(word) != std::string::npos; };
+        tasks->Clear();
         AppFrame::DocumentManager::SetInstance(
-            std::make_shared<AppFrame::FixedDocumentManager>(Has("server")));
-    session->SetImportOnly(Has("importOnly"));
-    for (std::size_t i = 0; GetParam().destinations[i] != '\0'; ++i) {
-        const char kind = GetParam().destinations[i];
-        auto destination = AddDestination(*session, std::string(1, kind) + std::to_string(i), i == 0);
-        if (kind != 'c')
-            Transcode(*destination, /*concatenate=*/kind == 's');
+            Has("local") ? std::make_shared<AppFrame::FixedDocumentManager>(false) : nullptr);
+        auto session = Has("none") ? SessionWithClips() : SessionWithClips({"A001.MOV", "A002.MOV"});
+        if (Has("folder")) {
+            tree.MakeFile("src/Card/x.mxf");
+            AddFolder(*session, "Card", {"Card/x.mxf"});
+        }
+        if (Has("named"))
+            session->GetSelectedItems()[1]->SetOutputName(u"Shot_02");
+        if (Has("metadata"))
+            session->SetCustomData(CustomDataWithMetadata());
+        session->SetImportOnly(Has("importOnly"));
+        for (std::size_t i = 0; c.destinations[i] != '\0'; ++i) {
+            const char kind = c.destinations[i];
+            auto destination = AddDestination(*session, std::string(1, kind) + std::to_string(i), i == 0);
+            if (kind != 'c')
+                Transcode(*destination, /*concatenate=*/kind == 's');
+        }
+
+        DecideAndRun(session);
+
+        EXPECT_EQ(Kinds(), c.expected);
+        for (const RecordedTask& task : tasks->Tasks())
+            EXPECT_EQ(task.batch, batch_);
     }
-
-    DecideAndRun(session);
-
-    EXPECT_EQ(Kinds(), GetParam().expected);
-    for (const RecordedTask& task : tasks->Tasks())
-        EXPECT_EQ(task.batch, batch_);
 }
-
-using K = TaskKind;
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Table, RequestTableTest, ::testing::Values(
-    RequestCase{"NothingToWriteImports",                         "",                "",     {K::Import}},
-    RequestCase{"MetadataOnAServerProjectImports",               "server metadata", "",     {K::Import}},
-    RequestCase{"NamesOnALocalProjectUpdateMetadata",            "local named",     "",     {K::UpdateMetadata}},
-    RequestCase{"MetadataWithoutDocumentManagerUpdatesMetadata", "metadata",        "",     {K::UpdateMetadata}},
-    RequestCase{"MetadataWithoutItemsSubmitsNothing",            "none metadata",   "",     {}},
-    RequestCase{"CopyPerDestinationTranscodePerItemStitchOnce",  "",                "tccs",
-                {K::Transcode, K::Transcode, K::Copy, K::Copy, K::Concatenate}},
-    RequestCase{"AnEmptySelectionStillCopies",                   "none",            "c",    {K::Copy}},
-    RequestCase{"TheImportOnlyFlagIsNotRead",                    "importOnly",      "c",    {K::Copy}},
-    RequestCase{"AStitchWithAFolderGivesThatDestinationNothing", "folder",          "sc",   {K::Copy}}),
-    [](const auto& info) { return std::string(info.param.name); });
-// clang-format on
 
 TEST_F(PlanTest, ImportOnlyImportsWhereTheMediaLieAndOnAServerProjectTakesTheMetadataAlong) {
     tree.MakeFile("src/day1/A001.MOV");
@@ -318,7 +297,9 @@ TEST_F(TranscodePlanTest, AStitchHoldsAllClipsInOrderAndCarriesTheMetadataEveryw
     auto session = SessionWithClips();
     auto first = AddClip(*session, "day1/A001.MOV", {}, "Shot_01");
     first->SetClipName(u"A001.MOV");
-    Timed(first, 1, 2, 3);
+    first->SetInPoint(1);
+    first->SetOutPoint(2);
+    first->SetFrameRate(3);
     AddClip(*session, "A002.MOV")->SetClipName(u"A002.MOV");
     auto own = Transcode(*AddDestination(*session, "p", true, /*applyRename=*/true), /*concatenate=*/true);
     Transcode(*AddDestination(*session, "b", false, /*applyRename=*/false, /*applyMetadata=*/true));

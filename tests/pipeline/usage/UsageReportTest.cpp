@@ -5,7 +5,6 @@
 #include <fstream>
 #include <regex>
 #include <string>
-#include <utility>
 
 #include "EncoderHost/IPreset.h"
 #include "tests/pipeline/PlanTestSupport.h"
@@ -19,47 +18,6 @@ namespace igd::test {
 namespace {
 
 using fluxcore::config::UsageLogFile;
-
-// Keeps every event it sent, with the number of submissions made by then.
-class RecordingUsageLogger : public fluxcore::config::UsageLogger {
-public:
-    struct Event {
-        std::string name; // category/subcategory/name, then the extra text if any
-        Strings values;   // a value whose key is not its own prefix shows the key too
-        std::size_t tasksAtSend = 0;
-    };
-
-    explicit RecordingUsageLogger(const RecordingTaskService& tasks) : tasks_(tasks) {}
-
-    fluxcore::config::UsageEventRef NewEvent(std::string_view category, std::string_view subcategory,
-                                             std::string_view name, std::string_view extra) override {
-        std::string full = std::string(category).append("/").append(subcategory).append("/").append(name);
-        return std::make_shared<Pending>(*this, extra.empty() ? full : full.append(" ").append(extra));
-    }
-
-    std::vector<Event> sent;
-
-private:
-    // Sent when the plan lets go of it, as a real event is.
-    struct Pending : fluxcore::config::UsageEvent {
-        Pending(RecordingUsageLogger& logger, std::string name) : logger(logger) {
-            event.name = std::move(name);
-        }
-        ~Pending() override {
-            event.tasksAtSend = logger.tasks_.Tasks().size();
-            logger.sent.push_back(std::move(event));
-        }
-        void AddAttribute(std::string_view key, std::string_view value) override {
-            const bool prefixed = value.substr(0, key.size() + 1) == std::string(key) + ":";
-            event.values.push_back(prefixed ? std::string(value)
-                                            : std::string(key) + "=" + std::string(value));
-        }
-        RecordingUsageLogger& logger;
-        Event event;
-    };
-
-    const RecordingTaskService& tasks_;
-};
 
 class FakeExporter : public CountedUnknown<Plug::IExporterModule> {
 public:
@@ -89,12 +47,6 @@ protected:
         return lines;
     }
 
-    std::shared_ptr<RecordingUsageLogger> Install() {
-        auto logger = std::make_shared<RecordingUsageLogger>(tasks.Service());
-        fluxcore::config::UsageLogger::Set(logger);
-        return logger;
-    }
-
     IGD::IngestDialogDataRef TwoClipsToTwoCopies(unsigned renameScope) {
         auto session = SessionWithClips({"A001.MOV", "A002.MOV"});
         session->SetRenameApplyScope(renameScope);
@@ -105,46 +57,36 @@ protected:
     }
 };
 
-// The report changes nothing, with or without a logger, and tells of each destination in turn.
-TEST_F(UsageReportTest, EachDestinationSendsOneEventAfterItsTasksNamedByItsPosition) {
+// The report changes nothing, with or without a log, and tells of each destination by its position.
+TEST_F(UsageReportTest, EachDestinationWritesOneLineNamedByItsPosition) {
     auto session = TwoClipsToTwoCopies(1);
     auto transcoding = Transcode(*AddDestination(*session, "t", false));
     transcoding->exporter = Fnd::InterfaceRef<Plug::IExporterModule>(new FakeExporter);
     transcoding->preset = Fnd::InterfaceRef<EncoderHost::IPreset>(new FakePreset);
     Transcode(*AddDestination(*session, "s", false), /*concatenate=*/true);
     DecideAndRun(session);
-    const KindList kinds{TaskKind::Copy, TaskKind::Copy, TaskKind::Transcode, TaskKind::Transcode,
-                         TaskKind::Concatenate};
-    ASSERT_EQ(Kinds(), kinds);
-    EXPECT_EQ(UnitAt(CopyAt(0)).renames.size(), 1u);
+    const KindList kinds = Kinds();
+    const Strings moves = Moves(UnitAt(CopyAt(0)));
 
-    auto logger = Install();
+    InstallLogFile();
     tasks->Clear();
     IGD::RunIngestPlan(session, batch_);
     EXPECT_EQ(Kinds(), kinds);
-    EXPECT_EQ(UnitAt(CopyAt(0)).renames.size(), 1u);
-    ASSERT_EQ(logger->sent.size(), 4u);
-    std::vector<std::size_t> tasksAtSend;
-    for (const RecordingUsageLogger::Event& event : logger->sent)
-        tasksAtSend.push_back(event.tasksAtSend);
-    EXPECT_EQ(tasksAtSend, (std::vector<std::size_t>{1, 2, 4, 5}));
-    EXPECT_EQ(logger->sent[0].name, "Ingest/IngestSetting/PrimaryDestSetting");
-    EXPECT_EQ(logger->sent[0].values,
-              (Strings{"MetadataPreset:Enabled", "RenamePreset:Enabled", "UseSubFolder:No",
-                       "SelectItemCount:2", "DestinationCount:4", "IngestType:Copy"}));
+    EXPECT_EQ(Moves(UnitAt(CopyAt(0))), moves);
+    const Strings lines = Lines();
+    ASSERT_EQ(lines.size(), 4u);
     // The scope of the rename shows through the backup's own flags.
-    EXPECT_EQ(logger->sent[1].name, "Ingest/IngestSetting/BackupDestSetting1");
-    EXPECT_EQ(logger->sent[1].values,
-              (Strings{"MetadataPreset:Disabled", "RenamePreset:Disabled", "UseSubFolder:Yes",
-                       "SelectItemCount:2", "DestinationCount:4", "IngestType:Copy"}));
-    EXPECT_EQ(logger->sent[2].name, "Ingest/IngestSetting/BackupDestSetting2");
-    EXPECT_EQ(Strings(logger->sent[2].values.begin() + 5, logger->sent[2].values.end()),
-              (Strings{"IngestType:Transcode", "TranscodeFormat:H.264",
-                       "TranscodePresetName:Match Source \xE2\x80\x93 High", "Concatenation:No"}));
-    EXPECT_EQ(logger->sent[3].name, "Ingest/IngestSetting/BackupDestSetting3");
-    EXPECT_EQ(Strings(logger->sent[3].values.begin() + 5, logger->sent[3].values.end()),
-              (Strings{"IngestType:Transcode", "TranscodeFormat:", "TranscodePresetName:Custom",
-                       "Concatenation:Yes"}));
+    const std::vector<Strings> held = {
+        {"PrimaryDestSetting", "RenamePreset:Enabled", "MetadataPreset:Enabled", "UseSubFolder:No",
+         "SelectItemCount:2", "DestinationCount:4", "IngestType:Copy"},
+        {"BackupDestSetting1", "RenamePreset:Disabled", "MetadataPreset:Disabled", "UseSubFolder:Yes",
+         "IngestType:Copy"},
+        {"BackupDestSetting2", "IngestType:Transcode", "TranscodeFormat:H.264",
+         "TranscodePresetName:Match Source \u2013 High", "Concatenation:No"},
+        {"BackupDestSetting3", "TranscodeFormat:\"", "TranscodePresetName:Custom", "Concatenation:Yes"}};
+    for (std::size_t i = 0; i < held.size(); ++i)
+        for (const std::string& part : held[i])
+            EXPECT_NE(lines[i].find(part), std::string::npos) << part << " in " << lines[i];
 }
 
 // The log a host can ask for holds one JSON line per event, attributes in the order the plan adds

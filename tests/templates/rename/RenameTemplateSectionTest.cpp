@@ -3,23 +3,15 @@
 #include <regex>
 
 #include "HostApp/ApplicationType.h"
-#include "IGD/LayoutPreview.h"
-#include "QL/FilePresetService.h"
 #include "fluxui/controls/UI_NumberEdit.h"
 #include "fluxui/controls/UI_Popup.h"
 #include "shell/AutoHintTextEdit.h"
 #include "support/PresetFields.h"
-#include "support/ScopedIgdHome.h"
-#include "support/ScriptedInteractionDriver.h"
-#include "templates/fields/PresetManagementEditModeFieldsContainer.h"
-#include "templates/fields/PresetManagementNormalModeFieldsContainer.h"
 #include "templates/rename/RenamePatternText.h"
 #include "templates/rename/RenameTemplateAddFieldSection.h"
 #include "templates/rename/RenameTemplateSampleSection.h"
 #include "templates/rename/RenameTemplateSection.h"
-#include "templates/section/PresetManagementNormalModeHeader.h"
-#include "tests/settings/SettingsFixture.h"
-#include "transfer/SectionTree.h"
+#include "tests/templates/TemplateSectionTest.h"
 
 namespace igd::test {
 namespace {
@@ -27,56 +19,12 @@ namespace {
 using fluxui::controls::UI_Popup;
 using fluxui::controls::UI_StaticText;
 
-class RenameSectionTest : public SettingsFixture {
+class RenameSectionTest : public TemplateSectionTest<RenameTemplateSection, QL::kQLPresetCategoryRename> {
 protected:
-    RenameSectionTest() {
-        QL::SetPresetService(std::make_shared<QL::FilePresetService>(QL::DefaultPresetFolders()));
-        controller.SetEnableRenameTemplate(true);
-    }
-    ~RenameSectionTest() override {
-        section.reset();
-        QL::SetPresetService(nullptr);
-    }
-
-    RenameTemplateSection& Open() {
-        // The controller outlives the section: the test owns it.
-        section = new RenameTemplateSection(
-            std::shared_ptr<IngestSettingsController>(std::shared_ptr<void>(), &controller));
-        wrangler::ui::BuildSectionTree(*section, *IGD::IngestResourceManager(), nullptr);
-        wrangler::ui::ApplySettingsToTree(*section);
-        return *section;
-    }
-    static void SaveUserPreset(std::u16string_view name, const QL::PresetFieldList& fields) {
-        auto manager = QL::InstantiateQLPresetManager(QL::kQLPresetCategoryRename);
-        auto preset = manager->CreatePreset();
-        preset->SetFields(fields);
-        preset->SetName(Fnd::WString(name));
-        ASSERT_EQ(manager->SavePreset(preset, Fnd::WString(name), u"", false, Fnd::WString(name)),
-                  QL::kPresetOK);
-    }
-
-    PresetManagementNormalModeHeader& Header() const { return section->GetNormalHeader(); }
     UI_Popup& AddPopup() const {
         return static_cast<RenameTemplateAddFieldSection&>(section->GetAddField()).GetAddPopup();
     }
-    void Pick(std::u16string_view name) const {
-        const auto& items = Header().GetPresetPopup().GetItems();
-        for (std::size_t row = 0; row < items.size(); ++row)
-            if (items[row].text == name)
-                return Header().GetPresetPopup().ChooseByUser(static_cast<int>(row));
-        FAIL() << "no preset " << Fnd::ToUTF8(name);
-    }
-    void Menu(int row) const { Header().GetMenuPopup().ChooseByUser(row); }
-    std::vector<PresetManagementEditModeField*> EditRows() const {
-        return section->GetEditFields().GetRows();
-    }
-    std::vector<PresetManagementNormalModeField*> NormalRows() const {
-        return section->GetNormalFields().GetRows();
-    }
     Fnd::WString Sample() const { return section->GetSampleSection().GetSampleText(); }
-    template <typename Control> static Control& In(const wrangler::ui::SectionViewEx& row, const char* id) {
-        return dynamic_cast<Control&>(*row.FindControl(id));
-    }
     // What a user reads on a row: the label, then the shown text or typed value.
     static std::pair<std::string, std::string> Shown(const PresetManagementNormalModeField& row) {
         const auto& text = In<UI_StaticText>(row, "UI_StaticText");
@@ -92,10 +40,6 @@ protected:
         edit.TypeText(text);
         edit.EndEdit(fluxui::controls::EditEnd::Commit);
     }
-
-    ScopedIgdHome home;
-    ScopedInteractionDriver ui;
-    boost::intrusive_ptr<RenameTemplateSection> section;
 };
 
 TEST_F(RenameSectionTest, ShippedPresetsShowLabelsAndPatternsInLetters) {

@@ -5,21 +5,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "IGD/LayoutPreview.h"
-#include "QL/FilePresetService.h"
-#include "QL/PresetFieldFactory.h"
-#include "fluxui/dialogs/SimpleInputBox.h"
-#include "support/ScopedIgdHome.h"
-#include "support/ScriptedInteractionDriver.h"
+#include "support/PresetFields.h"
 #include "templates/fields/PresetManagementAddFieldSection.h"
-#include "templates/fields/PresetManagementEditModeFieldsContainer.h"
-#include "templates/fields/PresetManagementNormalModeFieldsContainer.h"
 #include "templates/metadata/MetadataTemplateSection.h"
 #include "templates/section/PresetManagementEditModeHeader.h"
-#include "templates/section/PresetManagementNormalModeHeader.h"
 #include "tests/filedialogs/ScriptedFileDialog.h"
-#include "tests/settings/SettingsFixture.h"
-#include "transfer/SectionTree.h"
+#include "tests/templates/TemplateSectionTest.h"
 
 namespace igd::test {
 namespace {
@@ -27,64 +18,32 @@ namespace {
 using fluxui::controls::UI_Popup;
 using fluxui::controls::UI_TextEdit;
 
-class PresetSectionTest : public SettingsFixture {
+class PresetSectionTest : public TemplateSectionTest<MetadataTemplateSection, QL::kQLPresetCategoryMetadata> {
 protected:
-    PresetSectionTest() {
-        QL::SetPresetService(std::make_shared<QL::FilePresetService>(QL::DefaultPresetFolders()));
-        controller.SetSettingsChangedCallback([this] { ++notifications; });
-    }
-    ~PresetSectionTest() override {
+    // The section as a new dialog opens it, over what the controller loads.
+    void Reopen(bool enabled = true) {
         section.reset();
-        QL::SetPresetService(nullptr);
-    }
-
-    // The section as the settings pane opens it, over what the controller loaded; the template is
-    // on unless the test says otherwise, so that its controls can be used.
-    MetadataTemplateSection& Open(bool enabled = true) {
         controller.LoadSettings();
-        controller.SetEnableMetadataTemplate(enabled);
-        section = new MetadataTemplateSection(std::shared_ptr<IngestSettingsController>(&controller, [](auto*) {}));
-        section->UI_SetLocalRectF({0, 0, 320, 400});
-        wrangler::ui::BuildSectionTree(*section, *IngestResourceManager(), nullptr);
-        wrangler::ui::ApplySettingsToTree(*section);
-        return *section;
+        SetEnabled(enabled);
+        Open();
     }
-    PresetRef SaveUserPreset(const Fnd::WString& name, std::initializer_list<Fnd::WString> keys) {
-        const auto manager = QL::InstantiateQLPresetManager(QL::kQLPresetCategoryMetadata);
-        PresetRef preset = manager->CreatePreset();
+    static PresetRef SaveUserPreset(std::u16string_view name, std::initializer_list<std::u16string_view> keys) {
         QL::PresetFieldList fields;
-        for (const Fnd::WString& key : keys) {
-            fields.push_back(QL::CreatePresetField(QL::kQLFieldMetadata));
-            fields.back()->SetKey(key);
-        }
-        preset->SetFields(fields);
-        EXPECT_TRUE(QL::PresetSucceeded(manager->SavePreset(preset, name, u"", false, name)));
-        return preset;
+        for (const std::u16string_view key : keys)
+            fields.push_back(Field(QL::kQLFieldMetadata, u"", key));
+        return TemplateSectionTest::SaveUserPreset(name, fields);
     }
 
-    PresetManagementNormalModeHeader& Header() const { return section->GetNormalHeader(); }
     UI_Popup& Presets() const { return Header().GetPresetPopup(); }
-    void Menu(int row) const { Header().GetMenuPopup().ChooseByUser(row); }
     bool MenuEnabled(int row) const { return !Header().GetMenuPopup().GetItems()[row].disabled; }
     Fnd::WString Selected() const { return Presets().GetValueString(); }
-    void Pick(const Fnd::WString& name) const {
-        const auto& items = Presets().GetItems();
-        for (std::size_t row = 0; row < items.size(); ++row)
-            if (items[row].text == name)
-                return Presets().ChooseByUser(static_cast<int>(row));
-        FAIL() << "no preset row " << Fnd::ToUTF8(name);
-    }
     std::vector<Fnd::WString> PopupRows() const {
         std::vector<Fnd::WString> rows;
         for (const auto& item : Presets().GetItems())
             rows.push_back(item.text);
         return rows;
     }
-    std::vector<PresetManagementEditModeField*> EditRows() const { return section->GetEditFields().GetRows(); }
-    std::vector<PresetManagementNormalModeField*> NormalRows() const { return section->GetNormalFields().GetRows(); }
-    static UI_TextEdit& Edit(wrangler::ui::SectionViewEx& row, const std::string& id) {
-        return *row.BindControl<UI_TextEdit>(id);
-    }
+    static UI_TextEdit& Edit(wrangler::ui::SectionViewEx& row, const char* id) { return In<UI_TextEdit>(row, id); }
     void Press(const std::string& id) const {
         section->GetAddField().BindControl<fluxui::controls::UI_Button>(id)->Press();
     }
@@ -92,32 +51,12 @@ protected:
         Press("UI_PictureButton");
         Edit(*EditRows().back(), "MetadataKey").TypeText(key);
     }
-    // The next name prompt is answered with text; the text it opened with is kept in promptedWith.
-    void AnswerNamePrompt(const Fnd::WString& text) {
-        ui->QueueModal([this, text](Fnd::IModalSession& session) {
-            auto& box = dynamic_cast<fluxui::dialogs::SimpleInputBox&>(session);
-            promptedWith.push_back(box.GetTextEdit().GetValue());
-            box.GetTextEdit().TypeText(text);
-            box.GetOKButton().Press();
-        });
-    }
-    void CancelNamePrompt() {
-        ui->QueueModal([](Fnd::IModalSession& session) {
-            dynamic_cast<fluxui::dialogs::SimpleInputBox&>(session).GetCancelButtonView().Press();
-        });
-    }
     static std::vector<Fnd::WString> Keys(const PresetRef& preset) {
         std::vector<Fnd::WString> keys;
         for (const auto& field : preset->GetFields())
             keys.push_back(field->GetKey());
         return keys;
     }
-
-    ScopedIgdHome home;
-    ScopedInteractionDriver ui;
-    boost::intrusive_ptr<MetadataTemplateSection> section;
-    int notifications = 0;
-    std::vector<Fnd::WString> promptedWith;
 };
 
 TEST_F(PresetSectionTest, PopupListsNoneSystemAndUserPresetsAndTheMenuFollowsTheSelection) {
@@ -319,13 +258,12 @@ TEST_F(PresetSectionTest, StoredPathIsFoundAgainOrNoneWhenTheFileIsGone) {
     const PresetRef dailies = SaveUserPreset(u"Dailies", {u"reel"});
     controller.SetMetadataPreset(dailies);
     controller.SaveSettings();
-    Open();
+    Reopen();
     EXPECT_EQ(Selected(), u"Dailies");
     EXPECT_EQ(NormalRows().size(), 1u);
 
     std::filesystem::remove(Fnd::ToUTF8(dailies->GetPath()));
-    section.reset();
-    Open();
+    Reopen();
     EXPECT_EQ(Selected(), u"<None>");
     EXPECT_EQ(controller.GetMetadataPresetPath(), u"");
 }
@@ -333,7 +271,7 @@ TEST_F(PresetSectionTest, StoredPathIsFoundAgainOrNoneWhenTheFileIsGone) {
 TEST_F(PresetSectionTest, EnableFollowsCheckboxAndPowerUnlessTheSiteLocksTheSettings) {
     for (const bool locked : {false, true}) {
         site.settingsLocked = locked;
-        Open(false);
+        Reopen(false);
         section->GetEnableCheckBox().Press();
         EXPECT_EQ(controller.GetEnableMetadataTemplate(), !locked) << locked;
         EXPECT_EQ(section->GetPowerState(), !locked);
@@ -342,7 +280,6 @@ TEST_F(PresetSectionTest, EnableFollowsCheckboxAndPowerUnlessTheSiteLocksTheSett
         EXPECT_FALSE(controller.GetEnableMetadataTemplate());
         EXPECT_FALSE(section->GetEnableCheckBox().IsChecked());
         EXPECT_FALSE(Header().UI_IsEnabled());
-        section.reset();
     }
 }
 
