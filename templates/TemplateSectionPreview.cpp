@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "IGD/LayoutPreview.h"
-#include "QL/FilePresetService.h"
 #include "QL/IQLPresetManager.h"
 #include "fluxui/controls/UI_ScrollView.h"
 #include "templates/metadata/MetadataTemplateSection.h"
@@ -28,8 +27,6 @@ PresetRef FindShippedPreset(QL::_QLPresetCategory category, const Fnd::WString& 
 
 fluxui::ui::UI_NodeRef BuildTemplateSectionPreview(TemplateSectionKind kind, TemplateSectionMode mode,
                                                    float width, float height) {
-    if (!QL::GetPresetService())
-        QL::InstallFilePresetService();
     // Settings of its own: what a preview chooses must not reach the user's next ingest.
     auto settings = std::make_shared<IngestSettingsController>();
     boost::intrusive_ptr<PresetManagementSection> section;

@@ -10,6 +10,7 @@
 
 #include "Av/CachingFrameService.h"
 #include "Av/EncoderList.h"
+#include "QL/FilePresetService.h"
 #include "Fnd/InteractionDriver.h"
 #include "IgdQt/DialogStyle.h"
 #include "IgdQt/QtFileDialogFactory.h"
@@ -42,6 +43,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("igd-dialog"));
     igd::qt::ApplyDialogStyle(application);
     // The format and preset menus of transcoding destinations list what this FFmpeg can write.
+    // The template sections list and save the presets under $IGD_HOME/presets.
+    QL::InstallFilePresetService();
     Av::InstallEncoderList();
     Av::InstallFrameService();
     const std::shared_ptr<igd::qt::QtRunLoop> runLoop = igd::qt::QtRunLoop::Install();

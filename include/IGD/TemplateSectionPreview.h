@@ -14,7 +14,7 @@ enum class TemplateSectionMode { Normal, Edit };
 // Builds the section at the given width, its template enabled and a shipped preset chosen
 // ("Camera roll" for rename, "Production" for metadata), in a scroll view of the given size whose
 // range follows the section as rows come and go. The stored settings are neither read nor
-// written. Installs the file preset service when no preset service is installed. Throws
+// written; the presets are those of the preset service the host installed. Throws
 // std::runtime_error when the shipped preset is not found.
 IGD_EXPORT fluxui::ui::UI_NodeRef
 BuildTemplateSectionPreview(TemplateSectionKind kind, TemplateSectionMode mode, float width, float height);

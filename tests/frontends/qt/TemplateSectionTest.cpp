@@ -8,7 +8,7 @@
 #include "IGD/TemplateSectionPreview.h"
 #include "IgdQt/NodePresenter.h"
 #include "IgdQt/QtRunLoop.h"
-#include "QL/PresetService.h"
+#include "QL/FilePresetService.h"
 #include "QtTestApplication.h"
 #include "fluxui/controls/UI_ScrollView.h"
 #include "support/ScopedIgdHome.h"
@@ -22,6 +22,7 @@ class TemplateSectionTest : public ::testing::Test {
 protected:
     void SetUp() override {
         EnsureQtApplication();
+        QL::SetPresetService(std::make_shared<QL::FilePresetService>(QL::DefaultPresetFolders()));
         // The rows refresh their arrows once a button's handler has ended, through the run loop.
         loop_ = igd::qt::QtRunLoop::Install();
     }
