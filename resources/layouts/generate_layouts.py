@@ -408,10 +408,11 @@ LAYOUTS = {
     "igdRenameTemplateAddField": (140, 33, add_field_buttons(
         node("UI_PicturePopup", (10, 9, 22, 20), None, FIXED, drawDivider=False, popupItems=Items([])))),
     "igdRenameTemplateEditModeField": (150, 38, move_buttons(3, 21) + [
-        popup((30, 8, 46, 22), None, ["Item"], FIXED),
-        # The field's type shows one of the two in the same place: free text or a fixed value.
-        text_edit((80, 8, 36, 22), "AutoHintTextEdit", hint_edit=True),
-        outline_box((80, 8, 36, 22), [label((4, 1, 28, 20))]),
+        # The field's type shows one of the three in the same place: a choice of patterns, free
+        # text or a fixed value.
+        popup((30, 8, 86, 22), None, ["Item"], STRETCH),
+        text_edit((30, 8, 86, 22), "AutoHintTextEdit", hint_edit=True),
+        outline_box((30, 8, 86, 22), [label((4, 1, 78, 20))]),
         picture_button((120, 11, 20, 16), "UI_RemoveButton", ANCHOR_RIGHT),
     ]),
     "igdRenameTemplateEditModeHeader": (200, 57, [

@@ -44,7 +44,6 @@ void RenameTemplateEditModeField::BindControls() {
         control->UI_Show(false);
     hintEdit_->SetHintText(
         Localize("$$$/Quillon/Libraries/IngestDialog/EnterRenameCustomText=Input Custom Text"));
-    WidenPopup();
 
     switch (GetField()->GetType()) {
     case QL::kQLFieldCustomText:
@@ -69,15 +68,6 @@ void RenameTemplateEditModeField::BindControls() {
     default:
         break;
     }
-}
-
-void RenameTemplateEditModeField::WidenPopup() {
-    // The layout gives the popup a stub of a width; its entries ("YYYY-MM-DD (Creation Date)")
-    // need the room the text edit has, and grow with the row as the edit does.
-    fluxcore::geom::RectF rect = popup_->UI_GetLocalRectF(true);
-    rect.width = std::max(rect.width, hintEdit_->UI_GetLocalRectF(true).Right() - rect.left);
-    popup_->UI_SetLocalRectF(rect);
-    popup_->UI_SetLayoutBinding(popup_->UI_GetLayoutBinding() | fluxui::ui::kBindRight);
 }
 
 void RenameTemplateEditModeField::FillPopup() {

@@ -26,7 +26,6 @@ protected:
     void WireControls() override;
 
 private:
-    void WidenPopup();
     void FillPopup();
     // Sets kind and format from the popup's entry; an entry beyond the lists is a fault and throws
     // std::out_of_range.

@@ -71,7 +71,7 @@ void ForEachNode(const UI_Node& node, const std::function<void(const UI_Node&)>&
 
 // Siblings that share one place on purpose: the row's field type shows one of them at a time.
 const std::set<std::pair<std::string, std::set<std::string>>> kAlternates{
-    {"IGDRENAMETEMPLATEEDITMODEFIELD", {"AutoHintTextEdit", "UI_OutlineBox"}},
+    {"IGDRENAMETEMPLATEEDITMODEFIELD", {"AutoHintTextEdit", "UI_OutlineBox", "UI_Popup"}},
     {"IGDRENAMETEMPLATENORMALMODEFIELD", {"AutoHintTextEdit", "UI_OutlineBox", "UI_UserDefStartNumber"}},
 };
 
