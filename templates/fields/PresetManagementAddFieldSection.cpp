@@ -1,7 +1,6 @@
 #include "templates/fields/PresetManagementAddFieldSection.h"
 
-#include "fluxcore/ZString.h"
-#include "shell/resources/IngestResources.h"
+#include "templates/fields/FieldRowControls.h"
 #include "templates/section/OwningPresetSection.h"
 #include "templates/section/PresetManagementSection.h"
 
@@ -23,18 +22,12 @@ PresetManagementSection* PresetManagementAddFieldSection::OwnerSection() const {
 
 void PresetManagementAddFieldSection::BindControls() {
     SectionViewEx::BindControls();
-    using fluxcore::Localize;
-    using fluxui::controls::UI_PictureButton;
-    saveButton_ = BindControl<UI_PictureButton>("SaveButton");
-    saveAsButton_ = BindControl<UI_PictureButton>("SaveAsButton");
-    cancelButton_ = BindControl<UI_PictureButton>("CancelButton");
-    saveButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kSaveDecal));
-    saveAsButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kSaveAsDecal));
-    cancelButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kCancelDecal));
-    saveButton_->UI_SetToolTip(Localize("$$$/Quillon/Libraries/IngestDialog/SavePresetTooltip=Save"));
-    saveAsButton_->UI_SetToolTip(Localize("$$$/Quillon/Libraries/IngestDialog/SaveAsPresetTooltip=Save As..."));
-    cancelButton_->UI_SetToolTip(
-        Localize("$$$/Quillon/Libraries/IngestDialog/CancelPresetEditingTooltip=Cancel"));
+    saveButton_ = BindPictureButton(*this, "SaveButton", kSaveDecal,
+                                    "$$$/Quillon/Libraries/IngestDialog/SavePresetTooltip=Save");
+    saveAsButton_ = BindPictureButton(*this, "SaveAsButton", kSaveAsDecal,
+                                      "$$$/Quillon/Libraries/IngestDialog/SaveAsPresetTooltip=Save As...");
+    cancelButton_ = BindPictureButton(*this, "CancelButton", kCancelDecal,
+                                      "$$$/Quillon/Libraries/IngestDialog/CancelPresetEditingTooltip=Cancel");
 }
 
 void PresetManagementAddFieldSection::WireControls() {

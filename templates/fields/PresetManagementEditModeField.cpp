@@ -1,8 +1,6 @@
 #include "templates/fields/PresetManagementEditModeField.h"
 
 #include "fluxcore/Threads.h"
-#include "fluxcore/ZString.h"
-#include "shell/resources/IngestResources.h"
 #include "templates/fields/FieldRowControls.h"
 #include "templates/section/OwningPresetSection.h"
 
@@ -28,19 +26,12 @@ PresetManagementSection* PresetManagementEditModeField::OwnerSection() const {
 
 void PresetManagementEditModeField::BindControls() {
     SectionViewEx::BindControls();
-    using fluxcore::Localize;
-    using fluxui::controls::UI_PictureButton;
-    moveUpButton_ = BindControl<UI_PictureButton>("UI_MoveUpwardButton");
-    moveDownButton_ = BindControl<UI_PictureButton>("UI_MoveDownwardButton");
-    removeButton_ = BindControl<UI_PictureButton>("UI_RemoveButton");
-    moveUpButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kMoveUpDecal));
-    moveDownButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kMoveDownDecal));
-    removeButton_->SetImageSupplyFunction(IngestResources::ImageSupplyFunction(kRemoveDecal));
-    moveUpButton_->UI_SetToolTip(
-        Localize("$$$/Quillon/Libraries/IngestDialog/MoveUpButtonTooltip=Move Field Up"));
-    moveDownButton_->UI_SetToolTip(
-        Localize("$$$/Quillon/Libraries/IngestDialog/MoveDownButtonTooltip=Move Field Down"));
-    removeButton_->UI_SetToolTip(Localize("$$$/Quillon/Libraries/IngestDialog/RemoveButtonTooltip=Remove"));
+    moveUpButton_ = BindPictureButton(*this, "UI_MoveUpwardButton", kMoveUpDecal,
+                                      "$$$/Quillon/Libraries/IngestDialog/MoveUpButtonTooltip=Move Field Up");
+    moveDownButton_ = BindPictureButton(*this, "UI_MoveDownwardButton", kMoveDownDecal,
+                                        "$$$/Quillon/Libraries/IngestDialog/MoveDownButtonTooltip=Move Field Down");
+    removeButton_ = BindPictureButton(*this, "UI_RemoveButton", kRemoveDecal,
+                                      "$$$/Quillon/Libraries/IngestDialog/RemoveButtonTooltip=Remove");
 }
 
 void PresetManagementEditModeField::WireControls() {
@@ -54,14 +45,16 @@ void PresetManagementEditModeField::WireControls() {
 void PresetManagementEditModeField::MoveUp() {
     if (SectionViewEx* parent = GetParentSection())
         parent->MoveChildSectionUp(this);
-    if (afterMove_)
-        afterMove_();
-    FieldChanged();
+    Moved();
 }
 
 void PresetManagementEditModeField::MoveDown() {
     if (SectionViewEx* parent = GetParentSection())
         parent->MoveChildSectionDown(this);
+    Moved();
+}
+
+void PresetManagementEditModeField::Moved() {
     if (afterMove_)
         afterMove_();
     FieldChanged();

@@ -41,6 +41,8 @@ protected:
     PresetManagementSection* OwnerSection() const;
 
 private:
+    void Moved();
+
     PresetFieldRef field_;
     boost::intrusive_ptr<fluxui::controls::UI_PictureButton> moveUpButton_;
     boost::intrusive_ptr<fluxui::controls::UI_PictureButton> moveDownButton_;
