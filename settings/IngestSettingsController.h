@@ -13,6 +13,10 @@
 #include "QL/IngestUtils.h"
 #include "settings/DestinationSetting.h"
 
+namespace fluxui::controls {
+class UI_Popup;
+}
+
 namespace IGD {
 
 // The one model of all option sections: what the user chose for transfer, verification,
@@ -117,6 +121,21 @@ public:
     // Never 0: a 0 is kept as 1.
     std::uint32_t GetUserDefAutoIncStartNumber() const { return userDefAutoIncStartNumber_; }
     void SetUserDefAutoIncStartNumber(std::uint32_t number);
+
+    // The transcode popups. FillFormatPopup lists the media layer's exporters, a row being an index
+    // into its encoder list; FillPresetPopup makes exporterRow (when it is one) the destination's
+    // exporter and lists that exporter's presets, the second list of LoadPresets first, a separator
+    // between, "Custom" alone and disabled when there are none; RememberPreset gives the
+    // destination's transcode setting the preset of the row and the record's exporter.
+    void FillFormatPopup(fluxui::controls::UI_Popup& popup) const;
+    void FillPresetPopup(fluxui::controls::UI_Popup& popup, std::int32_t index, std::int32_t exporterRow);
+    static void RememberPreset(DestinationSetting& record, std::int32_t row);
+
+    // In a remote project: "server/project" of who is logged in (empty when nobody is); empty
+    // outside one.
+    Fnd::WString GetVaultDestinationText() const;
+    // In a remote project: a new folder under the temporary folder for each call; empty outside one.
+    Fnd::WString GetVaultTempFolder() const;
 
     // The site's configuration as the last load found it.
     bool GetSettingsLocked() const { return settingsLocked_; }
