@@ -1,7 +1,13 @@
-// The Transfer section as a user works it: transfer on and off, backups added, numbered and
-// removed, the hosted family and the site's lock, and what reaches the preference store.
+// The transfer sections as a user works them: the destination path, verification, transfer on and
+// off, backups added, numbered and removed, the hosted family and the site's lock, and what
+// reaches the preference store.
+#include <gtest/gtest.h>
+
 #include "HostApp/ApplicationType.h"
-#include "tests/transfer/local/TransferSectionFixture.h"
+#include "IGD/LayoutPreview.h"
+#include "support/ScriptedInteractionDriver.h"
+#include "tests/settings/SettingsFixture.h"
+#include "transfer/SectionTree.h"
 #include "transfer/local/AddDestinationSection.h"
 #include "transfer/local/BackupDestinationSection.h"
 #include "transfer/local/LocalTransferSection.h"
@@ -15,9 +21,39 @@ namespace igd::test {
 namespace {
 
 using Texts = std::vector<Fnd::WString>;
+const Fnd::WString kBrowseRow = u"Browse for Location...";
 
-class LocalTransferSectionTest : public TransferSectionFixture {
+class TransferSectionTest : public SettingsFixture {
 protected:
+    TransferSectionTest() { controller.SetSettingsChangedCallback([this] { ++notifications; }); }
+    ~TransferSectionTest() override { root.reset(); }
+
+    template <typename Section> Section& Open(Section* section) {
+        root = section;
+        section->UI_SetLocalRectF({0, 0, 320, 900});
+        wrangler::ui::BuildSectionTree(*section, *IngestResourceManager(), nullptr);
+        wrangler::ui::ApplySettingsToTree(*section);
+        return *section;
+    }
+    // The controller outlives the sections: the test owns it.
+    std::shared_ptr<IngestSettingsController> Shared() { return {std::shared_ptr<void>(), &controller}; }
+    PathSettingSection& OpenPath(Texts recent, const char* layout = "igdPathSetting") {
+        Primary().pathsMRU = std::move(recent);
+        return Open(new PathSettingSection(layout, 0, Shared()));
+    }
+    DestinationSetting& Primary() {
+        if (controller.GetDestinations().empty())
+            controller.LoadSettings();
+        return controller.GetDestinationSetting(0);
+    }
+    Fnd::WString Path() { return Primary().destination->GetDestinationPath(); }
+    static Texts Rows(const fluxui::controls::UI_Popup& popup) {
+        Texts rows;
+        for (const auto& item : popup.GetItems())
+            rows.push_back(item.text);
+        return rows;
+    }
+
     // As a new dialog opens it, over what the store holds and the backups a host gave.
     LocalTransferSection& OpenTransfer(std::initializer_list<const char16_t*> givenBackups = {}) {
         controller.LoadSettings();
@@ -38,15 +74,80 @@ protected:
             captions.push_back(backup->GetBackupCheckbox().GetText());
         return captions;
     }
+
+    ScopedInteractionDriver ui;
+    wrangler::ui::SectionViewExRef root;
+    int notifications = 0;
 };
 
-TEST_F(LocalTransferSectionTest, TheCheckboxAndThePowerSwitchTurnTransferOnAndOff) {
+TEST_F(TransferSectionTest, WithoutFoldersTheButtonBrowsesAndACancelLeavesItShowing) {
+    PathSettingSection& section = OpenPath({});
+    EXPECT_EQ(Rows(section.GetDestinationPopup()), (Texts{u"", kBrowseRow}));
+    ui->QueueFolderCancel();
+    section.GetBrowseButton().Press();
+    EXPECT_TRUE(section.GetBrowseButton().UI_IsShown());
+    EXPECT_EQ(Path(), u"");
+
+    ui->QueueFolderAnswer(u"/Volumes/Card");
+    section.GetBrowseButton().Press();
+    EXPECT_FALSE(section.GetBrowseButton().UI_IsShown());
+    EXPECT_EQ(Rows(section.GetDestinationPopup()), (Texts{u"/Volumes/Card", u"", kBrowseRow}));
+    EXPECT_EQ(Path(), u"/Volumes/Card");
+    EXPECT_EQ(notifications, 1);
+}
+
+TEST_F(TransferSectionTest, ARecentFolderChosenOrBrowsedToHeadsTheList) {
+    auto& popup = OpenPath({u"/A", u"/B", u"/C"}).GetDestinationPopup();
+    EXPECT_EQ(Path(), u"/A");
+    popup.ChooseByUser(2);
+    EXPECT_EQ(Rows(popup), (Texts{u"/C", u"/A", u"/B", u"", kBrowseRow}));
+    EXPECT_EQ(popup.GetValue(), 0);
+    EXPECT_EQ(Path(), u"/C");
+    popup.ChooseByUser(3);
+    EXPECT_EQ(Primary().pathsMRU, (Texts{u"/C", u"/A", u"/B"}));
+
+    // Moving an entry up looks at four old entries only, so the fifth goes.
+    auto& five = OpenPath({u"/A", u"/B", u"/C", u"/D", u"/E"}).GetDestinationPopup();
+    ui->QueueFolderAnswer(u"/C");
+    five.ChooseByUser(6);
+    EXPECT_EQ(ui->FolderQuestions().back().defaultDirectory, u"/A");
+    EXPECT_EQ(Primary().pathsMRU, (Texts{u"/C", u"/A", u"/B", u"/D"}));
+    // A cancelled chooser answers where it started, which changes nothing.
+    ui->QueueFolderCancel();
+    five.ChooseByUser(5);
+    EXPECT_EQ(Primary().pathsMRU, (Texts{u"/C", u"/A", u"/B", u"/D"}));
+}
+
+TEST_F(TransferSectionTest, TheSubfolderGoesToTheDestinationOnlyWhileTicked) {
+    site.defaultSubfolder = u"Dailies";
+    Primary().needSubFolder = false;
+    PathSettingSection& section = OpenPath({});
+    auto& box = *section.GetAddSubfolderCheckbox();
+    auto& edit = *section.GetAddSubfolderEdit();
+    EXPECT_FALSE(edit.UI_IsEnabled());
+    EXPECT_EQ(edit.GetValue(), u"Dailies");
+    EXPECT_EQ(Primary().destination->GetSubFolder(), u"");
+    box.Press();
+    edit.TypeText(u"Day 2");
+    EXPECT_TRUE(Primary().needSubFolder);
+    EXPECT_EQ(Primary().destination->GetSubFolder(), u"Day 2");
+    box.Press();
+    EXPECT_EQ(Primary().destination->GetSubFolder(), u"");
+}
+
+TEST_F(TransferSectionTest, AHostedPathKeepsTheHostsFolderEvenWhenItIsNotInTheList) {
+    HostApp::SetApplicationType(8);
+    Primary().destination->SetDestinationPath(u"/Host/Media");
+    EXPECT_EQ(OpenPath({u"/A"}, "igdKilnHostedPathSetting").GetDestinationPopup().GetValue(), -1);
+    EXPECT_EQ(Path(), u"/Host/Media");
+}
+
+TEST_F(TransferSectionTest, TheCheckboxAndThePowerSwitchTurnTransferOnAndOff) {
     LocalTransferSection& section = OpenTransfer();
     EXPECT_FALSE(section.GetPrimarySection().UI_IsEnabled());
     section.GetTransferClipsCheckbox().Press();
     EXPECT_FALSE(controller.IsImportOnly());
     EXPECT_TRUE(section.GetPowerState());
-    EXPECT_TRUE(section.GetAddDestinationSection()->GetAddButton().UI_IsEnabled());
     // Unlike the box, the switch does not tell the host.
     section.GetPowerOffButton().Press();
     EXPECT_TRUE(controller.IsImportOnly());
@@ -55,7 +156,7 @@ TEST_F(LocalTransferSectionTest, TheCheckboxAndThePowerSwitchTurnTransferOnAndOf
     EXPECT_EQ(notifications, 1);
 }
 
-TEST_F(LocalTransferSectionTest, VerifyStartsWithMD5AndAClearBoxStoresNoneUntilTickedAgain) {
+TEST_F(TransferSectionTest, VerifyStartsWithMD5AndAClearBoxStoresNoneUntilTickedAgain) {
     OpenTransfer().GetTransferClipsCheckbox().Press();
     auto& box = Section().GetPrimarySection().GetVerifySection().GetVerifyCheckbox();
     auto& popup = Section().GetPrimarySection().GetVerifySection().GetVerifyPopup();
@@ -78,7 +179,7 @@ TEST_F(LocalTransferSectionTest, VerifyStartsWithMD5AndAClearBoxStoresNoneUntilT
     EXPECT_FALSE(none.GetVerifyPopup().UI_IsEnabled());
 }
 
-TEST_F(LocalTransferSectionTest, RemovingABackupRenumbersTheRestAndTheirKeysFollow) {
+TEST_F(TransferSectionTest, RemovingABackupRenumbersTheRestAndTheirKeysFollow) {
     LocalTransferSection& section = OpenTransfer();
     section.GetTransferClipsCheckbox().Press();
     ui->QueueFolderCancel();
@@ -103,7 +204,7 @@ TEST_F(LocalTransferSectionTest, RemovingABackupRenumbersTheRestAndTheirKeysFoll
     EXPECT_EQ(Stored(K("Local.Backup.Enabled2")), Proj::PreferenceData(false));
 }
 
-TEST_F(LocalTransferSectionTest, WhatTheUserChoseSurvivesSavingAndLoading) {
+TEST_F(TransferSectionTest, WhatTheUserChoseSurvivesSavingAndLoading) {
     LocalTransferSection& section = OpenTransfer();
     section.GetTransferClipsCheckbox().Press();
     AddBackup(u"/Backup/One");
@@ -123,7 +224,7 @@ TEST_F(LocalTransferSectionTest, WhatTheUserChoseSurvivesSavingAndLoading) {
     EXPECT_FALSE(backupPath.GetAddSubfolderCheckbox()->IsChecked());
 }
 
-TEST_F(LocalTransferSectionTest, AHostedApplicationShowsTheReducedFamilyAndItsBoxGovernsOnlyThePrimary) {
+TEST_F(TransferSectionTest, AHostedApplicationShowsTheReducedFamilyAndItsBoxGovernsOnlyThePrimary) {
     HostApp::SetApplicationType(5);
     LocalTransferSection& section = OpenTransfer({u"/Host/Proxies"});
     EXPECT_FALSE(section.IsPowerSwitchVisible());
@@ -142,7 +243,7 @@ TEST_F(LocalTransferSectionTest, AHostedApplicationShowsTheReducedFamilyAndItsBo
     EXPECT_TRUE(backup.GetBackupCheckbox().UI_IsEnabled());
 }
 
-TEST_F(LocalTransferSectionTest, WhileTheSiteLocksTheSettingsNothingCanBeUsed) {
+TEST_F(TransferSectionTest, WhileTheSiteLocksTheSettingsNothingCanBeUsed) {
     site.settingsLocked = true;
     LocalTransferSection& section = OpenTransfer({u"/Backup/One"});
     EXPECT_FALSE(section.GetPowerOnButton().UI_IsEnabled());
