@@ -107,8 +107,10 @@ void LocalTransferSection::LoadFromSettings() {
     } else {
         SetTransfer(!settings_->IsImportOnly());
     }
-    if (settings_->GetSettingsLocked())
+    if (settings_->GetSettingsLocked()) {
+        SetPowerState(false);
         SetAllChildrenEnabled(false);
+    }
     SetOpened(settings_->GetTransferSectionOpened());
     UpdateSectionLayout();
 }

@@ -92,6 +92,8 @@ TEST_F(TransferSectionTest, WithoutFoldersTheButtonBrowsesAndACancelLeavesItShow
     section.GetBrowseButton().Press();
     EXPECT_FALSE(section.GetBrowseButton().UI_IsShown());
     EXPECT_EQ(Rows(section.GetDestinationPopup()), (Texts{u"/Volumes/Card", u"", kBrowseRow}));
+    const auto place = [](const fluxui::ui::UI_Node& node) { return node.UI_GetLocalRectF(true); };
+    EXPECT_EQ(place(section.GetDestinationPopup()).Right(), place(section.GetBrowseButton()).Right());
     EXPECT_EQ(Path(), u"/Volumes/Card");
     EXPECT_EQ(notifications, 1);
 }
