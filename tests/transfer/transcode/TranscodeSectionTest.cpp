@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 
 #include "Av/EncoderList.h"
@@ -9,36 +8,40 @@
 #include "support/TempTree.h"
 #include "tests/settings/SettingsFixture.h"
 #include "transfer/SectionTree.h"
+#include "transfer/local/PrimaryDestinationSection.h"
 #include "transfer/transcode/ConcatenateSettingSection.h"
 #include "transfer/transcode/TranscodeSettingSection.h"
+#include "transfer/verify/VerifySettingSection.h"
 
 namespace igd::test {
 namespace {
 
 using Rows = std::vector<std::u16string>;
+// Rows of the format popup: the exporters every FFmpeg build of ours can write come first.
+constexpr int kQuickTime = 0;
+constexpr int kMxf = 1;
 
-// The primary's transcode section opened over the real encoder list, whose preset folders the
+// The primary opened as the dialog builds it, over the real encoder list whose preset folders the
 // test fills: QuickTime has shipped and user presets, MXF OP1a none until a test adds one.
 class TranscodeSectionTest : public SettingsFixture {
 protected:
     TranscodeSectionTest() {
-        AddPreset("system/proxy", "Proxy", "QuickTime", "<order>1</order>");
-        AddPreset("system/lt", "LT", "QuickTime", "<order>2</order>");
+        AddPreset("system/1", "Proxy", "QuickTime");
+        AddPreset("system/2", "LT", "QuickTime");
         AddPreset("user/mine", "Mine", "QuickTime");
         Mid::PresetManager::Install(
             Av::MakeEncoderList({presets.NativePath("user"), presets.NativePath("system")}));
         controller.SetSettingsChangedCallback([this] { ++notifications; });
     }
     ~TranscodeSectionTest() override {
-        section.reset();
+        root.reset();
         Mid::PresetManager::Install(nullptr);
     }
 
-    void AddPreset(const std::string& file, const std::string& name, const std::string& exporter,
-                   const std::string& extra = "") {
+    void AddPreset(const std::string& file, const std::string& name, const std::string& exporter) {
         presets.MakeFile(file + ".igdencoder", "<encoderPreset version=\"1\"><name>" + name +
-                                                   "</name><exporter>" + exporter + "</exporter>" + extra +
-                                                   "<video encoder=\"dnxhd\"/></encoderPreset>");
+                                                   "</name><exporter>" + exporter +
+                                                   "</exporter><video encoder=\"dnxhd\"/></encoderPreset>");
     }
     // The primary's stored choice, and whether dialogs keep it.
     void StoreTranscode(const std::string& preset, bool keepState, bool stitch = false) {
@@ -48,12 +51,18 @@ protected:
         Put("Primary.ConcatenatePreset", stitch);
         preferences->values[std::string(QL::kPrefsKeepTranscodeState)] = keepState;
     }
-    TranscodeSettingSection& Open(const char* layout = "igdTranscodeSetting", std::uint32_t index = 0) {
+    template <typename Section, typename... Arguments> Section& Build(Arguments... arguments) {
         controller.LoadSettings();
-        section = new TranscodeSettingSection(layout, index, {std::shared_ptr<void>(), &controller});
-        wrangler::ui::BuildSectionTree(*section, *IngestResourceManager(), nullptr);
-        wrangler::ui::ApplySettingsToTree(*section);
-        return *section;
+        auto* built = new Section(
+            arguments..., std::shared_ptr<IngestSettingsController>(std::shared_ptr<void>(), &controller));
+        root = built;
+        wrangler::ui::BuildSectionTree(*root, *IngestResourceManager(), nullptr);
+        wrangler::ui::ApplySettingsToTree(*root);
+        return *built;
+    }
+    TranscodeSettingSection& Open() {
+        primary = &Build<PrimaryDestinationSection>(std::string("igdPrimaryDestinationHeader"));
+        return *(section = primary->GetTranscodeSection());
     }
     QL::IngestTask::TranscodeSetting& Setting(int index = 0) {
         return *controller.GetDestinationSetting(index).destination->GetTranscodeSetting();
@@ -64,14 +73,11 @@ protected:
             rows.push_back(item.text);
         return rows;
     }
-    void ChooseFormat(std::u16string_view text) {
-        const Rows rows = RowsOf(section->GetFormatPopup());
-        section->GetFormatPopup().ChooseByUser(
-            static_cast<int>(std::find(rows.begin(), rows.end(), text) - rows.begin()));
-    }
 
     TempTree presets;
-    boost::intrusive_ptr<TranscodeSettingSection> section;
+    wrangler::ui::SectionViewExRef root;
+    PrimaryDestinationSection* primary = nullptr;
+    TranscodeSettingSection* section = nullptr;
     int notifications = 0;
 };
 
@@ -79,12 +85,10 @@ TEST_F(TranscodeSectionTest, PresetRowsShowShippedPresetsFirstAndCustomWhenThere
     StoreTranscode("LT", true);
     auto& popup = Open().GetPresetPopup();
     EXPECT_EQ(RowsOf(popup), (Rows{u"Proxy", u"LT", u"", u"Mine"}));
-    EXPECT_EQ(Setting().preset->GetName(), u"LT");
     popup.ChooseByUser(2);
     EXPECT_FALSE(Setting().preset) << "the separator stands for no preset";
-    EXPECT_EQ(Setting().presetName, u"");
 
-    ChooseFormat(u"MXF OP1a");
+    section->GetFormatPopup().ChooseByUser(kMxf);
     EXPECT_EQ(RowsOf(popup), Rows{u"Custom"});
     EXPECT_FALSE(popup.UI_IsEnabled());
     EXPECT_EQ(Setting().exporter->GetDisplayName(), Setting().exporterName);
@@ -93,12 +97,11 @@ TEST_F(TranscodeSectionTest, PresetRowsShowShippedPresetsFirstAndCustomWhenThere
 
     // One list alone has no separator, whichever list it is.
     AddPreset("user/dnx", "Own DNx", "MXF OP1a");
-    ChooseFormat(u"QuickTime");
-    ChooseFormat(u"MXF OP1a");
+    section->GetFormatPopup().ChooseByUser(kQuickTime);
+    section->GetFormatPopup().ChooseByUser(kMxf);
     EXPECT_EQ(RowsOf(popup), Rows{u"Own DNx"});
-    EXPECT_TRUE(popup.UI_IsEnabled());
     std::filesystem::remove(presets.NativePath("user/mine.igdencoder"));
-    ChooseFormat(u"QuickTime");
+    section->GetFormatPopup().ChooseByUser(kQuickTime);
     EXPECT_EQ(RowsOf(popup), (Rows{u"Proxy", u"LT"}));
     EXPECT_EQ(Setting().preset->GetName(), u"Proxy");
 }
@@ -107,20 +110,20 @@ TEST_F(TranscodeSectionTest, TheDialogOpensWithTranscodingOffUnlessTheStateIsKep
     StoreTranscode("LT", false);
     Open();
     EXPECT_FALSE(section->GetTranscodeCheckbox()->IsChecked() || Setting().enabled);
+    EXPECT_TRUE(primary->GetVerifySection().IsContentEnabled());
     // A clear box takes no format change: the popups keep what they show.
-    ChooseFormat(u"MXF OP1a");
-    EXPECT_EQ(section->GetFormatPopup().GetValueString(), u"QuickTime");
+    section->GetFormatPopup().ChooseByUser(kMxf);
     EXPECT_EQ(section->GetPresetPopup().GetValueString(), u"LT");
     EXPECT_EQ(notifications, 0);
 
     StoreTranscode("LT", true, true);
     Open();
-    EXPECT_TRUE(section->GetTranscodeCheckbox()->IsChecked());
     EXPECT_TRUE(section->GetConcatenateSection()->GetConcatenateCheckbox().IsChecked());
+    EXPECT_FALSE(primary->GetVerifySection().IsContentEnabled()) << "a transcoded primary verifies nothing";
     controller.SaveSettings();
-    EXPECT_EQ(Stored(K("Primary.Transcode")), Proj::PreferenceData(true));
-    EXPECT_EQ(Stored(K("Primary.TranscodePreset")), Proj::PreferenceData(std::string("LT")));
     EXPECT_EQ(Stored(K("Primary.ConcatenatePreset")), Proj::PreferenceData(true));
+    section->GetTranscodeCheckbox()->Press();
+    EXPECT_TRUE(primary->GetVerifySection().IsContentEnabled());
 
     StoreTranscode("Gone", true);
     Open();
@@ -131,31 +134,29 @@ TEST_F(TranscodeSectionTest, TheDialogOpensWithTranscodingOffUnlessTheStateIsKep
 TEST_F(TranscodeSectionTest, TheStitchNameIsStoredTrimmedAndTheStitchEndsWithTheTranscode) {
     StoreTranscode("LT", true);
     auto& stitch = *Open().GetConcatenateSection();
+    auto& edit = stitch.GetConcatenateEdit();
     stitch.GetConcatenateCheckbox().Press();
-    EXPECT_TRUE(stitch.GetConcatenateEdit().UI_HasKeyboardFocus());
-    stitch.GetConcatenateEdit().TypeText(u"  Day one\t");
+    EXPECT_TRUE(edit.UI_HasKeyboardFocus());
+    edit.TypeText(u"  Day one\t");
     EXPECT_EQ(Setting().concatenateName, u"Day one");
     EXPECT_TRUE(Setting().concatenate);
-    stitch.GetConcatenateEdit().TypeText(u"   ");
+    edit.TypeText(u"   ");
     EXPECT_EQ(Setting().concatenateName, u"");
-    stitch.GetConcatenateEdit().UI_LoseKeyboardFocus();
+    edit.UI_LoseKeyboardFocus();
     Setting().nameErrorCallback(true);
-    EXPECT_TRUE(stitch.GetConcatenateEdit().UI_HasKeyboardFocus())
-        << "a refused name takes the user to the edit";
+    EXPECT_TRUE(edit.UI_HasKeyboardFocus()) << "a refused name takes the user to the edit";
 
     section->GetTranscodeCheckbox()->Press();
-    EXPECT_FALSE(Setting().concatenate);
+    EXPECT_FALSE(Setting().concatenate || stitch.IsContentEnabled());
     EXPECT_TRUE(stitch.GetConcatenateCheckbox().IsChecked());
-    EXPECT_FALSE(stitch.IsContentEnabled());
 }
 
 TEST_F(TranscodeSectionTest, AHostedBackupAlwaysTranscodesAndNeverStitches) {
     HostApp::SetApplicationType(5);
     Put("Local.Backup.Count", 1u);
-    Open("igdKilnHostedTranscodeSetting", 1);
-    EXPECT_FALSE(section->GetTranscodeCheckbox() || section->GetConcatenateSection());
+    auto& backup = Build<TranscodeSettingSection>(std::string("igdKilnHostedTranscodeSetting"), 1u);
+    EXPECT_FALSE(backup.GetTranscodeCheckbox() || backup.GetConcatenateSection());
     EXPECT_TRUE(Setting(1).enabled);
-    EXPECT_EQ(Setting(1).presetName, u"Proxy");
 }
 
 } // namespace
