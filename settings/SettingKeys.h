@@ -11,6 +11,7 @@
 
 #include "Proj/IPreferences.h"
 #include "Proj/PreferenceAccess.h"
+#include "QL/TaskPreferences.h"
 
 namespace IGD {
 
@@ -116,6 +117,8 @@ inline constexpr PreferenceKeyDef<float> kMainDialogSplitterPercent{"IngestDialo
                                                                     0.68f};
 inline constexpr PreferenceKeyDef<bool> kMinimumMetadataDialogEnable{"DLG.MinimumMetadataDialog.Enable",
                                                                      true};
+// The task service's key; the transcode sections read it when they open.
+inline constexpr PreferenceKeyDef<bool> kKeepTranscodeState{QL::kPrefsKeepTranscodeState, false};
 // Reserved: nothing reads or writes it.
 inline constexpr std::string_view kTransferCurrentKey = "IngestDialog.transfer.current";
 
@@ -187,6 +190,7 @@ inline constexpr std::array kDialogKeys = {
     Describe(kMainDialogHeight),
     Describe(kMainDialogSplitterPercent),
     Describe(kMinimumMetadataDialogEnable),
+    Describe(kKeepTranscodeState),
 };
 
 // The key of a backup's value: the name and the backup's number, "...Enabled1" for the first.

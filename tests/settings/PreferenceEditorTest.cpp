@@ -22,8 +22,8 @@ TEST(ListPreferences, ExpandsTheBackupsAndListsAsFarAsTheStoredCountsReach) {
         return std::find(keys.begin(), keys.end(), key) - keys.begin();
     };
 
-    // 20 plain keys, the primary's count and 5 items, 2 backups of 5 keys and a count, 6 dialog keys.
-    EXPECT_EQ(entries.size(), 20u + 6u + 2u * 6u + 6u);
+    // 20 plain keys, the primary's count and 5 items, 2 backups of 5 keys and a count, 7 dialog keys.
+    EXPECT_EQ(entries.size(), 20u + 6u + 2u * 6u + 7u);
     EXPECT_LT(at(K("Primary.DestPathMRU") + K("PathsMRUItem4")), at(K("Pimary.NeedSubFolder")));
     EXPECT_LT(at(K("Local.Backup.Count")), at(K("Local.Backup.Enabled1")));
     EXPECT_LT(at(K("Local.Backup.NeedSubFolder1")), at(K("Local.Backup.Enabled2")));
@@ -78,6 +78,8 @@ TEST(PreferenceEditor, SetRefusesBadInputWithItsReasonAndWritesNothing) {
     EXPECT_TRUE(SetPreferenceFromText(*preferences, K("Local.VerifyChecksum"), "xxh3").ok);
     EXPECT_EQ(preferences->values[K("Local.VerifyChecksum")], Proj::PreferenceData(std::string("xxh3")));
     EXPECT_EQ(preferences->values["IngestDialog.mainDialog.Left"], Proj::PreferenceData(std::int32_t{-40}));
+    EXPECT_TRUE(SetPreferenceFromText(*preferences, "IGD.IngestTask.KeepTranscodeState", "true").ok);
+    EXPECT_EQ(preferences->values["IGD.IngestTask.KeepTranscodeState"], Proj::PreferenceData(true));
 }
 
 } // namespace

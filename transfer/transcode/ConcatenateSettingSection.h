@@ -36,6 +36,7 @@ private:
     boost::intrusive_ptr<fluxui::controls::UI_Checkbox> concatenateCheckbox_;
     boost::intrusive_ptr<fluxui::controls::UI_StaticText> concatenateStaticText_;
     boost::intrusive_ptr<fluxui::controls::UI_TextEdit> concatenateEdit_;
+    bool loaded_ = false;
 };
 
 } // namespace IGD

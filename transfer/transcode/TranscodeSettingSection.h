@@ -42,6 +42,8 @@ protected:
     void LoadFromSettings() override;
 
 private:
+    // Checked, or always on where there is no box.
+    bool IsTranscodeChecked() const;
     void Store();
     void EnableDetails(bool on);
     void CoupleVerification();
