@@ -5,10 +5,12 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "Av/EncoderList.h"
 #include "Fnd/NullInterfaceException.h"
 #include "IGD/LayoutPreview.h"
 #include "Mid/Project.h"
 #include "VaultClient/IVaultCDataServer.h"
+#include "support/ScopedIgdHome.h"
 #include "support/TempTree.h"
 #include "tests/settings/SettingsFixture.h"
 #include "transfer/SectionTree.h"
@@ -24,6 +26,8 @@ class VaultTransferSectionTest : public SettingsFixture {
 protected:
     VaultTransferSectionTest() {
         UseRemoteProject();
+        // The real encoder list, so that transcoding is offered as on a user's machine.
+        Av::InstallEncoderList();
         Mid::SetProject(Proj::MakeProjectOfFile("/projects/Harbour Lights.igdproj"));
         LogIn(u"studio-east");
     }
@@ -31,6 +35,7 @@ protected:
         section.reset();
         VaultClient::IVaultCDataServer::SetLoggedInServer(nullptr);
         Mid::SetProject(nullptr);
+        Mid::PresetManager::Install(nullptr);
     }
 
     static void LogIn(const Fnd::WString& server) {
@@ -51,10 +56,11 @@ protected:
     // What the user can reach of the copy's path and transcode blocks.
     bool CopyBlocksEnabled() const {
         const bool path = Destination().GetPathSection()->GetDestinationPopup().UI_IsEnabled();
-        EXPECT_EQ(Destination().GetTranscodeSection()->GetFormatPopup().UI_IsEnabled(), path);
+        EXPECT_EQ(Destination().GetTranscodeSection()->GetTranscodeCheckbox()->UI_IsEnabled(), path);
         return path;
     }
 
+    ScopedIgdHome home;
     boost::intrusive_ptr<VaultTransferSection> section;
     int notifications = 0;
 };
