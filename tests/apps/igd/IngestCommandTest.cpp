@@ -83,126 +83,84 @@ protected:
 
 };
 
-TEST_F(IgdIngestCommandTest, AKilledIngestIsResumedWithoutCopyingVerifiedFilesAgain) {
-    constexpr int kClips = 12;
-    for (int i = 1; i <= kClips; ++i) {
-        char name[32];
-        std::snprintf(name, sizeof name, "card/DCIM/C%03d.MOV", i);
-        tree.MakeFileOfSize(name, 4u << 20);
-    }
-    IgdProcess ingest({"ingest", Native("card"), "--to", Native("main"), "--to", Native("backup"), "--verify",
-                       "md5", "--json"});
-
-    // Let a few files through, then freeze it mid-batch and kill it.
-    std::string line;
-    std::string batchText;
-    int copied = 0;
-    while (copied < 4 && ingest.ReadLine(line)) {
-        const std::string source = JsonField(line, "source");
-        if (JsonField(line, "event") == "file" && JsonField(line, "status") == "copied" &&
-            source.ends_with(".MOV"))
-            ++copied;
-        if (batchText.empty())
-            batchText = JsonField(line, "batch");
-    }
-    ingest.Signal(SIGSTOP);
-    const auto batch = fluxcore::utility::Guid::FromString(batchText);
-    ASSERT_TRUE(batch.has_value()) << line;
-    Journal journal(home.Path() + "/journal.sqlite");
-    const std::optional<JournalBatch> before = journal.LoadBatch(*batch);
-    ASSERT_TRUE(before.has_value());
-    std::map<std::string, FileIdentity> verified;
-    for (const FileRecord& file : before->files)
-        if (file.state == FileState::Verified && !std::filesystem::is_directory(file.finalPath))
-            verified.emplace(file.finalPath, IdentityOf(file.finalPath));
-    ASSERT_GE(verified.size(), 4u);
-    ASSERT_LT(verified.size(), 2u * kClips) << "the ingest ended before it could be killed";
-    ingest.Signal(SIGKILL);
-    EXPECT_EQ(ingest.Wait(), 128 + SIGKILL);
-    EXPECT_EQ(journal.LoadBatch(*batch)->state, BatchState::Running);
-
-    const Ran resume = RunIgd({"resume", "--json"});
-    EXPECT_EQ(resume.exitCode, 0) << resume.out << resume.err;
-    EXPECT_NE(resume.out.find("\"status\":\"already copied\""), std::string::npos);
-
-    for (int i = 1; i <= kClips; ++i) {
-        char name[32];
-        std::snprintf(name, sizeof name, "DCIM/C%03d.MOV", i);
-        const std::string original = ReadFileBytes(Native("card/" + std::string(name)));
-        EXPECT_EQ(ReadFileBytes(Native("main/card/" + std::string(name))), original) << name;
-        EXPECT_EQ(ReadFileBytes(Native("backup/card/" + std::string(name))), original) << name;
-    }
-    EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
-    EXPECT_TRUE(TemporariesBelow(Native("backup")).empty());
-    for (const auto& [path, identity] : verified) {
-        const FileIdentity now = IdentityOf(path);
-        EXPECT_EQ(now.inode, identity.inode) << path << " was copied again";
-        EXPECT_EQ(now.changed.tv_sec, identity.changed.tv_sec) << path;
-        EXPECT_EQ(now.changed.tv_nsec, identity.changed.tv_nsec) << path;
-    }
-
-    const std::optional<JournalBatch> after = journal.LoadBatch(*batch);
-    EXPECT_EQ(after->state, BatchState::Finished);
-    for (const FileRecord& file : after->files)
-        EXPECT_EQ(file.state, FileState::Verified) << Fnd::ToUTF8(file.target);
-    EXPECT_EQ(Proj::Project::Open(home.ProjectPath())->Items().size(), static_cast<std::size_t>(kClips));
-    EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
-}
-
-// Small files are copied in groups with one flush for all: killed while groups are in flight, no
-// final name holds anything but a verified copy, and resume finishes the batch.
-TEST_F(IgdIngestCommandTest, AnIngestKilledInsideAGroupOfSmallFilesLeavesOnlyVerifiedCopiesAndResumes) {
-    constexpr int kFiles = 1200;
-    for (int i = 1; i <= kFiles; ++i) {
-        char name[32];
-        std::snprintf(name, sizeof name, "stills/DCIM/I%04d.JPG", i);
-        tree.MakeFileOfSize(name, 8u << 10);
-    }
-    IgdProcess ingest({"ingest", Native("stills"), "--to", Native("main"), "--to", Native("backup"), "--verify",
-                       "md5", "--json"});
-    std::string line;
-    std::string batchText;
-    bool copied = false;
-    while (!copied && ingest.ReadLine(line)) {
-        copied = JsonField(line, "event") == "file" && JsonField(line, "status") == "copied";
-        if (batchText.empty())
-            batchText = JsonField(line, "batch");
-    }
-    ingest.Signal(SIGKILL);
-    EXPECT_EQ(ingest.Wait(), 128 + SIGKILL);
-    const auto batch = fluxcore::utility::Guid::FromString(batchText);
-    ASSERT_TRUE(batch.has_value()) << line;
-
-    std::map<std::string, FileIdentity> landed;
-    for (const std::string destination : {"main", "backup"})
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(Native(destination))) {
-            const std::string name = entry.path().filename().string();
-            if (!entry.is_regular_file() || !name.ends_with(".JPG"))
-                continue;
-            EXPECT_EQ(ReadFileBytes(entry.path().string()), ReadFileBytes(Native("stills/DCIM/" + name))) << entry.path();
-            landed.emplace(entry.path().string(), IdentityOf(entry.path().string()));
+// Killed mid-batch, whether big clips stream one by one or small files go in groups with one flush
+// for all: no final name holds anything but a whole copy, and resume finishes the batch without
+// copying again what had landed.
+TEST_F(IgdIngestCommandTest, AKilledIngestLeavesOnlyWholeCopiesAndResumesWithoutCopyingThemAgain) {
+    const struct {
+        std::string card;
+        const char* pattern;
+        int files;
+        std::uint64_t size;
+        int copiedBeforeKill;
+    } cases[] = {{"card", "DCIM/C%03d.MOV", 12, 4u << 20, 4}, {"stills", "DCIM/I%04d.JPG", 1200, 8u << 10, 1}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.card);
+        const auto name = [&](int i) {
+            char text[32];
+            std::snprintf(text, sizeof text, c.pattern, i);
+            return std::string(text);
+        };
+        for (int i = 1; i <= c.files; ++i)
+            tree.MakeFileOfSize(c.card + "/" + name(i), c.size);
+        const std::string main = Native(c.card + "-main");
+        const std::string backup = Native(c.card + "-backup");
+        const std::string project = Native(c.card + ".igdproj");
+        IgdProcess ingest({"ingest", Native(c.card), "--to", main, "--to", backup, "--verify", "md5", "--json",
+                           "--project", project});
+        std::string line;
+        std::string batchText;
+        int copied = 0;
+        while (copied < c.copiedBeforeKill && ingest.ReadLine(line)) {
+            if (JsonField(line, "event") == "file" && JsonField(line, "status") == "copied" &&
+                std::filesystem::is_regular_file(JsonField(line, "source")))
+                ++copied;
+            if (batchText.empty())
+                batchText = JsonField(line, "batch");
         }
-    ASSERT_LT(landed.size(), 2u * kFiles) << "the ingest ended before it could be killed";
+        ingest.Signal(SIGKILL);
+        EXPECT_EQ(ingest.Wait(), 128 + SIGKILL);
+        const auto batch = fluxcore::utility::Guid::FromString(batchText);
+        ASSERT_TRUE(batch.has_value()) << line;
+        Journal journal(home.Path() + "/journal.sqlite");
+        EXPECT_EQ(journal.LoadBatch(*batch)->state, BatchState::Running);
 
-    const Ran resume = RunIgd({"resume", "--json"});
-    EXPECT_EQ(resume.exitCode, 0) << resume.out << resume.err;
-    for (int i = 1; i <= kFiles; i += 97) {
-        char name[32];
-        std::snprintf(name, sizeof name, "DCIM/I%04d.JPG", i);
-        const std::string original = ReadFileBytes(Native("stills/" + std::string(name)));
-        EXPECT_EQ(ReadFileBytes(Native("main/stills/" + std::string(name))), original) << name;
-        EXPECT_EQ(ReadFileBytes(Native("backup/stills/" + std::string(name))), original) << name;
+        std::map<std::string, FileIdentity> landed;
+        for (const std::string& destination : {main, backup})
+            for (const auto& entry : std::filesystem::recursive_directory_iterator(destination)) {
+                const std::string path = entry.path().string();
+                if (!entry.is_regular_file() || InHistory(path) || FileCopier::IsTemporaryName(entry.path().filename()))
+                    continue;
+                EXPECT_EQ(ReadFileBytes(path), ReadFileBytes(Native(c.card + "/DCIM/" + entry.path().filename().string())))
+                    << path;
+                landed.emplace(path, IdentityOf(path));
+            }
+        ASSERT_GE(landed.size(), static_cast<std::size_t>(c.copiedBeforeKill));
+        ASSERT_LT(landed.size(), 2u * c.files) << "the ingest ended before it could be killed";
+
+        const Ran resume = RunIgd({"resume", "--json"});
+        EXPECT_EQ(resume.exitCode, 0) << resume.out << resume.err;
+        EXPECT_NE(resume.out.find("\"status\":\"already copied\""), std::string::npos);
+        for (int i = 1; i <= c.files; ++i) {
+            const std::string original = ReadFileBytes(Native(c.card + "/" + name(i)));
+            EXPECT_EQ(ReadFileBytes(main + "/" + c.card + "/" + name(i)), original) << name(i);
+            EXPECT_EQ(ReadFileBytes(backup + "/" + c.card + "/" + name(i)), original) << name(i);
+        }
+        EXPECT_TRUE(TemporariesBelow(main).empty());
+        EXPECT_TRUE(TemporariesBelow(backup).empty());
+        for (const auto& [path, identity] : landed) {
+            const FileIdentity now = IdentityOf(path);
+            EXPECT_EQ(now.inode, identity.inode) << path << " was copied again";
+            EXPECT_EQ(now.changed.tv_sec, identity.changed.tv_sec) << path;
+            EXPECT_EQ(now.changed.tv_nsec, identity.changed.tv_nsec) << path;
+        }
+        const std::optional<JournalBatch> after = journal.LoadBatch(*batch);
+        EXPECT_EQ(after->state, BatchState::Finished);
+        for (const FileRecord& file : after->files)
+            EXPECT_EQ(file.state, FileState::Verified) << Fnd::ToUTF8(file.target);
+        EXPECT_EQ(Proj::Project::Open(project)->Items().size(), static_cast<std::size_t>(c.files));
+        EXPECT_EQ(RunIgd({"resume"}).out, "Nothing to resume.\n");
     }
-    EXPECT_TRUE(TemporariesBelow(Native("main")).empty());
-    EXPECT_TRUE(TemporariesBelow(Native("backup")).empty());
-    for (const auto& [path, identity] : landed)
-        EXPECT_EQ(IdentityOf(path).inode, identity.inode) << path << " was copied again";
-    Journal journal(home.Path() + "/journal.sqlite");
-    const std::optional<JournalBatch> after = journal.LoadBatch(*batch);
-    ASSERT_TRUE(after.has_value());
-    EXPECT_EQ(after->state, BatchState::Finished);
-    for (const FileRecord& file : after->files)
-        EXPECT_EQ(file.state, FileState::Verified) << Fnd::ToUTF8(file.target);
 }
 
 TEST_F(IgdIngestCommandTest, RenamesSingleFileClipsKeepsCardClipsWholeAndWritesMetadataOnBothCopies) {

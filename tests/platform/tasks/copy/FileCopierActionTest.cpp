@@ -64,17 +64,6 @@ TEST_F(FileCopierActions, AFileThatAppearsDuringTheCopyIsNeverReplaced) {
     EXPECT_EQ(NamesIn(Destination()), std::vector<std::string>{"A001.MOV"});
 }
 
-// Skip also stands when the file is only due from another copy of the batch: the source is not read.
-TEST_F(FileCopierActions, SkipDoesNotEvenReadTheSource) {
-    CopyControl control;
-    const auto outcomes =
-        FileCopier(kSmallChunk)
-            .CopyFile(tree_.NativePath("card/missing.MOV"), {{Destination("B001.MOV"), QL::kCopyActionSkip}},
-                      kVerifyMD5, control, {});
-    EXPECT_EQ(outcomes[0].status, CopyStatus::Skipped);
-    EXPECT_FALSE(Exists(Destination("B001.MOV")));
-}
-
 // Keep both takes the name itself when free, else the first free numbered name, in the form a
 // user expects; the files already there stay as they were.
 TEST_F(FileCopierActions, KeepBothWritesUnderTheFirstFreeName) {

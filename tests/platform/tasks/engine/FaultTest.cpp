@@ -312,24 +312,6 @@ TEST_F(FaultTest, AGroupMeetingAFullDiskCopiesWhatFitsAndFailsTheRestWhole) {
     EXPECT_LT(copied, 24);
 }
 
-TEST_F(FaultTest, ASourceRemovedWhileItsGroupIsReadIsNoCopy) {
-    CopyHooks hooks;
-    hooks.beforeRead = [](const std::string& source, std::uint64_t) {
-        if (source.ends_with("S002.MOV"))
-            std::filesystem::remove(source);
-        return 0;
-    };
-    TaskService service(TestOptions(home, std::make_shared<CountingBackend>(8u << 20, hooks)));
-    Submit(service, SmallClips(3, 10u << 10), primary, backup);
-
-    RunUntilOutcome(log, batch);
-    for (const Fnd::WString& destination : {primary, backup}) {
-        ExpectCopied(destination, "S001.MOV");
-        ExpectCopied(destination, "S003.MOV");
-        ExpectFailed(service, destination, "S002.MOV", "it was removed while it was being read");
-    }
-}
-
 TEST_F(FaultTest, AGroupWhoseDestinationTurnsReadOnlyNamesNothingAndKeepsItsPartialsOnRecord) {
     ScratchMount drive(tree.NativePath("backup"), "tmpfs", "size=8m");
     if (!drive.Mounted())
@@ -399,77 +381,85 @@ TEST_F(FaultTest, NothingIsCopiedWhenTheJournalCannotRecordSinceACrashCouldNotBe
 
 // ---- The source fails or goes away while it is read ---------------------------------------------
 
-TEST_F(FaultTest, AReadErrorOnTheSourceFailsItsCopiesAloneAndImportsNothingOfIt) {
-    CopyHooks hooks;
-    hooks.beforeRead = [](const std::string& path, std::uint64_t offset) {
-        return path.ends_with("A002.MOV") && offset >= 2 * kChunk ? EIO : 0;
+// A card pulled while a clip is read (its file cut short, or gone from the folder though the open
+// descriptor still reads) or a read error: the clip's copies fail alone, whether it streams on its
+// own or is read within a group of small files, and even a copy nobody reads back is no copy.
+TEST_F(FaultTest, ASourceThatFailsOrGoesAwayWhileReadIsNoCopyAndNothingOfItIsImported) {
+    constexpr auto Remove = [](const std::string& path) {
+        std::filesystem::remove(path);
+        return 0;
     };
-    TaskService service(TestOptions(home, std::make_shared<CountingBackend>(kChunk, hooks)));
-    Submit(service, {{"A001.MOV", 5 * kChunk}, {"A002.MOV", 5 * kChunk}, {"A003.MOV", 5 * kChunk}}, primary,
-           backup);
-
-    const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
-    EXPECT_EQ(outcome.filesFailed, 2u);
-    EXPECT_EQ(outcome.itemsImported, 2u);
-    for (const Fnd::WString& folder : {primary, backup}) {
-        ExpectFailed(service, folder, "A002.MOV", "source could not be read: Input/output error");
-        ExpectCopied(folder, "A001.MOV");
-        ExpectCopied(folder, "A003.MOV");
-    }
-}
-
-// A card pulled while a clip is read: its file cut short, or gone from the folder though the open
-// descriptor still reads.
-TEST_F(FaultTest, ASourceTruncatedOrRemovedWhileReadIsNoCopy) {
     const struct {
         const char* name;
-        void (*pull)(const std::string&);
+        std::uint64_t size;
+        std::uint64_t at; // the offset whose read meets the fault
+        int (*fault)(const std::string&);
         const char* reason;
     } cases[] = {
-        {"A001.MOV", [](const std::string& path) { std::filesystem::resize_file(path, kChunk + 100); },
+        {"A001.MOV", 6 * kChunk, 2 * kChunk,
+         [](const std::string& path) {
+             std::filesystem::resize_file(path, kChunk + 100);
+             return 0;
+         },
          "it changed while it was being read"},
-        {"A002.MOV", [](const std::string& path) { std::filesystem::remove(path); },
-         "it was removed while it was being read"},
+        {"A002.MOV", 6 * kChunk, 2 * kChunk, Remove, "it was removed while it was being read"},
+        {"A003.MOV", 6 * kChunk, 2 * kChunk, [](const std::string&) { return EIO; },
+         "source could not be read: Input/output error"},
+        {"S002.MOV", 10u << 10, 0, Remove, "it was removed while it was being read"},
     };
     CopyHooks hooks;
     hooks.beforeRead = [&](const std::string& path, std::uint64_t offset) {
         for (const auto& pulled : cases)
-            if (offset == 2 * kChunk && path.ends_with(pulled.name))
-                pulled.pull(path);
+            if (offset == pulled.at && path.ends_with(pulled.name))
+                return pulled.fault(path);
         return 0;
     };
-    // Even a copy nobody reads back is no copy.
     for (const std::uint32_t mode : {kVerifyMD5, QL::IngestTask::kVerifyNone}) {
         SCOPED_TRACE("mode " + std::to_string(mode));
         batch = fluxcore::utility::Guid::CreateUnique();
         log.files.clear();
+        for (const Fnd::WString& folder : {primary, backup})
+            std::filesystem::remove_all(Fnd::ToUTF8(folder));
+        std::map<std::string, std::uint64_t> clips{{"A004.MOV", 6 * kChunk}, {"S001.MOV", 10u << 10}};
+        for (const auto& pulled : cases)
+            clips.emplace(pulled.name, pulled.size);
+        for (const auto& [name, size] : clips)
+            tree.MakeFileOfSize("card/" + name, size);
         TaskService service(TestOptions(home, std::make_shared<CountingBackend>(kChunk, hooks)));
-        for (const auto& pulled : cases)
-            tree.MakeFileOfSize(std::string("card/") + pulled.name, 6 * kChunk);
-        Submit(service, {{"A001.MOV", 6 * kChunk}, {"A002.MOV", 6 * kChunk}}, primary, backup, mode);
-        RunUntilOutcome(log, batch);
-        for (const auto& pulled : cases)
-            for (const Fnd::WString& folder : {primary, backup})
+        Submit(service, clips, primary, backup, mode);
+        const BatchOutcomeMessage& outcome = RunUntilOutcome(log, batch);
+        EXPECT_EQ(outcome.filesFailed, 8u);
+        EXPECT_EQ(outcome.itemsImported, 2u);
+        for (const Fnd::WString& folder : {primary, backup}) {
+            for (const auto& pulled : cases)
                 ExpectFailed(service, folder, pulled.name, pulled.reason);
+            ExpectCopied(folder, "A004.MOV");
+            ExpectCopied(folder, "S001.MOV");
+        }
     }
 }
 
 // ---- The copy is damaged or cannot be read back ---------------------------------------------------
 
 // Each mode that reads the copy back catches a single flipped bit, the comparison naming where it
-// lies from the first byte to the last, and the size check a copy cut short; the damaged temporary is removed, so no final name ever holds it.
-TEST_F(FaultTest, ACopyDamagedBeforeReadBackIsCaughtEveryTimeByEveryModeThatCanSeeIt) {
+// lies from the first byte to the last, the size check a copy cut short, and a read-back that
+// fails is no proof either; the damaged temporary is removed, so no final name ever holds it.
+TEST_F(FaultTest, ACopyDamagedOrUnreadableAtReadBackIsCaughtByEveryModeThatCanSeeIt) {
     constexpr std::uint64_t kSize = 4 * kChunk + 333;
+    constexpr std::uint64_t kCutShort = kSize;
+    constexpr std::uint64_t kUnreadable = kSize + 1;
     const struct {
         std::uint32_t mode;
-        std::uint64_t at; // the byte flipped; kSize: the copy is cut short instead
+        std::uint64_t at; // the byte flipped, or what else befalls the copy
         std::string reason;
     } cases[] = {
         {kVerifyMD5, kChunk + 7, "verification failed: MD5 differs"},
         {kVerifyBitByBit, 0, "verification failed: contents differ at byte 0"},
         {kVerifyBitByBit, kSize - 1, "verification failed: contents differ at byte " + std::to_string(kSize - 1)},
-        {kVerifyBitByBit, kSize, "verification failed: sizes differ"},
-        {QL::IngestTask::kVerifyFileSize, kSize, "verification failed: sizes differ"},
+        {kVerifyBitByBit, kCutShort, "verification failed: sizes differ"},
+        {QL::IngestTask::kVerifyFileSize, kCutShort, "verification failed: sizes differ"},
+        {kVerifyMD5, kUnreadable, "could not read back the copy: Input/output error"},
+        {kVerifyBitByBit, kUnreadable, "could not read back the copy: Input/output error"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.reason);
@@ -477,35 +467,21 @@ TEST_F(FaultTest, ACopyDamagedBeforeReadBackIsCaughtEveryTimeByEveryModeThatCanS
         batch = fluxcore::utility::Guid::CreateUnique();
         CopyHooks hooks;
         hooks.afterWrite = [&](const std::string& temporary) {
-            if (temporary.find("/backup/") == std::string::npos)
+            if (temporary.find("/backup/") == std::string::npos || c.at == kUnreadable)
                 return;
-            if (c.at == kSize)
+            if (c.at == kCutShort)
                 std::filesystem::resize_file(temporary, kSize - 1);
             else
                 FlipByte(temporary, c.at);
+        };
+        hooks.failReadBack = [&](const std::string& copy, std::uint64_t offset) {
+            return c.at == kUnreadable && copy.find("/backup/") != std::string::npos && offset >= kChunk ? EIO : 0;
         };
         TaskService service(TestOptions(home, std::make_shared<CountingBackend>(kChunk, hooks)));
         Submit(service, {{name, kSize}}, primary, backup, c.mode);
         RunUntilOutcome(log, batch);
         ExpectCopied(primary, name);
         ExpectFailed(service, backup, name, c.reason);
-    }
-}
-
-TEST_F(FaultTest, AnErrorReadingTheCopyBackFailsItForEveryModeThatReadsBack) {
-    for (const std::uint32_t mode : {kVerifyMD5, kVerifyBitByBit}) {
-        SCOPED_TRACE("mode " + std::to_string(mode));
-        const std::string name = "R" + std::to_string(mode) + ".MOV";
-        batch = fluxcore::utility::Guid::CreateUnique();
-        CopyHooks hooks;
-        hooks.failReadBack = [](const std::string& copy, std::uint64_t offset) {
-            return copy.find("/backup/") != std::string::npos && offset >= kChunk ? EIO : 0;
-        };
-        TaskService service(TestOptions(home, std::make_shared<CountingBackend>(kChunk, hooks)));
-        Submit(service, {{name, 3 * kChunk}}, primary, backup, mode);
-        RunUntilOutcome(log, batch);
-        ExpectCopied(primary, name);
-        ExpectFailed(service, backup, name, "could not read back the copy: Input/output error");
     }
 }
 

@@ -91,9 +91,6 @@ TEST_F(TaskServiceTranscodeTest, TwoDestinationsGetACheckedProxyEachImportedWith
         const Av::ClipInfo info = Av::ProbeClip(path);
         EXPECT_EQ(info.videoCodec, "prores") << path;
         EXPECT_EQ(info.videoProfile, "Proxy") << path;
-        EXPECT_EQ(info.width, 320);
-        EXPECT_EQ(info.frameRateNum, 25);
-        EXPECT_NEAR(info.durationSeconds, 1.0, 0.04);
     }
     EXPECT_EQ(Names(primary), (std::vector<std::string>{"Day1_A001.mov", "Day1_A001.xmp"}));
     EXPECT_EQ(QL::ReadXmpProperty(Native(primary, "Day1_A001.xmp"), set->schemaNamespace, u"scene"), u"12A");
