@@ -76,7 +76,8 @@ TEST_F(VaultTransferSectionTest, ShowsTheServerAndProjectOfWhoIsLoggedIn) {
 
 TEST_F(VaultTransferSectionTest, TheCopyBoxEnablesThePathAndTranscodeBlocksOfTheOneDestination) {
     Put("Vault.TempLocalCopy", false);
-    Open();
+    Put("TransferSectionOpened", false);
+    EXPECT_FALSE(Open().GetOpened());
     EXPECT_FALSE(CopyBox().IsChecked());
     EXPECT_EQ(CopyBlocks(), std::pair(false, false));
 
@@ -114,8 +115,7 @@ TEST_F(VaultTransferSectionTest, ARemoteProjectStoresItsOneDestinationAndLeavesT
 TEST_F(VaultTransferSectionTest, ALockedSiteDisablesTheTextAndTheCopyWhateverWasStored) {
     site.settingsLocked = true;
     Put("Vault.TempLocalCopy", true);
-    Put("TransferSectionOpened", false);
-    EXPECT_FALSE(Open().GetOpened());
+    Open();
     EXPECT_FALSE(section->GetDestinationStaticText().UI_IsEnabled());
     EXPECT_FALSE(Destination().UI_IsEnabled());
     EXPECT_FALSE(CopyBox().IsChecked());
