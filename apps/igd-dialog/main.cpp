@@ -2,12 +2,14 @@
 //
 //     igd-dialog --gallery                      a window showing every layout, live
 //     igd-dialog --gallery --screenshot DIR     every layout rendered to DIR/<layout>.png
+//     --vault [--vault-server NAME]             the project lives on a collaboration server
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
 
+#include "AppFrame/DocumentManager.h"
 #include "Av/CachingFrameService.h"
 #include "Av/EncoderList.h"
 #include "QL/FilePresetService.h"
@@ -18,18 +20,27 @@
 #include "IGD/IngestDialogApi.h"
 #include "IgdQt/QtRunLoop.h"
 #include "LayoutGallery.h"
+#include "Mid/Project.h"
+#include "Proj/Project.h"
+#include "VaultClient/IVaultCDataServer.h"
 
 int main(int argc, char** argv) {
     CLI::App cli{"igd-dialog: the desktop host of the ingest dialogs"};
     bool gallery = false;
     std::string screenshotDirectory;
     float width = 360.0f;
+    bool vault = false;
+    std::string vaultServer;
     cli.add_flag("--gallery", gallery, "Open a window that shows each layout built from the archive");
     cli.add_option("--screenshot", screenshotDirectory,
                    "With --gallery: render each layout offscreen to DIR/<layout>.png and exit")
         ->type_name("DIR");
     cli.add_option("--width", width, "Width of the dialog the layouts are shown in, in units")
         ->check(CLI::Range(120.0f, 2000.0f));
+    cli.add_flag("--vault", vault, "The project lives on a collaboration server")->envname("IGD_VAULT_MODE");
+    cli.add_option("--vault-server", vaultServer, "The collaboration server logged in to (default: none)")
+        ->type_name("NAME")
+        ->envname("IGD_VAULT_SERVER");
     CLI11_PARSE(cli, argc, argv);
     if (!gallery) {
         std::cerr << "igd-dialog: nothing to open; try --gallery\n" << cli.help();
@@ -40,6 +51,10 @@ int main(int argc, char** argv) {
     if (!screenshotDirectory.empty())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(vault));
+    if (!vaultServer.empty())
+        VaultClient::IVaultCDataServer::SetLoggedInServer(VaultClient::MakeNamedServer(Fnd::FromUTF8(vaultServer)));
+    Mid::SetProject(Proj::MakeProjectOfFile(Proj::DefaultProjectPath()));
     QApplication::setApplicationName(QStringLiteral("igd-dialog"));
     igd::qt::ApplyDialogStyle(application);
     // The format and preset menus of transcoding destinations list what this FFmpeg can write.

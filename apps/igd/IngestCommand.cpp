@@ -19,6 +19,7 @@
 #include "IGD/IngestSequence.h"
 #include "IngestCheck.h"
 #include "NumberOption.h"
+#include "Mid/Project.h"
 #include "PresetLookup.h"
 #include "Proj/Project.h"
 #include "QL/CopySetting.h"
@@ -138,6 +139,7 @@ int RunIngest(const IngestOptions& options) {
     ServiceRunOptions run;
     run.projectPath =
         options.project.empty() ? Proj::DefaultProjectPath() : Fnd::ToUTF8(AbsolutePath(options.project));
+    Mid::SetProject(Proj::MakeProjectOfFile(run.projectPath));
     try {
         // A project that cannot take the items is better known before hours of copying.
         Proj::Project::Open(run.projectPath);

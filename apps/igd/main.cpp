@@ -17,6 +17,7 @@
 #include "ExitCodes.h"
 #include "HostApp/ApplicationType.h"
 #include "IngestCommand.h"
+#include "Mid/Project.h"
 #include "NameCommand.h"
 #include "NumberOption.h"
 #include "PlanCommand.h"
@@ -24,8 +25,10 @@
 #include "PresetsCommand.h"
 #include "ProbeCommand.h"
 #include "Proj/PreferenceStore.h"
+#include "Proj/Project.h"
 #include "ProjectCommand.h"
 #include "VerifyCommand.h"
+#include "VaultClient/IVaultCDataServer.h"
 #include "QL/FilePresetService.h"
 #include "fluxcore/ApplicationName.h"
 #include "fluxcore/UsageLogFile.h"
@@ -35,6 +38,7 @@ namespace {
 struct HostOptions {
     int hostKind = 0;
     bool vault = false;
+    std::string vaultServer;
     std::string usageLog;
 };
 
@@ -44,6 +48,10 @@ bool ApplyHostOptions(const HostOptions& host) {
     HostApp::SetApplicationType(host.hostKind);
     fluxcore::config::SetApplicationName(u"igd");
     AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(host.vault));
+    if (!host.vaultServer.empty())
+        VaultClient::IVaultCDataServer::SetLoggedInServer(VaultClient::MakeNamedServer(Fnd::FromUTF8(host.vaultServer)));
+    // The ingest command opens the project it is given instead.
+    Mid::SetProject(Proj::MakeProjectOfFile(Proj::DefaultProjectPath()));
     if (host.usageLog.empty())
         return true;
     try {
@@ -84,6 +92,9 @@ int main(int argc, char** argv) {
         ->check(igd::WholeNumberIn(0, std::numeric_limits<int>::max()));
     app.add_flag("--vault", host.vault, "the project lives on a collaboration server")
         ->envname("IGD_VAULT_MODE");
+    app.add_option("--vault-server", host.vaultServer, "the collaboration server logged in to (default: none)")
+        ->option_text("NAME")
+        ->envname("IGD_VAULT_SERVER");
     app.add_option("--usage-log", host.usageLog, "append anonymous usage events to FILE, one JSON line each")
         ->option_text("FILE")
         ->envname("IGD_USAGE_LOG");
