@@ -9,7 +9,11 @@
 #include <functional>
 #include <iostream>
 
+#include "AppFrame/DocumentManager.h"
+#include "HostApp/ApplicationType.h"
 #include "IGD/TemplateSectionPreview.h"
+#include "IGD/TransferSectionPreview.h"
+#include "VaultClient/IVaultCDataServer.h"
 #include "IgdQt/QtStrings.h"
 #include "IgdQt/TreeSnapshot.h"
 #include "fluxui/controls/UI_ScrollView.h"
@@ -31,12 +35,58 @@ fluxui::ui::UI_NodeRef BuildAllInSections(const std::vector<std::string>& names,
     return IGD::BuildSectionStack(layouts, width, kSectionStackHeight);
 }
 
+// Which application and project an entry shows its view in: the process's own, or a hosted
+// application, or a project on a collaboration server.
+enum class Setting { Process, Hosted, Remote };
+
 // The entries after the layouts: views built of several layouts, live as in the dialog.
 struct ComposedEntry {
     const char* title;
     const char* file; // the screenshot's name
     std::function<fluxui::ui::UI_NodeRef(const std::vector<std::string>& names, float width)> build;
+    Setting setting = Setting::Process;
 };
+
+// Puts the host kind and the document manager of an entry in place while its view lives, and the
+// process's own back when it goes: the sections read both at build time and while they are used.
+class SettingScope {
+public:
+    explicit SettingScope(Setting setting)
+        : kind_(HostApp::GetApplicationType()), remote_(IsRemote()),
+          server_(VaultClient::IVaultCDataServer::GetLoggedInServerRef()) {
+        if (setting == Setting::Hosted)
+            HostApp::SetApplicationType(kHostedKind);
+        if (setting == Setting::Remote) {
+            AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(true));
+            if (!server_)
+                VaultClient::IVaultCDataServer::SetLoggedInServer(VaultClient::MakeNamedServer(u"Stage Server"));
+        }
+    }
+    ~SettingScope() {
+        HostApp::SetApplicationType(kind_);
+        AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(remote_));
+        VaultClient::IVaultCDataServer::SetLoggedInServer(server_);
+    }
+    SettingScope(const SettingScope&) = delete;
+    SettingScope& operator=(const SettingScope&) = delete;
+
+private:
+    static constexpr int kHostedKind = 5;
+    static bool IsRemote() {
+        const AppFrame::DocumentManager* documents = AppFrame::DocumentManager::Instance();
+        return documents && documents->IsVaultMode();
+    }
+    int kind_;
+    bool remote_;
+    Fnd::InterfaceRef<VaultClient::IVaultCDataServer> server_;
+};
+
+// Tall enough for the whole stack of a primary and two backups.
+constexpr float kTransferStackHeight = 900.0f;
+
+fluxui::ui::UI_NodeRef TransferSection(const std::vector<std::string>&, float width) {
+    return IGD::BuildTransferSectionPreview(width, kTransferStackHeight);
+}
 
 std::function<fluxui::ui::UI_NodeRef(const std::vector<std::string>&, float)>
 TemplateSection(IGD::TemplateSectionKind kind, IGD::TemplateSectionMode mode) {
@@ -54,6 +104,9 @@ const std::vector<ComposedEntry>& ComposedEntries() {
         {"Rename template, editing", "rename-edit.png", TemplateSection(Kind::Rename, Mode::Edit)},
         {"Metadata template", "metadata-normal.png", TemplateSection(Kind::Metadata, Mode::Normal)},
         {"Metadata template, editing", "metadata-edit.png", TemplateSection(Kind::Metadata, Mode::Edit)},
+        {"Transfer", "transfer-normal.png", TransferSection},
+        {"Transfer, hosted application", "transfer-hosted.png", TransferSection, Setting::Hosted},
+        {"Transfer, remote project", "transfer-remote.png", TransferSection, Setting::Remote},
     };
     return entries;
 }
@@ -91,6 +144,7 @@ LayoutGallery::~LayoutGallery() {
 
 void LayoutGallery::Show(int row) {
     presenter_.reset();
+    setting_.reset();
     if (row < 0)
         return;
     try {
@@ -101,8 +155,9 @@ void LayoutGallery::Show(int row) {
             root = preview.root;
             status_->setText(QStringLiteral("%1 controls with ids").arg(preview.controls.size()));
         } else {
-            root =
-                ComposedEntries()[static_cast<std::size_t>(row) - names_.size()].build(names_, layoutWidth_);
+            const ComposedEntry& entry = ComposedEntries()[static_cast<std::size_t>(row) - names_.size()];
+            setting_ = std::make_shared<SettingScope>(entry.setting);
+            root = entry.build(names_, layoutWidth_);
             status_->setText(QStringLiteral("Live: click, type, choose and fold as in the dialog"));
         }
         presenter_ = std::make_unique<qt::NodePresenter>(root, nullptr, Pictures());
@@ -139,6 +194,7 @@ int WriteLayoutScreenshots(const QString& directory, float layoutWidth) {
     }
     for (const ComposedEntry& entry : ComposedEntries()) {
         try {
+            const SettingScope setting(entry.setting);
             save(QString::fromUtf8(entry.file), entry.build(names, layoutWidth));
         } catch (const std::exception& error) {
             std::cerr << "igd-dialog: " << error.what() << "\n";

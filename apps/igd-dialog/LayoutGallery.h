@@ -28,6 +28,8 @@ private:
     QScrollArea* area_;
     QLabel* status_;
     std::unique_ptr<qt::NodePresenter> presenter_;
+    // The application and project the shown view was built for, while it lives.
+    std::shared_ptr<void> setting_;
 };
 
 // Every layout rendered offscreen to directory/<layout>.png, and the section stack to

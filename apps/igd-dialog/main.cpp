@@ -21,6 +21,7 @@
 #include "IgdQt/QtRunLoop.h"
 #include "LayoutGallery.h"
 #include "Mid/Project.h"
+#include "Proj/PreferenceStore.h"
 #include "Proj/Project.h"
 #include "VaultClient/IVaultCDataServer.h"
 
@@ -60,6 +61,13 @@ int main(int argc, char** argv) {
     // The format and preset menus of transcoding destinations list what this FFmpeg can write.
     // The template sections list and save the presets under $IGD_HOME/presets.
     QL::InstallFilePresetService();
+    // The transfer sections of the gallery load the settings stored under $IGD_HOME.
+    try {
+        Proj::InstallPreferenceStore();
+    } catch (const std::exception& error) {
+        std::cerr << "igd-dialog: the preferences cannot be opened: " << error.what() << "\n";
+        return EXIT_FAILURE;
+    }
     Av::InstallEncoderList();
     Av::InstallFrameService();
     const std::shared_ptr<igd::qt::QtRunLoop> runLoop = igd::qt::QtRunLoop::Install();

@@ -325,8 +325,9 @@ LAYOUTS = {
         label((28, 28, 162, 20), "BackupDestinationStaticText",
               tloc("KilnHostedBackupDestination", "Destination:")),
     ]),
+    # The popup takes the button's place, across the row, once there is a path to show.
     "igdKilnHostedPathSetting": (200, 32, [
-        popup((10, 5, 34, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
+        popup((10, 5, 180, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
         text_button((50, 5, 140, 22), "BrowseTextButton", BROWSE),
     ]),
     # The preset popup leaves room at its right for the action menu the section places there.
@@ -389,7 +390,7 @@ LAYOUTS = {
         text_edit((10, 24, 130, 22), "AutoHintTextEdit", hint_edit=True),
     ]),
     "igdPathSetting": (200, 72, [
-        popup((10, 6, 34, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
+        popup((10, 6, 180, 22), "DestinationPopup", ["", BROWSE_ITEM], visible=False),
         text_button((50, 6, 140, 22), "BrowseTextButton", BROWSE),
         checkbox((10, 37, 110, 20), "AddSubfolderCheckbox", tloc("AddSubFolder", "Add Subfolder"), FIXED),
         text_edit((126, 36, 64, 22), "AddSubfolderTextEdit"),

@@ -21,11 +21,6 @@ PathSettingSection::PathSettingSection(std::string layoutName, std::uint32_t des
 void PathSettingSection::BindControls() {
     destinationPopup_ = BindControl<fluxui::controls::UI_Popup>("DestinationPopup");
     browseButton_ = BindControl<fluxui::controls::UI_TextButton>("BrowseTextButton");
-    // Once there is a path the popup takes the button's place, and needs its width to show the path.
-    fluxcore::geom::RectF place = destinationPopup_->UI_GetLocalRectF(true);
-    const fluxcore::geom::RectF button = browseButton_->UI_GetLocalRectF(true);
-    place.width = std::max(place.width, button.Right() - place.left);
-    destinationPopup_->UI_SetLocalRectF(place);
     // The host chooses where its files go under its own rules: no subfolder to offer.
     if (!settings_->IsKilnHosted()) {
         addSubfolderCheckbox_ = BindControl<fluxui::controls::UI_Checkbox>("AddSubfolderCheckbox");
