@@ -4,6 +4,7 @@
 
 #include "Av/EncoderList.h"
 #include "IGD/LayoutPreview.h"
+#include "Proj/SerializeableValue.h"
 #include "QL/TaskPreferences.h"
 #include "support/TempTree.h"
 #include "tests/settings/SettingsFixture.h"
@@ -140,6 +141,10 @@ TEST_F(TranscodeSectionTest, TheStitchNameIsStoredTrimmedAndTheStitchEndsWithThe
     edit.TypeText(u"  Day one\t");
     EXPECT_EQ(Setting().concatenateName, u"Day one");
     EXPECT_TRUE(Setting().concatenate);
+    // The name is this dialog's only: nothing stored holds it, and the next dialog starts without it.
+    controller.SaveSettings();
+    for (const auto& [key, value] : preferences->values)
+        EXPECT_EQ(Proj::FormatPreferenceData(value).find("Day one"), std::string::npos) << key;
     edit.TypeText(u"   ");
     EXPECT_EQ(Setting().concatenateName, u"");
     edit.UI_LoseKeyboardFocus();
@@ -149,6 +154,9 @@ TEST_F(TranscodeSectionTest, TheStitchNameIsStoredTrimmedAndTheStitchEndsWithThe
     section->GetTranscodeCheckbox()->Press();
     EXPECT_FALSE(Setting().concatenate || stitch.IsContentEnabled());
     EXPECT_TRUE(stitch.GetConcatenateCheckbox().IsChecked());
+
+    EXPECT_EQ(Open().GetConcatenateSection()->GetConcatenateEdit().GetValue(), u"");
+    EXPECT_EQ(Setting().concatenateName, u"");
 }
 
 TEST_F(TranscodeSectionTest, AHostedBackupAlwaysTranscodesAndNeverStitches) {
