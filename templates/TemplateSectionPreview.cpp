@@ -2,17 +2,14 @@
 
 #include <stdexcept>
 
-#include "IGD/LayoutPreview.h"
 #include "QL/IQLPresetManager.h"
-#include "fluxui/controls/UI_ScrollView.h"
 #include "templates/metadata/MetadataTemplateSection.h"
 #include "templates/rename/RenameTemplateSection.h"
-#include "transfer/SectionTree.h"
+#include "transfer/SectionPreview.h"
 
 namespace IGD {
 namespace {
 
-using fluxui::controls::UI_ScrollView;
 
 PresetRef FindShippedPreset(QL::_QLPresetCategory category, const Fnd::WString& name) {
     const auto manager = QL::InstantiateQLPresetManager(category);
@@ -40,20 +37,10 @@ fluxui::ui::UI_NodeRef BuildTemplateSectionPreview(TemplateSectionKind kind, Tem
         section = new MetadataTemplateSection(settings);
     }
 
-    const float inner = width - UI_ScrollView::kScrollBarSize;
-    boost::intrusive_ptr<UI_ScrollView> scroll(new UI_ScrollView(0, section));
-    scroll->UI_SetLocalRectF({0.0f, 0.0f, width, height});
-    wrangler::ui::BuildSectionTree(*section, *IngestResourceManager(), nullptr);
-    // Built, a section is as wide as its layout; the pane stretches it across the dialog.
-    section->UI_SetLocalRectF({0.0f, 0.0f, inner, section->UI_GetLocalRectF().height});
-    wrangler::ui::ApplySettingsToTree(*section);
-    if (mode == TemplateSectionMode::Edit)
-        section->EnterEditMode(false);
-    // Raw: the function lives in the section, which the scroll view owns.
-    UI_ScrollView* view = scroll.get();
-    section->UI_InstallSizeChangedNotifyFunction([view](const fluxcore::geom::RectF&) { view->Update(); });
-    view->Update();
-    return scroll;
+    return wrangler::ui::BuildSectionPreview(section, width, height, [&] {
+        if (mode == TemplateSectionMode::Edit)
+            section->EnterEditMode(false);
+    });
 }
 
 } // namespace IGD

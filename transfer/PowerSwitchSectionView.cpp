@@ -1,6 +1,7 @@
 #include "transfer/PowerSwitchSectionView.h"
 
 #include "host/HostKind.h"
+#include "shell/resources/IngestResources.h"
 
 namespace wrangler::ui {
 
@@ -9,6 +10,9 @@ using fluxcore::geom::RectF;
 namespace {
 
 constexpr float kButtonSize = 16.0f;
+// The decals of the switch's two states.
+constexpr int kPowerOnDecal = 0;
+constexpr int kPowerOffDecal = 1;
 // From the section's right edge to the button's left: room for the fold arrow beside it.
 constexpr float kButtonRightInset = 42.0f;
 
@@ -63,6 +67,8 @@ void PowerSwitchSectionView::BindControls() {
     fluxui::ui::UI_SubView& label = GetCustomLabelView();
     label.ChildPushBack(powerOnButton_);
     label.ChildPushBack(powerOffButton_);
+    powerOnButton_->SetImageSupplyFunction(IGD::IngestResources::ImageSupplyFunction(kPowerOnDecal));
+    powerOffButton_->SetImageSupplyFunction(IGD::IngestResources::ImageSupplyFunction(kPowerOffDecal));
     // Every section starts with its function on until its settings say otherwise.
     powerOn_ = true;
     ApplySwitchVisibility();

@@ -2,10 +2,8 @@
 
 #include "Fnd/IgdHome.h"
 #include "Fnd/PathUtils.h"
-#include "IGD/LayoutPreview.h"
 #include "fluxcore/ZString.h"
-#include "fluxui/controls/UI_ScrollView.h"
-#include "transfer/SectionTree.h"
+#include "transfer/SectionPreview.h"
 #include "transfer/local/BackupDestinationSection.h"
 #include "transfer/local/LocalTransferSection.h"
 #include "transfer/local/PrimaryDestinationSection.h"
@@ -18,7 +16,6 @@
 namespace IGD {
 namespace {
 
-using fluxui::controls::UI_ScrollView;
 
 // The folders a first-time user of the gallery sees: under the home of the settings, so that a
 // preview never names a place outside it.
@@ -92,26 +89,17 @@ fluxui::ui::UI_NodeRef BuildTransferSectionPreview(float width, float height) {
             fluxcore::Localize("$$$/Quillon/Libraries/IngestDialog/TransferOptionsTitle=Transfer"),
             settings->IsKilnHosted() ? "igdKilnHostedTransferHeader" : "igdLocalTransferHeader", settings);
     }
-    const float inner = width - UI_ScrollView::kScrollBarSize;
-    boost::intrusive_ptr<UI_ScrollView> scroll(new UI_ScrollView(0, section));
-    scroll->UI_SetLocalRectF({0.0f, 0.0f, width, height});
-    wrangler::ui::BuildSectionTree(*section, *IngestResourceManager(), nullptr);
-    section->UI_SetLocalRectF({0.0f, 0.0f, inner, section->UI_GetLocalRectF().height});
-    wrangler::ui::ApplySettingsToTree(*section);
-
-    if (auto* local = dynamic_cast<LocalTransferSection*>(section.get())) {
-        FillLocal(*settings, *local);
-    } else if (auto* vault = dynamic_cast<VaultTransferSection*>(section.get())) {
-        VaultDestinationSection* destination = vault->GetDestinationSection();
-        if (TranscodeSettingSection* transcode = destination ? destination->GetTranscodeSection() : nullptr) {
-            TranscodeWith(*transcode, u"QuickTime", u"Apple ProRes 422 Proxy");
-            Stitch(transcode->GetConcatenateSection(), u"Day 1");
+    return wrangler::ui::BuildSectionPreview(section, width, height, [&] {
+        if (auto* local = dynamic_cast<LocalTransferSection*>(section.get())) {
+            FillLocal(*settings, *local);
+        } else if (auto* vault = dynamic_cast<VaultTransferSection*>(section.get())) {
+            VaultDestinationSection* destination = vault->GetDestinationSection();
+            if (TranscodeSettingSection* transcode = destination ? destination->GetTranscodeSection() : nullptr) {
+                TranscodeWith(*transcode, u"QuickTime", u"Apple ProRes 422 Proxy");
+                Stitch(transcode->GetConcatenateSection(), u"Day 1");
+            }
         }
-    }
-    UI_ScrollView* view = scroll.get();
-    section->UI_InstallSizeChangedNotifyFunction([view](const fluxcore::geom::RectF&) { view->Update(); });
-    view->Update();
-    return scroll;
+    });
 }
 
 } // namespace IGD

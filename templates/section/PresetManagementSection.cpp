@@ -8,7 +8,6 @@
 #include "fluxui/controls/UI_ScrollView.h"
 #include "fluxui/dialogs/SimpleInputBox.h"
 #include "fluxui/utility/FileUtils.h"
-#include "shell/resources/IngestResources.h"
 #include "templates/fields/PresetManagementAddFieldSection.h"
 #include "templates/fields/PresetManagementEditModeFieldsContainer.h"
 #include "templates/fields/PresetManagementNormalModeFieldsContainer.h"
@@ -19,10 +18,6 @@ namespace IGD {
 namespace {
 
 using fluxcore::Localize;
-
-// The decals of the power switch.
-constexpr int kPowerOnDecal = 0;
-constexpr int kPowerOffDecal = 1;
 
 } // namespace
 
@@ -38,8 +33,6 @@ PresetManagementSection::~PresetManagementSection() = default;
 void PresetManagementSection::BindControls() {
     PowerSwitchSectionView::BindControls();
     enableCheckBox_ = BindControl<fluxui::controls::UI_Checkbox>("EnableManagementCheckBox");
-    SetPowerOnImageSupply(IngestResources::ImageSupplyFunction(kPowerOnDecal));
-    SetPowerOffImageSupply(IngestResources::ImageSupplyFunction(kPowerOffDecal));
 }
 
 void PresetManagementSection::WireControls() {

@@ -5,7 +5,6 @@
 #include "IGD/FileDialogs.h"
 #include "fluxcore/ZString.h"
 #include "fluxui/controls/UI_ScrollView.h"
-#include "shell/resources/IngestResources.h"
 #include "transfer/SectionTree.h"
 #include "transfer/local/AddDestinationSection.h"
 #include "transfer/local/BackupDestinationSection.h"
@@ -16,9 +15,6 @@ namespace IGD {
 namespace {
 
 using fluxcore::Localize;
-
-constexpr int kPowerOnDecal = 0;
-constexpr int kPowerOffDecal = 1;
 
 } // namespace
 
@@ -36,8 +32,6 @@ void LocalTransferSection::BindControls() {
     SetPowerTooltips(
         Localize("$$$/Quillon/Handlers/MediaCollection/TransferPowerOnBtnToolTip=Enable Transfer Clips to Destination"),
         Localize("$$$/Quillon/Handlers/MediaCollection/TransferPowerOffBtnToolTip=Disable Transfer Clips to Destination"));
-    SetPowerOnImageSupply(IngestResources::ImageSupplyFunction(kPowerOnDecal));
-    SetPowerOffImageSupply(IngestResources::ImageSupplyFunction(kPowerOffDecal));
     transferClipsCheckbox_ = BindControl<fluxui::controls::UI_Checkbox>("TransferClipsCheckbox");
 }
 
