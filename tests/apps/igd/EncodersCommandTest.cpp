@@ -14,6 +14,8 @@ TEST_F(EncodersCommandTest, JsonListsShippedThenUserPresetsAndSaysWhichEncodersA
     home.MakeFile("encoder-presets/mine.igdencoder",
                   "<encoderPreset version=\"1\"><name>My \"Proxy\"</name><exporter>QuickTime</exporter>"
                   "<video encoder=\"no_such_encoder\" size=\"1280x720\" frameRate=\"24000/1001\"/></encoderPreset>");
+    home.MakeFile("encoder-presets/z.igdencoder", "<encoderPreset version=\"1\"><name>alpha</name><exporter>QuickTime"
+                                                  "</exporter><video encoder=\"prores_ks\"/></encoderPreset>");
     home.MakeFile("encoder-presets/broken.igdencoder", "<encoderPreset version=\"1\"><name>");
     const Ran run = RunIgd({"encoders", "--json"});
     EXPECT_EQ(run.exitCode, 0) << run.err;
@@ -23,10 +25,14 @@ TEST_F(EncodersCommandTest, JsonListsShippedThenUserPresetsAndSaysWhichEncodersA
     const std::size_t quickTime = run.out.find("{\"exporter\": \"QuickTime\", \"container\": \"mov\", \"extension\": \"mov\"");
     ASSERT_NE(quickTime, std::string::npos) << run.out;
     const std::size_t proxy = run.out.find("{\"name\": \"Apple ProRes 422 Proxy\", \"source\": \"system\"", quickTime);
-    const std::size_t mine = run.out.find("{\"name\": \"My \\\"Proxy\\\"\", \"source\": \"user\"", quickTime);
+    const std::size_t mine = run.out.find("{\"name\": \"My \\\"Proxy\\\"\", \"source\": \"user\", \"path\": \"" +
+                                              home.Path() + "/encoder-presets/mine.igdencoder\"",
+                                          quickTime);
+    const std::size_t alpha = run.out.find("{\"name\": \"alpha\", \"source\": \"user\"", quickTime);
     ASSERT_NE(proxy, std::string::npos) << run.out;
     ASSERT_NE(mine, std::string::npos) << run.out;
-    EXPECT_LT(proxy, mine);
+    EXPECT_LT(proxy, alpha);
+    EXPECT_LT(alpha, mine) << "user presets sorted by name, whatever their case or file name";
     const std::size_t nextExporter = run.out.find("{\"exporter\"", quickTime + 1);
     EXPECT_LT(mine, nextExporter) << "the user's preset is listed under its own exporter";
 

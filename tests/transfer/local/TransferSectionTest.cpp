@@ -236,7 +236,10 @@ TEST_F(TransferSectionTest, AHostedApplicationShowsTheReducedFamilyAndItsBoxGove
     ASSERT_EQ(Captions(), (Texts{u"Transcode files to Destination"}));
     const auto& backup = *section.GetBackupSections()[0];
     EXPECT_EQ(backup.GetRemoveButton(), nullptr);
+    // A hosted backup always transcodes and never stitches.
     EXPECT_EQ(backup.GetTranscodeSection().GetTranscodeCheckbox(), nullptr);
+    EXPECT_EQ(backup.GetTranscodeSection().GetConcatenateSection(), nullptr);
+    EXPECT_TRUE(controller.GetDestinationSetting(1).destination->GetTranscodeSetting()->enabled);
 
     EXPECT_TRUE(section.GetTransferClipsCheckbox().IsChecked());
     section.GetTransferClipsCheckbox().Press();

@@ -96,11 +96,7 @@ TEST_F(TranscodeSectionTest, PresetRowsShowShippedPresetsFirstAndCustomWhenThere
     EXPECT_FALSE(Setting().preset);
     EXPECT_EQ(notifications, 2);
 
-    // One list alone has no separator, whichever list it is.
-    AddPreset("user/dnx", "Own DNx", "MXF OP1a");
-    section->GetFormatPopup().ChooseByUser(kQuickTime);
-    section->GetFormatPopup().ChooseByUser(kMxf);
-    EXPECT_EQ(RowsOf(popup), Rows{u"Own DNx"});
+    // One list alone has no separator.
     std::filesystem::remove(presets.NativePath("user/mine.igdencoder"));
     section->GetFormatPopup().ChooseByUser(kQuickTime);
     EXPECT_EQ(RowsOf(popup), (Rows{u"Proxy", u"LT"}));
@@ -157,14 +153,6 @@ TEST_F(TranscodeSectionTest, TheStitchNameIsStoredTrimmedAndTheStitchEndsWithThe
 
     EXPECT_EQ(Open().GetConcatenateSection()->GetConcatenateEdit().GetValue(), u"");
     EXPECT_EQ(Setting().concatenateName, u"");
-}
-
-TEST_F(TranscodeSectionTest, AHostedBackupAlwaysTranscodesAndNeverStitches) {
-    HostApp::SetApplicationType(5);
-    Put("Local.Backup.Count", 1u);
-    auto& backup = Build<TranscodeSettingSection>(std::string("igdKilnHostedTranscodeSetting"), 1u);
-    EXPECT_FALSE(backup.GetTranscodeCheckbox() || backup.GetConcatenateSection());
-    EXPECT_TRUE(Setting(1).enabled);
 }
 
 } // namespace

@@ -76,27 +76,6 @@ TEST_F(EncoderListTest, ShippedPresetsFollowTheirOrderThenFileNames) {
     EXPECT_TRUE(system.empty());
 }
 
-TEST_F(EncoderListTest, UserPresetsComeFromTheHomeSortedByName) {
-    ScopedIgdHome home;
-    home.MakeFile("encoder-presets/1.igdencoder", Preset("gamma", "QuickTime", "encoder=\"prores_ks\""));
-    home.MakeFile("encoder-presets/2.igdencoder", Preset("Beta", "QuickTime", "encoder=\"dnxhd\""));
-    home.MakeFile("encoder-presets/3.igdencoder", Preset("alpha", "QuickTime", "encoder=\"prores_ks\""));
-    // An encoder this FFmpeg lacks is the task's failure to report, not the list's.
-    home.MakeFile("encoder-presets/4.igdencoder", Preset("Missing", "QuickTime", "encoder=\"no_such_encoder\""));
-    Av::InstallEncoderList();
-    Mid::PresetManager& list = Mid::PresetManager::GetInstance();
-    std::vector<Mid::EncoderPresetRef> user;
-    std::vector<Mid::EncoderPresetRef> system;
-    list.LoadPresets(ExporterNamed(list, u"QuickTime"), user, system, 0);
-    EXPECT_EQ(Names(user), (std::vector<std::string>{"alpha", "Beta", "gamma", "Missing"}));
-    EXPECT_FALSE(system.empty());
-    const auto info = Av::DescribeEncoderPreset(user.front());
-    ASSERT_TRUE(info);
-    EXPECT_TRUE(info->user);
-    EXPECT_EQ(info->path, home.Path() + "/encoder-presets/3.igdencoder");
-    EXPECT_FALSE(Av::DescribeEncoderPreset(system.front())->user);
-}
-
 TEST_F(EncoderListTest, BrokenFilesAreSkippedAndReportedOnceUntilTheyChange) {
     tree.MakeFile("system/good.igdencoder", Preset("Good", "QuickTime", "encoder=\"prores_ks\""));
     tree.MakeFile("user/truncated.igdencoder", Preset("Cut", "QuickTime", "encoder=\"prores_ks\"").substr(0, 60));

@@ -130,29 +130,5 @@ TEST(Transcode, TheCheckpointStopsTheWork) {
     EXPECT_EQ(calls, 5);
 }
 
-TEST(Transcode, SoundFromOneFilePerChannel) {
-    TempTree tree;
-    const std::string video = tree.NativePath() + "/0001AB.MXF";
-    MakeTestClip(video, {.audio = false, .videoCodec = "mpeg2video", .extraArguments = {"-f", "mxf"}});
-    std::vector<std::string> channels;
-    for (const char* name : {"0001AB00.MXF", "0001AB01.MXF"}) {
-        channels.push_back(tree.NativePath() + "/" + name);
-        MakeTestClip(channels.back(), {.timecode = "", .extraArguments = {"-vn", "-f", "mxf_opatom"}});
-    }
-    Av::SourceClip clip;
-    clip.segments = {{video, channels}};
-    clip.inSeconds = 0.2;
-    const std::string output = tree.NativePath() + "/0001AB.mov";
-
-    const Av::TranscodeResult result = Av::Transcode(RequestOf({clip}, {{output, ProResProxy()}}));
-
-    ASSERT_EQ(result.outputs[0].error, "");
-    const Av::ClipInfo info = Av::ProbeClip(output);
-    EXPECT_EQ(info.audioChannels, 2);
-    EXPECT_EQ(info.audioSampleRate, 48000);
-    EXPECT_EQ(info.frameCount, 20);
-    EXPECT_NO_THROW(Av::CheckTranscodedFile(output, ProResProxy(), result.outputs[0].expected));
-}
-
 } // namespace
 } // namespace igd::test
