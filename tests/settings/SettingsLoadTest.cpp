@@ -39,15 +39,6 @@ TEST_F(SettingsLoad, AFirstRunRefreshesBeforeEachReadAndGivesOneDisabledPrimary)
     EXPECT_EQ(controller.GetDestinations().size(), 1u);
 }
 
-TEST_F(SettingsLoad, HostedKindsStartWithTransferOn) {
-    for (int kind : {5, 8}) {
-        HostApp::SetApplicationType(kind);
-        controller.LoadSettings();
-        EXPECT_FALSE(controller.IsImportOnly()) << kind;
-        EXPECT_TRUE(controller.GetDestinations().front().enabled) << kind;
-    }
-}
-
 TEST_F(SettingsLoad, ALockedSiteReadsNoOptionsYetStillReadsTheBackups) {
     site = {true, u"Dailies"};
     Put("Local.ImportOnly", false);
@@ -67,7 +58,6 @@ TEST_F(SettingsLoad, ALockedSiteReadsNoOptionsYetStillReadsTheBackups) {
     ASSERT_EQ(controller.GetDestinations().size(), 3u);
     EXPECT_TRUE(controller.GetDestinations()[2].enabled);
 }
-
 
 } // namespace
 } // namespace igd::test

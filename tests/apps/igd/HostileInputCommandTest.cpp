@@ -26,8 +26,9 @@ std::vector<std::string> EntriesBelow(const std::string& root) {
 }
 
 // Scripts tell a mistyped command from a failed copy by the exit code alone, and a person reads
-// the reason; neither wants a library's error number or a range given in floating point.
-TEST_F(HostileInputCommandTest, EveryOptionErrorExitsTwoWithItsReasonAndWritesNothing) {
+// the reason, naming the path, in one line; neither wants a library's error number or a range
+// given in floating point.
+TEST_F(HostileInputCommandTest, EveryBadInputExitsTwoWithItsReasonAndWritesNothing) {
     tree.MakeFile("src/A001.MOV", "frames");
     const std::string src = Native("src"), out = Native("out");
     const struct {
@@ -45,18 +46,30 @@ TEST_F(HostileInputCommandTest, EveryOptionErrorExitsTwoWithItsReasonAndWritesNo
         {{"ingest", src, "--to", out, "--subfolder", ""}, "--subfolder: a folder name is needed"},
         {{"ingest", src, "--to", out, "--verify", "sha"}, "--verify: sha not in {md5,xxh128,xxh3,xxh64,size,bit,none}"},
         {{"ingest", src, "--to", out, "--bogus"}, "The following argument was not expected: --bogus"},
-        {{"ingest", "--to", out}, "sources is required"},
-        {{"frobnicate"}, "A subcommand is required"},
         {{"plan", Native("src/A001.MOV"), "--to", out},
          "igd: the destination is not a folder: " + out + " (igd plan makes nothing: make the folder first)"},
+        {{"ingest", Native("src/A009.MOV"), "--to", out}, "igd: no such file or folder: " + Native("src/A009.MOV")},
+        {{"ingest", src, "--to", out, "--rename-preset", "Nope"}, "igd: no rename preset is named \"Nope\""},
+        {{"ingest", src, "--to", out, "--metadata-preset", "Production", "--set", "scen=1"},
+         "igd: no field of the chosen templates has the key \"scen\""},
+        {{"ingest", src, "--to", out + ":ProRes 9000"},
+         "igd: no encoder preset is named \"ProRes 9000\" (igd encoders lists them)"},
+        {{"probe", Native("src/A001.MOV"), "--thumbnail", out}, "igd probe: " + Native("src/A001.MOV") + ": not a media file"},
+        {{"cards", out}, "igd cards: " + out + " is not a folder"},
+        {{"project", "ls", out}, "igd: there is no project at " + out},
+        {{"project", "ls", "--json", Native("src/A001.MOV")}, "igd: not a project file: " + Native("src/A001.MOV")},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.reason);
         const Ran ran = RunIgd(c.arguments);
         EXPECT_EQ(ran.exitCode, 2);
         EXPECT_EQ(ran.err.substr(0, ran.err.find('\n')), c.reason) << ran.err;
+        if (c.reason.starts_with("igd")) {
+            EXPECT_EQ(ran.err, c.reason + "\n");
+        }
         EXPECT_EQ(ran.out, "");
         EXPECT_FALSE(fs::exists(out));
+        EXPECT_EQ(ReadFileBytes(Native("src/A001.MOV")), "frames");
     }
     EXPECT_EQ(RunIgd({"ingest", "--help"}).exitCode, 0);
 }

@@ -88,11 +88,6 @@ TEST_F(IgdTranscodeCommandTest, AProxyKeepsTheSourcesSizeAndRateBesideAVerifiedC
     const Probed proxy = Probe(Native("proxies/A001.mov"));
     EXPECT_EQ(proxy.stream, "prores,640,360,30000/1001");
     EXPECT_NEAR(proxy.seconds, 1.0, 0.034);
-
-    const Ran unknown = RunIgd({"ingest", Native("SHOOT/A001.MP4"), "--to", Native("other") + ":ProRes 9000"});
-    EXPECT_NE(unknown.exitCode, 0);
-    EXPECT_NE(unknown.err.find("no encoder preset is named \"ProRes 9000\""), std::string::npos) << unknown.err;
-    EXPECT_FALSE(std::filesystem::exists(Native("other")));
 }
 
 TEST_F(IgdTranscodeCommandTest, AKillDuringAnEncodeLeavesATemporaryThatResumeReplacesWithTheFile) {

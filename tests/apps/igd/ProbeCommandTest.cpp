@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "apps/igd/IgdCommand.h"
@@ -34,15 +33,6 @@ TEST_F(ProbeCommandTest, PrintsWhatTheClipHoldsAndWritesItsPosterFrame) {
     EXPECT_NE(text.out.find("  timecode    01:00:00:00\n"), std::string::npos) << text.out;
     // Both answers came once from the clip and now from the cache under the home.
     EXPECT_FALSE(std::filesystem::is_empty(home.Path() + "/cache/frames"));
-}
-
-TEST_F(ProbeCommandTest, NamesAFileThatIsNoMediaAsBadInput) {
-    const std::string text = Native("C0001.MP4");
-    std::ofstream(text) << "not a clip";
-    const Ran run = RunIgd({"probe", text, "--thumbnail", Native("C0001.png")});
-    EXPECT_EQ(run.exitCode, 2);
-    EXPECT_EQ(run.err, "igd probe: " + text + ": not a media file\n");
-    EXPECT_FALSE(std::filesystem::exists(Native("C0001.png")));
 }
 
 } // namespace

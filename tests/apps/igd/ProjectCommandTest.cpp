@@ -1,7 +1,6 @@
 // `igd project` as a user runs it: it makes and lists projects and never takes over another file.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "Proj/Project.h"
@@ -79,19 +78,6 @@ TEST_F(ProjectCommandTest, ListShowsBinsItemsAndMetadataForPeopleAndPrograms) {
                   "\"metadata\":[{\"namespace\":\"http://ns.example.com/shoot/\",\"prefix\":\"shoot\","
                   "\"values\":{\"scene\":\"12\",\"take\":\"3\"}}],\"digests\":[{\"path\":\"/card/A001.MOV\","
                   "\"algorithm\":\"xxh128\",\"digest\":\"99aa06d3014798d86001c324468d497f\"}]}]}]}\n");
-}
-
-TEST_F(ProjectCommandTest, ListNeverCreatesOrTakesOverAFile) {
-    const std::string missing = Native("missing.igdproj");
-    Ran run = RunIgd({"project", "ls", missing});
-    EXPECT_EQ(run.exitCode, 2);
-    EXPECT_EQ(run.err, "igd: there is no project at " + missing + "\n");
-    EXPECT_FALSE(std::filesystem::exists(missing));
-
-    tree.MakeFile("notes.txt", "A001 interview\n");
-    run = RunIgd({"project", "ls", "--json", Native("notes.txt")});
-    EXPECT_EQ(run.exitCode, 2);
-    EXPECT_EQ(run.err, "igd: not a project file: " + Native("notes.txt") + "\n");
 }
 
 } // namespace
