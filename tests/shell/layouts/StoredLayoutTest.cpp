@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include "fluxui/controls/UI_Checkbox.h"
-#include "fluxui/controls/UI_NumberEdit.h"
 #include "fluxui/controls/UI_Popup.h"
 #include "fluxui/controls/UI_StaticText.h"
 #include "fluxui/controls/UI_TextButton.h"
@@ -157,16 +156,6 @@ TEST_P(StoredLayout, FitsAtItsOwnSizeAndKeepsTheRightMarginWhenStretched) {
 
 INSTANTIATE_TEST_SUITE_P(Store, StoredLayout, ::testing::ValuesIn(StoredLayoutNames()),
                          [](const auto& info) { return info.param; });
-
-TEST(StoredLayoutStartNumber, KeepsTheFilesRangeAboveThirtyTwoBits) {
-    const BuiltLayout built = BuildStoredLayout("igdRenameTemplateNormalModeField");
-    auto* number =
-        dynamic_cast<fluxui::controls::UI_NumberEdit*>(built.controls.at("UI_UserDefStartNumber").get());
-    ASSERT_TRUE(number);
-    EXPECT_EQ(number->GetValue(), u"1");
-    number->SetNumber(4294969999.0, false);
-    EXPECT_EQ(number->GetValue(), u"4294969999");
-}
 
 } // namespace
 } // namespace igd::test
