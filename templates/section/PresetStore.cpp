@@ -2,32 +2,11 @@
 
 #include <algorithm>
 
+#include "QL/PresetNames.h"
 #include "fluxcore/ZString.h"
 #include "fluxui/Messagebox.h"
 
 namespace IGD {
-namespace {
-
-char16_t FoldAsciiCase(char16_t unit) {
-    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
-}
-
-bool SamePathIgnoringAsciiCase(const Fnd::WString& left, const Fnd::WString& right) {
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(),
-                      [](char16_t a, char16_t b) { return FoldAsciiCase(a) == FoldAsciiCase(b); });
-}
-
-// By UTF-16 unit with the case of each unit folded first; a text before its longer continuation.
-bool NameBefore(const PresetRef& left, const PresetRef& right) {
-    const Fnd::WString a = left->GetName(true);
-    const Fnd::WString b = right->GetName(true);
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char16_t x, char16_t y) {
-        return FoldAsciiCase(x) < FoldAsciiCase(y);
-    });
-}
-
-} // namespace
 
 void PresetStore::Load(QL::_QLPresetCategory presetCategory) {
     category = presetCategory;
@@ -96,9 +75,11 @@ PresetRef PresetStore::Install(const Fnd::WString& path) {
 void PresetStore::InsertUserPreset(const PresetRef& preset) {
     const Fnd::WString path = preset->GetPath();
     std::erase_if(userPresets,
-                  [&path](const PresetRef& each) { return SamePathIgnoringAsciiCase(each->GetPath(), path); });
+                  [&path](const PresetRef& each) { return Fnd::EqualsIgnoringASCIICase(each->GetPath(), path); });
     userPresets.push_back(preset);
-    std::stable_sort(userPresets.begin(), userPresets.end(), NameBefore);
+    std::stable_sort(userPresets.begin(), userPresets.end(), [](const PresetRef& a, const PresetRef& b) {
+        return QL::PresetNameLess(a->GetName(true), b->GetName(true));
+    });
 }
 
 } // namespace IGD

@@ -1,5 +1,7 @@
 #include "Fnd/WString.h"
 
+#include <algorithm>
+
 namespace Fnd {
 
 namespace {
@@ -218,15 +220,34 @@ WString ToDecimal(std::uint64_t value) {
     return out;
 }
 
+namespace {
+
+WChar FoldASCIICase(WChar c) {
+    return (c >= u'A' && c <= u'Z') ? static_cast<WChar>(c + (u'a' - u'A')) : c;
+}
+
+} // namespace
+
 bool EqualsIgnoringASCIICase(WStringView a, WStringView b) {
     if (a.size() != b.size())
         return false;
-    auto fold = [](WChar c) { return (c >= u'A' && c <= u'Z') ? static_cast<WChar>(c + (u'a' - u'A')) : c; };
     for (std::size_t i = 0; i < a.size(); ++i) {
-        if (fold(a[i]) != fold(b[i]))
+        if (FoldASCIICase(a[i]) != FoldASCIICase(b[i]))
             return false;
     }
     return true;
+}
+
+bool LessIgnoringASCIICase(WStringView a, WStringView b) {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [](WChar x, WChar y) { return FoldASCIICase(x) < FoldASCIICase(y); });
+}
+
+WString ToLowerASCII(WStringView text) {
+    WString lower(text);
+    for (WChar& c : lower)
+        c = FoldASCIICase(c);
+    return lower;
 }
 
 WString Trim(WStringView text, WStringView characters) {

@@ -18,11 +18,7 @@ Fnd::WString CanonicalExtension(Fnd::WStringView extension) {
         extension.remove_prefix(2);
     else if (!extension.empty() && extension[0] == u'.')
         extension.remove_prefix(1);
-    Fnd::WString canonical(extension);
-    for (Fnd::WChar& c : canonical)
-        if (c >= u'A' && c <= u'Z')
-            c = static_cast<Fnd::WChar>(c - u'A' + u'a');
-    return canonical;
+    return Fnd::ToLowerASCII(extension);
 }
 
 bool IsKnownType(int type) {

@@ -11,10 +11,6 @@ namespace {
 // The filesystem's limit on one name, in bytes of UTF-8.
 constexpr std::size_t kMaxFileNameBytes = 255;
 
-char16_t FoldASCII(char16_t unit) {
-    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
-}
-
 } // namespace
 
 std::string PresetNameProblem(const Fnd::WString& name, _QLPresetCategory category) {
@@ -51,8 +47,7 @@ Fnd::WString NumberedPresetName(const Fnd::WString& name, unsigned number) {
 }
 
 bool PresetNameLess(const Fnd::WString& a, const Fnd::WString& b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                        [](char16_t x, char16_t y) { return FoldASCII(x) < FoldASCII(y); });
+    return Fnd::LessIgnoringASCIICase(a, b);
 }
 
 } // namespace QL

@@ -80,6 +80,9 @@ TEST(WideStringHelpers, CaseFoldingAndTrim) {
     EXPECT_TRUE(Fnd::EqualsIgnoringASCIICase(u".MOV", u".mov"));
     EXPECT_FALSE(Fnd::EqualsIgnoringASCIICase(u".mov", u".mo"));
     EXPECT_FALSE(Fnd::EqualsIgnoringASCIICase(u"\xC9", u"\xE9")); // only A-Z fold, not accented letters
+    EXPECT_EQ(Fnd::ToLowerASCII(u"Day \xC9_A"), u"day \xC9_a");
+    EXPECT_TRUE(Fnd::LessIgnoringASCIICase(u"day", u"Day 2"));
+    EXPECT_FALSE(Fnd::LessIgnoringASCIICase(u"Day", u"day"));
     EXPECT_FALSE(Fnd::EqualsIgnoringASCIICase(u"[", u"{"));       // differ by the case bit only
     EXPECT_FALSE(Fnd::EqualsIgnoringASCIICase(u"@", u"`"));
 

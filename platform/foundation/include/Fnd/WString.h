@@ -34,6 +34,10 @@ WString ToDecimal(std::uint64_t value);
 
 // Compares ignoring the case of A to Z only, as file extensions are compared.
 bool EqualsIgnoringASCIICase(WStringView a, WStringView b);
+// Orders by UTF-16 unit with A to Z folded to a to z, a text before its longer continuation.
+bool LessIgnoringASCIICase(WStringView a, WStringView b);
+// A to Z as a to z; every other unit as it is.
+WString ToLowerASCII(WStringView text);
 
 // Removes the given characters from both ends.
 WString Trim(WStringView text, WStringView characters);

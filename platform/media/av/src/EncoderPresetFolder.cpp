@@ -38,13 +38,8 @@ bool IsPresetFileName(const std::string& name) {
     return name.front() != '.' && name.size() > suffix.size() && name.ends_with(suffix);
 }
 
-char16_t FoldASCII(char16_t c) {
-    return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c - u'A' + u'a') : c;
-}
-
 bool NameLess(const Fnd::WString& a, const Fnd::WString& b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                        [](char16_t x, char16_t y) { return FoldASCII(x) < FoldASCII(y); });
+    return Fnd::LessIgnoringASCIICase(a, b);
 }
 
 // Container and extension come from the exporter the file names; a file naming none this build

@@ -175,21 +175,14 @@ bool BatchCopier::SharesTargetInFlight(const std::vector<SourceGroup>& groups, s
     if (begun.empty())
         return false;
     // Spellings that differ in case only are one name where a destination ignores case.
-    const auto folded = [](const Fnd::WString& name) {
-        Fnd::WString lower = name;
-        for (char16_t& c : lower)
-            if (c >= u'A' && c <= u'Z')
-                c = static_cast<char16_t>(c + 32);
-        return lower;
-    };
     std::unordered_set<Fnd::WString> inFlight;
     for (const Begun& copy : begun)
         for (const BegunSource& source : copy.sources)
             for (const FileRecord* file : source.files)
-                inFlight.insert(folded(file->target));
+                inFlight.insert(Fnd::ToLowerASCII(file->target));
     for (std::size_t g = from; g < to; ++g)
         for (std::size_t index : groups[g].files)
-            if (inFlight.count(folded(run_.files[index].target)) != 0)
+            if (inFlight.count(Fnd::ToLowerASCII(run_.files[index].target)) != 0)
                 return true;
     return false;
 }
