@@ -113,7 +113,7 @@ const std::vector<ComposedEntry>& ComposedEntries() {
 
 } // namespace
 
-LayoutGallery::LayoutGallery(float layoutWidth, QWidget* parent)
+LayoutGallery::LayoutGallery(float layoutWidth, const QString& firstEntry, QWidget* parent)
     : QWidget(parent), layoutWidth_(layoutWidth), names_(IGD::LayoutNames()), list_(new QListWidget),
       area_(new QScrollArea), status_(new QLabel) {
     setWindowTitle(QStringLiteral("IGD Layout Gallery"));
@@ -134,7 +134,8 @@ LayoutGallery::LayoutGallery(float layoutWidth, QWidget* parent)
     layout->addLayout(right, 1);
     QObject::connect(list_, &QListWidget::currentRowChanged, this, [this](int row) { Show(row); });
     resize(static_cast<int>(layoutWidth_) + list_->minimumWidth() + 80, 560);
-    list_->setCurrentRow(0);
+    const QList<QListWidgetItem*> found = list_->findItems(firstEntry, Qt::MatchExactly);
+    list_->setCurrentRow(firstEntry.isEmpty() || found.isEmpty() ? 0 : list_->row(found.front()));
 }
 
 LayoutGallery::~LayoutGallery() {
@@ -153,10 +154,13 @@ void LayoutGallery::Show(int row) {
             IGD::LayoutPreview preview =
                 IGD::BuildLayoutPreview(names_[static_cast<std::size_t>(row)], layoutWidth_);
             root = preview.root;
+            area_->setBackgroundRole(QPalette::Mid);
             status_->setText(QStringLiteral("%1 controls with ids").arg(preview.controls.size()));
         } else {
             const ComposedEntry& entry = ComposedEntries()[static_cast<std::size_t>(row) - names_.size()];
             setting_ = std::make_shared<SettingScope>(entry.setting);
+            // A view of the dialog stands on the dialog's own ground, as it will in the dialog.
+            area_->setBackgroundRole(QPalette::Window);
             root = entry.build(names_, layoutWidth_);
             status_->setText(QStringLiteral("Live: click, type, choose and fold as in the dialog"));
         }

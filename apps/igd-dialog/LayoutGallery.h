@@ -16,7 +16,8 @@ namespace igd::dialog {
 
 class LayoutGallery : public QWidget {
 public:
-    explicit LayoutGallery(float layoutWidth, QWidget* parent = nullptr);
+    // Opens on the entry of that title (a layout's name or a view's title), else on the first.
+    explicit LayoutGallery(float layoutWidth, const QString& firstEntry = {}, QWidget* parent = nullptr);
     ~LayoutGallery() override;
 
 private:

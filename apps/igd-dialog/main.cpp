@@ -2,6 +2,7 @@
 //
 //     igd-dialog --gallery                      a window showing every layout, live
 //     igd-dialog --gallery --screenshot DIR     every layout rendered to DIR/<layout>.png
+//     igd-dialog --gallery --show ENTRY         the window, opened on one entry
 //     --vault [--vault-server NAME]             the project lives on a collaboration server
 #include <CLI/CLI.hpp>
 #include <QApplication>
@@ -36,6 +37,9 @@ int main(int argc, char** argv) {
     cli.add_option("--screenshot", screenshotDirectory,
                    "With --gallery: render each layout offscreen to DIR/<layout>.png and exit")
         ->type_name("DIR");
+    std::string firstEntry;
+    cli.add_option("--show", firstEntry, "With --gallery: open on the entry of this title, e.g. \"Transfer\"")
+        ->type_name("ENTRY");
     cli.add_option("--width", width, "Width of the dialog the layouts are shown in, in units")
         ->check(CLI::Range(120.0f, 2000.0f));
     cli.add_flag("--vault", vault, "The project lives on a collaboration server")->envname("IGD_VAULT_MODE");
@@ -81,7 +85,7 @@ int main(int argc, char** argv) {
             igd::dialog::WriteLayoutScreenshots(QString::fromStdString(screenshotDirectory), width);
         status = failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
     } else {
-        igd::dialog::LayoutGallery window(width);
+        igd::dialog::LayoutGallery window(width, QString::fromStdString(firstEntry));
         window.show();
         status = application.exec();
     }
