@@ -7,6 +7,10 @@
 #include <cmath>
 #include <cstring>
 #include <filesystem>
+#include <functional>
+#include <future>
+#include <map>
+#include <mutex>
 
 #include "Av/ClipInfo.h"
 #include "Av/MediaError.h"
@@ -63,44 +67,112 @@ Mid::ClipFacts FactsOf(const ClipInfo& info) {
 
 } // namespace
 
+// A browser asks for thousands of clips from several threads, and often for one clip twice at
+// once (a list and its icons); a card of damaged clips would be decoded again at every scroll.
+struct CachingFrameService::InFlight {
+    std::mutex mutex;
+    std::map<std::string, std::shared_future<Mid::FrameImage>> frames;
+    std::map<std::string, std::shared_future<Mid::ClipFacts>> facts;
+    // Why a clip, by its source key, gave no facts ("facts\n" + key) or no picture ("frame\n" + key).
+    std::map<std::string, std::string> failures;
+
+    // Bounds the memory of a long session over many bad files; forgetting only costs a decode.
+    static constexpr std::size_t kMaxFailures = 4096;
+
+    void ThrowIfFailed(const std::string& failureKey) {
+        std::lock_guard lock(mutex);
+        if (auto found = failures.find(failureKey); found != failures.end())
+            throw Mid::FrameUnavailable(found->second);
+    }
+
+    void Fail(const std::string& failureKey, const std::string& message) {
+        std::lock_guard lock(mutex);
+        if (failures.size() >= kMaxFailures)
+            failures.clear();
+        failures[failureKey] = message;
+    }
+
+    // The first caller of a key produces the answer; the others wait for it, or for its failure.
+    template <class T> T Once(std::map<std::string, std::shared_future<T>>& running, const std::string& key,
+                              const std::function<T()>& produce) {
+        std::promise<T> promise;
+        {
+            std::unique_lock lock(mutex);
+            if (auto found = running.find(key); found != running.end()) {
+                std::shared_future<T> waiting = found->second;
+                lock.unlock();
+                return waiting.get();
+            }
+            running.emplace(key, promise.get_future().share());
+        }
+        const auto done = [&] {
+            std::lock_guard lock(mutex);
+            running.erase(key);
+        };
+        try {
+            T value = produce();
+            promise.set_value(value);
+            done();
+            return value;
+        } catch (...) {
+            promise.set_exception(std::current_exception());
+            done();
+            throw;
+        }
+    }
+};
+
 CachingFrameService::CachingFrameService(FrameCacheOptions options)
     : cache_(std::make_unique<FrameCache>(
           options.directory.empty() ? Fnd::IgdHomeDirectory() + "/cache/frames" : options.directory,
-          options.limitBytes)) {}
+          options.limitBytes)),
+      inFlight_(std::make_unique<InFlight>()) {}
 
 CachingFrameService::~CachingFrameService() = default;
 
 Mid::FrameImage CachingFrameService::PosterFrame(const std::string& path, int width, double atSeconds) {
     // To the millisecond: a browser asking again for "the same" time hits.
     const long long millisecond = std::llround(std::max(atSeconds, 0.0) * 1000);
-    const std::string key =
-        "frame\n" + SourceKey(path) + '\n' + std::to_string(width) + '\n' + std::to_string(millisecond);
-    if (std::optional<std::vector<std::uint8_t>> png = cache_->Find(key))
-        if (std::optional<Mid::FrameImage> image = FrameOf(std::move(*png)))
-            return std::move(*image);
-    ++mediaReads_;
-    try {
-        Mid::FrameImage image = DecodePosterFrame(path, width, double(millisecond) / 1000);
-        cache_->Store(key, std::string_view(reinterpret_cast<const char*>(image.png.data()), image.png.size()));
-        return image;
-    } catch (const MediaError& error) {
-        throw Mid::FrameUnavailable(error.what());
-    }
+    const std::string source = SourceKey(path);
+    // A clip that has no facts has no picture either.
+    inFlight_->ThrowIfFailed("facts\n" + source);
+    inFlight_->ThrowIfFailed("frame\n" + source);
+    const std::string key = "frame\n" + source + '\n' + std::to_string(width) + '\n' + std::to_string(millisecond);
+    return inFlight_->Once<Mid::FrameImage>(inFlight_->frames, key, [&] {
+        // Looked up only by the one caller that would decode, so that a caller arriving just after
+        // another finished finds its answer stored.
+        if (std::optional<std::vector<std::uint8_t>> png = cache_->Find(key))
+            if (std::optional<Mid::FrameImage> image = FrameOf(std::move(*png)))
+                return std::move(*image);
+        ++mediaReads_;
+        try {
+            Mid::FrameImage image = DecodePosterFrame(path, width, double(millisecond) / 1000);
+            cache_->Store(key, std::string_view(reinterpret_cast<const char*>(image.png.data()), image.png.size()));
+            return image;
+        } catch (const MediaError& error) {
+            inFlight_->Fail("frame\n" + source, error.what());
+            throw Mid::FrameUnavailable(error.what());
+        }
+    });
 }
 
 Mid::ClipFacts CachingFrameService::Facts(const std::string& path) {
     const std::string key = "facts\n" + SourceKey(path);
-    if (const std::optional<std::vector<std::uint8_t>> text = cache_->Find(key))
-        if (std::optional<Mid::ClipFacts> facts = ClipFactsFromText(std::string(text->begin(), text->end())))
-            return std::move(*facts);
-    ++mediaReads_;
-    try {
-        Mid::ClipFacts facts = FactsOf(ProbeClip(path));
-        cache_->Store(key, ClipFactsText(facts));
-        return facts;
-    } catch (const MediaError& error) {
-        throw Mid::FrameUnavailable(error.what());
-    }
+    inFlight_->ThrowIfFailed(key);
+    return inFlight_->Once<Mid::ClipFacts>(inFlight_->facts, key, [&] {
+        if (const std::optional<std::vector<std::uint8_t>> text = cache_->Find(key))
+            if (std::optional<Mid::ClipFacts> facts = ClipFactsFromText(std::string(text->begin(), text->end())))
+                return std::move(*facts);
+        ++mediaReads_;
+        try {
+            Mid::ClipFacts facts = FactsOf(ProbeClip(path));
+            cache_->Store(key, ClipFactsText(facts));
+            return facts;
+        } catch (const MediaError& error) {
+            inFlight_->Fail(key, error.what());
+            throw Mid::FrameUnavailable(error.what());
+        }
+    });
 }
 
 std::uint64_t CachingFrameService::CacheBytes() const {

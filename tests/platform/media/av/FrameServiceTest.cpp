@@ -227,6 +227,23 @@ TEST_F(FrameServiceTest, ThreadsAskingForTheSameClipsGetTheSamePictures) {
         thread.join();
     EXPECT_EQ(wrong.load(), 0);
     EXPECT_EQ(CacheFiles(cacheFolder).size(), 2u);
+    // Asked at once, decoded once: one picture, one probe.
+    EXPECT_EQ(service->MediaReads(), 2u);
+}
+
+TEST_F(FrameServiceTest, UnreadableClipIsNotReadAgainUntilItChanges) {
+    const std::unique_ptr<Av::CachingFrameService> service = Service();
+    const std::string bad = Fnd::ToUTF8(tree.MakeFile("A002.mov", "not a movie"));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_THROW(service->Facts(bad), Mid::FrameUnavailable);
+        EXPECT_THROW(service->PosterFrame(bad, 96), Mid::FrameUnavailable);
+    }
+    EXPECT_EQ(service->MediaReads(), 1u);
+
+    // Copied again, this time whole.
+    fs::copy_file(clip, bad, fs::copy_options::overwrite_existing);
+    EXPECT_EQ(service->Facts(bad).width, 320);
+    EXPECT_EQ(service->MediaReads(), 2u);
 }
 
 } // namespace

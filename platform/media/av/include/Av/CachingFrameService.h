@@ -16,7 +16,9 @@ struct FrameCacheOptions {
 };
 
 // The frame service on FFmpeg: poster frames and facts decoded from the clip once, then read from
-// a cache on disk for as long as the clip keeps its size and modification time.
+// a cache on disk for as long as the clip keeps its size and modification time. Threads asking for
+// the same answer at once wait for one decode, and a clip that could not be read is not tried
+// again in this process until its size or modification time change.
 class CachingFrameService final : public Mid::FrameService {
 public:
     explicit CachingFrameService(FrameCacheOptions options = {});
@@ -31,7 +33,9 @@ public:
     std::uint64_t CacheBytes() const;
 
 private:
+    struct InFlight;
     std::unique_ptr<FrameCache> cache_;
+    std::unique_ptr<InFlight> inFlight_;
     std::atomic<std::uint64_t> mediaReads_{0};
 };
 
