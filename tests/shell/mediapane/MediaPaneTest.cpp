@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "AppFrame/Commander.h"
+#include "Fnd/Exception.h"
 #include "Fnd/RunLoop.h"
 #include "Fnd/StationUtils.h"
 #include "IGD/SelectedClipItem.h"
