@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <condition_variable>
+#include <mutex>
 #include <memory>
 #include <string>
 #include <vector>
@@ -182,6 +184,50 @@ TEST_F(MediaBrowserModelTest, ModelEndedWhileWorkIsInFlightLeavesNothingBehind) 
     // What the workers posted before they stopped finds the model gone and does nothing.
     Fnd::GetDefaultQueue().Drain();
     EXPECT_EQ(changes, 0);
+}
+
+// A frame service that knows no clip, notes the order it was asked in, and holds its first answer
+// until released.
+class OrderRecordingService : public Mid::FrameService {
+public:
+    Mid::FrameImage PosterFrame(const std::string& path, int, double) override { throw Mid::FrameUnavailable(path); }
+    Mid::ClipFacts Facts(const std::string& path) override {
+        std::unique_lock lock(mutex);
+        asked.push_back(path.substr(path.size() - 7, 3));
+        changed.notify_all();
+        changed.wait(lock, [&] { return released; });
+        throw Mid::FrameUnavailable(path);
+    }
+    void WaitForFirst() {
+        std::unique_lock lock(mutex);
+        changed.wait(lock, [&] { return !asked.empty(); });
+    }
+    void Release() {
+        std::lock_guard lock(mutex);
+        released = true;
+        changed.notify_all();
+    }
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool released = false;
+    std::vector<std::string> asked;
+};
+
+TEST_F(MediaBrowserModelTest, ClipsOnScreenAreAskedForFirstThenTheirNeighbours) {
+    for (int i = 0; i < 60; ++i)
+        tree.MakeFile("f/f" + std::string(i < 10 ? "0" : "") + std::to_string(i) + ".mov");
+    const auto service = std::make_shared<OrderRecordingService>();
+    const auto previous = Mid::FrameService::Install(service);
+    MediaBrowserModel one{station, {.factWorkers = 1}};
+    one.OpenDirectory(tree.Path("f"));
+    service->WaitForFirst();
+    one.SetVisibleRange(40, 5);
+    service->Release();
+    one.WaitUntilSettled();
+    Mid::FrameService::Install(previous);
+    ASSERT_EQ(service->asked.size(), 60u);
+    EXPECT_EQ(std::vector<std::string>(service->asked.begin(), service->asked.begin() + 8),
+              (std::vector<std::string>{"f00", "f40", "f41", "f42", "f43", "f44", "f39", "f45"}));
 }
 
 // Real clips through the frame service, with a cache of their own.

@@ -81,7 +81,8 @@ public:
             currentDir_.pop_back();
         provider_ = nullptr;
         listing_ = true;
-        visibleFirst_ = visibleCount_ = 0;
+        // A new directory shows from its top, in as many rows as before.
+        visibleFirst_ = 0;
         AddOutstanding(1);
         Finish(facts_.Replace(generation, {}));
         {
