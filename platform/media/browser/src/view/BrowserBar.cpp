@@ -50,18 +50,21 @@ void BrowserBar::Layout(const fluxcore::geom::RectF& rect) {
         node.UI_SetLocalRectF({left, top, width, height});
         left += width + kGap;
     };
-    place(*parentButton, 40.0f);
-    const float fixedAfterPath = 56.0f * 2 + 88.0f * 2 + 110.0f + 6 * kGap;
-    const float spare = rect.left + rect.width - left - fixedAfterPath - kGap;
-    const float search = std::clamp(spare - 160.0f, kSearchMinimum, kSearchWidth);
-    const float path = std::max(0.0f, spare - search - kGap);
+    // The buttons keep their width while they fit; a narrow bar narrows them all alike.
+    constexpr float kButtons = 40.0f + 2 * 56.0f + 2 * 88.0f + 110.0f;
+    const float room = std::max(0.0f, rect.width - 9 * kGap);
+    const float scale = std::clamp((room - kSearchMinimum) / kButtons, 0.0f, 1.0f);
+    const float spare = room - kButtons * scale;
+    const float search = std::clamp(spare - 160.0f, std::min(kSearchMinimum, spare), kSearchWidth);
+    const float path = std::max(0.0f, spare - search);
+    place(*parentButton, 40.0f * scale);
     place(*pathText, path);
-    place(*listButton, 56.0f);
-    place(*iconButton, 56.0f);
-    place(*checkAllButton, 88.0f);
-    place(*uncheckAllButton, 88.0f);
-    place(*columnsPopup, 110.0f);
-    place(*searchField, search);
+    place(*listButton, 56.0f * scale);
+    place(*iconButton, 56.0f * scale);
+    place(*checkAllButton, 88.0f * scale);
+    place(*uncheckAllButton, 88.0f * scale);
+    place(*columnsPopup, 110.0f * scale);
+    place(*searchField, std::max(0.0f, search));
 }
 
 } // namespace fluxmediabrowser

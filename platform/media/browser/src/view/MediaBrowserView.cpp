@@ -142,8 +142,9 @@ private:
         });
         mediaView_->NotifyWhenActivated([this](std::size_t row) {
             const std::size_t entry = EntryOfRow(row);
+            // A copy: opening replaces the entries the path is read from.
             if (entry != kNoRow && model_.Entries()[entry].folder)
-                model_.OpenDirectory(model_.Entries()[entry].path);
+                model_.OpenDirectory(Fnd::WString(model_.Entries()[entry].path));
         });
         mediaView_->NotifyWhenVisibleRangeChanged(
             [this](std::size_t first, std::size_t count) { model_.SetVisibleRange(first, count); });
@@ -159,7 +160,7 @@ private:
 
     void OpenPlace(std::size_t row) {
         if (row < places_.size() && places_[row].path != model_.GetCurrentDirPath())
-            model_.OpenDirectory(places_[row].path);
+            model_.OpenDirectory(Fnd::WString(places_[row].path));
     }
 
     void MarkCurrentPlace() {
