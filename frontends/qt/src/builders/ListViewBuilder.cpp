@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QItemSelectionModel>
 #include <QListView>
+#include <QPainter>
 #include <QPixmap>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -150,6 +151,7 @@ private:
                 return cached->icon;
             QPixmap pixmap;
             if (pixmap.loadFromData(row.picture->data(), static_cast<uint>(row.picture->size()), "PNG")) {
+                pixmap = Squared(pixmap);
                 auto* decoded = new DecodedPicture{row.picture, QIcon(pixmap)};
                 const QIcon icon = decoded->icon;
                 const qsizetype kilobytes =
@@ -159,6 +161,19 @@ private:
             }
         }
         return QApplication::style()->standardIcon(row.folder ? QStyle::SP_DirIcon : QStyle::SP_FileIcon);
+    }
+
+    // Centred on a clear square, as the standard pictures are: every cell of the grid then has
+    // the same size whatever the shape of its picture, so the grid lays out from one cell alone.
+    static QPixmap Squared(const QPixmap& picture) {
+        const int side = std::max(picture.width(), picture.height());
+        if (picture.width() == picture.height())
+            return picture;
+        QPixmap square(side, side);
+        square.fill(Qt::transparent);
+        QPainter painter(&square);
+        painter.drawPixmap((side - picture.width()) / 2, (side - picture.height()) / 2, picture);
+        return square;
     }
 
     UI_ListView* node_;
