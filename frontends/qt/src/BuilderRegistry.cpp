@@ -3,6 +3,7 @@
 #include "builders/StandardBuilders.h"
 #include "fluxui/controls/UI_Checkbox.h"
 #include "fluxui/controls/UI_Divider.h"
+#include "fluxui/controls/UI_ListView.h"
 #include "fluxui/controls/UI_NumberEdit.h"
 #include "fluxui/controls/UI_OutlineBox.h"
 #include "fluxui/controls/UI_PictureButton.h"
@@ -58,6 +59,7 @@ BuilderRegistry MakeStandard() {
     registry.Register("UI_ScrollView", Is<UI_ScrollView>(), MakeScrollViewBuilder());
     registry.Register("UI_SectionView", Is<UI_SectionView>(), MakeSectionViewBuilder());
     registry.Register("UI_SplitterView", Is<UI_SplitterView>(), MakeSplitterBuilder());
+    registry.Register("UI_ListView", Is<UI_ListView>(), MakeListViewBuilder());
     registry.SetFallback(MakeContainerBuilder());
     return registry;
 }

@@ -23,5 +23,6 @@ BuilderPtr MakeScrollViewBuilder();
 BuilderPtr MakeScrollBarBuilder();
 BuilderPtr MakeSectionViewBuilder();
 BuilderPtr MakeSplitterBuilder();
+BuilderPtr MakeListViewBuilder();
 
 } // namespace igd::qt
