@@ -24,4 +24,8 @@ BuilderPtr MakeScrollBarBuilder();
 BuilderPtr MakeSectionViewBuilder();
 BuilderPtr MakeSplitterBuilder();
 
+// The preview player's picture and scrub bar.
+BuilderPtr MakeFrameViewBuilder();
+BuilderPtr MakeSliderBuilder();
+
 } // namespace igd::qt
