@@ -65,6 +65,7 @@ public:
         rate_ = 0;
         frameCount_ = 0;
         position_ = 0;
+        start_ = 0;
         in_ = item.inPoint;
         out_ = item.outPoint;
         views_.EnableControls(false);
@@ -85,8 +86,12 @@ public:
     void SetStartPosition(Time position) {
         if (HasClip())
             ShowIndex(IndexOf(position));
-        else if (worker_)
+        else if (worker_) {
+            // The rate is not known yet: the worker finds the frame, and the position follows
+            // once the clip has opened.
+            start_ = position;
             worker_->ShowTime(position);
+        }
     }
 
     void Play() {
@@ -158,6 +163,7 @@ public:
         rate_ = rate;
         frameTicks_ = std::llround(double(fluxmediatypes::kTicksPerSecond) / rate);
         frameCount_ = frameCount;
+        position_ = IndexOf(start_);
         if (views_.scrub)
             views_.scrub->SetMaximum(LastIndex());
         views_.EnableControls(true);
@@ -282,6 +288,7 @@ private:
     fluxmediatypes::FrameRate frameTicks_ = 0;
     std::int64_t frameCount_ = 0;
     std::int64_t position_ = 0;
+    Time start_ = 0; // asked before the clip opened
     bool playing_ = false;
     Time in_ = kTime_Invalid;
     Time out_ = kTime_Invalid;
