@@ -28,42 +28,51 @@ FramePicture TwoColours(int width, int height) {
     return {bytes, width, height};
 }
 
+// A window holding the one control at rect, shown as the person sees it.
+template <typename T> struct Window {
+    Window(fluxcore::geom::RectF rect, float height) : root(Make<UI_SubView>()), control(Make<T>()) {
+        EnsureQtApplication();
+        root->UI_SetLocalRectF({0, 0, rect.width, height});
+        control->UI_SetLocalRectF(rect);
+        root->ChildPushBack(control);
+    }
+    void Show() {
+        presenter = std::make_unique<NodePresenter>(root);
+        ShowActive(*presenter->RootWidget());
+    }
+    QWidget* Widget() const { return presenter->WidgetFor(*control); }
+
+    boost::intrusive_ptr<UI_SubView> root;
+    boost::intrusive_ptr<T> control;
+    std::unique_ptr<NodePresenter> presenter;
+};
+
 TEST(PlayerControlsQtTest, FrameViewPaintsThePicturesPixelsFittedAndCentred) {
-    EnsureQtApplication();
-    auto root = Make<UI_SubView>();
-    root->UI_SetLocalRectF({0, 0, 200, 100});
-    auto view = Make<UI_FrameView>();
-    view->UI_SetLocalRectF({0, 0, 200, 100});
-    root->ChildPushBack(view);
-    NodePresenter presenter(root);
-    ShowActive(*presenter.RootWidget());
+    Window<UI_FrameView> window({0, 0, 200, 100}, 100);
+    window.Show();
+    UI_FrameView* view = window.control.get();
 
     // Half the view's width at its aspect: drawn 100 high and 100 wide at the centre, black around.
     view->SetPicture(TwoColours(20, 20));
-    const QImage shot = presenter.WidgetFor(*view)->grab().toImage();
+    const QImage shot = window.Widget()->grab().toImage();
     EXPECT_EQ(shot.pixelColor(70, 50), QColor(255, 0, 0));
     EXPECT_EQ(shot.pixelColor(130, 50), QColor(0, 0, 255));
     EXPECT_EQ(shot.pixelColor(20, 50), QColor(0, 0, 0));
 
     view->SetText(u"A001");
     view->ClearPicture();
-    const QImage text = presenter.WidgetFor(*view)->grab().toImage();
+    const QImage text = window.Widget()->grab().toImage();
     EXPECT_EQ(text.pixelColor(70, 50), QColor(0, 0, 0)) << "no picture is left behind the clip's name";
 }
 
 TEST(PlayerControlsQtTest, DraggingTheSliderReachesTheModelAsThePersonsChange) {
-    EnsureQtApplication();
-    auto root = Make<UI_SubView>();
-    root->UI_SetLocalRectF({0, 0, 300, 40});
-    auto slider = Make<UI_Slider>();
-    slider->UI_SetLocalRectF({0, 10, 300, 20});
-    root->ChildPushBack(slider);
+    Window<UI_Slider> window({0, 10, 300, 20}, 40);
+    UI_Slider* slider = window.control.get();
     slider->SetMaximum(100);
     Notifications heard(*slider);
-    NodePresenter presenter(root);
-    ShowActive(*presenter.RootWidget());
+    window.Show();
 
-    auto* widget = dynamic_cast<QSlider*>(presenter.WidgetFor(*slider));
+    auto* widget = dynamic_cast<QSlider*>(window.Widget());
     ASSERT_NE(widget, nullptr);
     // The handle sits at the left end; drag it to the right end.
     const int y = widget->height() / 2;

@@ -63,11 +63,16 @@ void AvClipPlayback::Reopen() {
     lastIndex_ = -1;
 }
 
-bool AvClipPlayback::Decode(AVFrame& frame, std::int64_t& index) {
-    if (!decoder_->Next(frame))
-        return false;
-    index = std::llround(decoder_->SecondsOf(frame) * rate_);
-    return true;
+FramePtr AvClipPlayback::TakeNext(std::int64_t& index) {
+    if (ahead_) {
+        index = aheadIndex_;
+        return std::move(ahead_);
+    }
+    FramePtr frame = NewFrame();
+    if (!decoder_->Next(*frame))
+        return nullptr;
+    index = std::llround(decoder_->SecondsOf(*frame) * rate_);
+    return frame;
 }
 
 Mid::PlaybackFrame AvClipPlayback::Seek(std::int64_t index, int maxWidth, int maxHeight) {
@@ -84,15 +89,10 @@ Mid::PlaybackFrame AvClipPlayback::Seek(std::int64_t index, int maxWidth, int ma
         FramePtr chosen;
         std::int64_t chosenIndex = -1;
         for (;;) {
-            FramePtr frame;
-            std::int64_t frameIndex = aheadIndex_;
-            if (ahead_) {
-                frame = std::move(ahead_);
-            } else {
-                frame = NewFrame();
-                if (!Decode(*frame, frameIndex))
-                    break;
-            }
+            std::int64_t frameIndex = -1;
+            FramePtr frame = TakeNext(frameIndex);
+            if (!frame)
+                break;
             if (afterSeek && !chosen && frameIndex > index) {
                 // The container could not seek back far enough: read from the start instead.
                 afterSeek = false;
@@ -121,15 +121,10 @@ Mid::PlaybackFrame AvClipPlayback::Seek(std::int64_t index, int maxWidth, int ma
 
 std::optional<Mid::PlaybackFrame> AvClipPlayback::Next(int maxWidth, int maxHeight) {
     try {
-        FramePtr frame;
-        std::int64_t index = aheadIndex_;
-        if (ahead_) {
-            frame = std::move(ahead_);
-        } else {
-            frame = NewFrame();
-            if (!Decode(*frame, index))
-                return std::nullopt;
-        }
+        std::int64_t index = -1;
+        const FramePtr frame = TakeNext(index);
+        if (!frame)
+            return std::nullopt;
         lastIndex_ = index;
         return ToRgba(*frame, index, maxWidth, maxHeight);
     } catch (const MediaError& error) {

@@ -27,8 +27,8 @@ public:
 
 private:
     void Reopen();
-    // The next decoded picture into frame, with its number; false at the end.
-    bool Decode(AVFrame& frame, std::int64_t& index);
+    // The picture after the last one given, with its number; null at the end.
+    FramePtr TakeNext(std::int64_t& index);
     Mid::PlaybackFrame ToRgba(const AVFrame& frame, std::int64_t index, int maxWidth, int maxHeight);
 
     std::string path_;
