@@ -3,6 +3,8 @@
 //     igd-dialog --gallery                      a window showing every layout, live
 //     igd-dialog --gallery --screenshot DIR     every layout rendered to DIR/<layout>.png
 //     igd-dialog --gallery --show ENTRY         the window, opened on one entry
+//     igd-dialog --browse [PATH] [--icons] [--screenshot FILE]
+//                                               the media pane alone on PATH (home when none)
 //     --vault [--vault-server NAME]             the project lives on a collaboration server
 #include <CLI/CLI.hpp>
 #include <QApplication>
@@ -12,6 +14,7 @@
 
 #include "AppFrame/DocumentManager.h"
 #include "Av/CachingFrameService.h"
+#include "Av/ClipPlaybackInstall.h"
 #include "Av/EncoderList.h"
 #include "QL/FilePresetService.h"
 #include "Fnd/InteractionDriver.h"
@@ -20,6 +23,7 @@
 #include "IgdQt/QtInteractionDriver.h"
 #include "IGD/IngestDialogApi.h"
 #include "IgdQt/QtRunLoop.h"
+#include "BrowseWindow.h"
 #include "LayoutGallery.h"
 #include "Mid/Project.h"
 #include "Proj/PreferenceStore.h"
@@ -30,13 +34,22 @@ int main(int argc, char** argv) {
     CLI::App cli{"igd-dialog: the desktop host of the ingest dialogs"};
     bool gallery = false;
     std::string screenshotDirectory;
+    bool browse = false;
+    std::string browsePath;
+    bool iconView = false;
     float width = 360.0f;
     bool vault = false;
     std::string vaultServer;
     cli.add_flag("--gallery", gallery, "Open a window that shows each layout built from the archive");
     cli.add_option("--screenshot", screenshotDirectory,
-                   "With --gallery: render each layout offscreen to DIR/<layout>.png and exit")
-        ->type_name("DIR");
+                   "With --gallery: render each layout offscreen to DIR/<layout>.png and exit; with "
+                   "--browse: write the window to FILE once the browser has settled, and exit")
+        ->type_name("DIR|FILE");
+    auto* browseOption = cli.add_option("--browse", browsePath,
+                                        "Open the media pane alone on PATH (your home folder when none)")
+                             ->type_name("PATH")
+                             ->expected(0, 1);
+    cli.add_flag("--icons", iconView, "With --browse: start in icon view");
     std::string firstEntry;
     cli.add_option("--show", firstEntry, "With --gallery: open on the entry of this title, e.g. \"Transfer\"")
         ->type_name("ENTRY");
@@ -47,13 +60,15 @@ int main(int argc, char** argv) {
         ->type_name("NAME")
         ->envname("IGD_VAULT_SERVER");
     CLI11_PARSE(cli, argc, argv);
-    if (!gallery) {
-        std::cerr << "igd-dialog: nothing to open; try --gallery\n" << cli.help();
+    browse = browseOption->count() > 0;
+    if (gallery == browse) {
+        std::cerr << "igd-dialog: open one of --gallery or --browse\n" << cli.help();
         return 2;
     }
 
-    // Screenshots need no display; offscreen, they come out the same on every machine.
-    if (!screenshotDirectory.empty())
+    // Gallery screenshots need no display; offscreen, they come out the same on every machine. The
+    // browse window's screenshot is taken on the display it runs on, a real X server under xvfb-run.
+    if (gallery && !screenshotDirectory.empty())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(vault));
@@ -74,13 +89,17 @@ int main(int argc, char** argv) {
     }
     Av::InstallEncoderList();
     Av::InstallFrameService();
+    Av::InstallClipPlayback();
     const std::shared_ptr<igd::qt::QtRunLoop> runLoop = igd::qt::QtRunLoop::Install();
     Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>(
         igd::qt::PictureSource(IGD::IngestResourceManager())));
     SetFileDialogFactory(std::make_shared<igd::qt::QtFileDialogFactory>());
 
     int status = 0;
-    if (!screenshotDirectory.empty()) {
+    if (browse) {
+        status = igd::dialog::RunBrowseWindow(QString::fromStdString(browsePath), iconView,
+                                              QString::fromStdString(screenshotDirectory));
+    } else if (!screenshotDirectory.empty()) {
         const int failures =
             igd::dialog::WriteLayoutScreenshots(QString::fromStdString(screenshotDirectory), width);
         status = failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -1,0 +1,107 @@
+#include "BrowseWindow.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QImage>
+#include <QThread>
+#include <QWidget>
+#include <iostream>
+
+#include "IGD/LayoutPreview.h"
+#include "IGD/MediaPanePreview.h"
+#include "IgdQt/NodePresenter.h"
+#include "IgdQt/PictureSource.h"
+#include "fluxmediabrowser/FavoritesPref.h"
+
+namespace igd::dialog {
+namespace {
+
+constexpr float kPaneWidth = 1100.0f;
+constexpr float kPaneHeight = 720.0f;
+
+// The window's size is the pane's: a person resizing the window resizes the pane.
+class FollowSize : public QObject {
+public:
+    explicit FollowSize(fluxui::ui::UI_Node& pane) : pane_(pane) {}
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Resize) {
+            const QSize size = static_cast<QWidget*>(watched)->size();
+            pane_.UI_SetLocalRectF({0, 0, static_cast<float>(size.width()), static_cast<float>(size.height())});
+        }
+        return false;
+    }
+
+private:
+    fluxui::ui::UI_Node& pane_;
+};
+
+// Every clip listed has its facts and thumbnail, or is known to have none.
+bool Settled(const fluxmediabrowser::MediaBrowserModel& model) {
+    if (model.IsListing())
+        return false;
+    for (const fluxmediabrowser::MediaEntry& entry : model.Entries())
+        if (!entry.folder && !entry.factsUnavailable && (!entry.facts || !entry.thumbnail))
+            return false;
+    return true;
+}
+
+void ProcessEventsFor(int milliseconds) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds) {
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(5);
+    }
+}
+
+bool WaitUntilSettled(const fluxmediabrowser::MediaBrowserModel& model, int limitMilliseconds) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!Settled(model)) {
+        if (timer.elapsed() > limitMilliseconds)
+            return false;
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(5);
+    }
+    return true;
+}
+
+} // namespace
+
+int RunBrowseWindow(const QString& directory, bool iconView, const QString& screenshotFile) {
+    IGD::MediaPanePreview preview =
+        IGD::BuildMediaPanePreview(Fnd::FromUTF8(directory.toStdString()), kPaneWidth, kPaneHeight, iconView);
+    qt::NodePresenter presenter(preview.pane, nullptr, qt::PictureSource(IGD::IngestResourceManager()));
+    QWidget* window = presenter.RootWidget();
+    window->setWindowTitle(QStringLiteral("Ingest: media"));
+    window->setAutoFillBackground(true);
+    FollowSize follow(*preview.pane);
+    window->installEventFilter(&follow);
+    window->show();
+
+    int status = 0;
+    if (screenshotFile.isEmpty()) {
+        status = QApplication::exec();
+    } else {
+        fluxmediabrowser::MediaBrowserModel& model = preview.browser->GetModel();
+        if (!WaitUntilSettled(model, 120000))
+            std::cerr << "igd-dialog: the browser had not settled after two minutes; writing what it shows\n";
+        // The first clip goes to the player, as a person's click would put it there.
+        for (std::size_t index : model.ShownEntries())
+            if (!model.Entries()[index].folder) {
+                model.SetSelection({index});
+                break;
+            }
+        ProcessEventsFor(1500);
+        const QImage image = window->grab().toImage();
+        if (image.isNull() || !image.save(screenshotFile, "PNG")) {
+            std::cerr << "igd-dialog: cannot write " << screenshotFile.toStdString() << "\n";
+            status = 1;
+        }
+    }
+    fluxmediabrowser::WriteFavoritesPref();
+    return status;
+}
+
+} // namespace igd::dialog

@@ -1,0 +1,11 @@
+#pragma once
+#include <QString>
+
+namespace igd::dialog {
+
+// The media pane alone in a window of its own, on a directory (home when empty), until the window
+// closes. With a screenshot file, waits for the listing, facts and thumbnails, shows the first
+// clip in the player, writes the window to the file and closes. Answers the exit status.
+int RunBrowseWindow(const QString& directory, bool iconView, const QString& screenshotFile);
+
+} // namespace igd::dialog
