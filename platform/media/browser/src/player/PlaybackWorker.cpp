@@ -47,9 +47,10 @@ void PlaybackWorker::ShowTime(fluxmediatypes::Time time) {
     wake_.notify_all();
 }
 
-void PlaybackWorker::Play(std::int64_t lastIndex) {
+void PlaybackWorker::Play(std::int64_t lastIndex, std::uint64_t playSerial) {
     {
         const std::lock_guard lock(mutex_);
+        playSerial_ = playSerial;
         playing_ = true;
         restartClock_ = true;
         lastIndex_ = lastIndex;
@@ -135,7 +136,9 @@ void PlaybackWorker::Run() {
         lock.lock();
         if (!goesOn && playing_ && !frameAsk_) {
             playing_ = false;
-            Report([generation = generation_](PlaybackListener& listener) { listener.PlayingStopped(generation); });
+            Report([generation = generation_, serial = playSerial_](PlaybackListener& listener) {
+                listener.PlayingStopped(generation, serial);
+            });
         }
     }
 }

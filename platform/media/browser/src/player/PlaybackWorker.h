@@ -25,7 +25,8 @@ public:
     virtual void ClipOpened(std::uint64_t generation, double rate, std::int64_t frameCount) = 0;
     virtual void ClipFailed(std::uint64_t generation, const std::string& reason) = 0;
     virtual void FrameDecoded(std::uint64_t generation, const PlaybackFrame& frame) = 0;
-    virtual void PlayingStopped(std::uint64_t generation) = 0;
+    // Play that began with the serial given to Play has ended.
+    virtual void PlayingStopped(std::uint64_t generation, std::uint64_t playSerial) = 0;
 };
 
 class PlaybackWorker {
@@ -45,7 +46,7 @@ public:
     void ShowFrame(std::int64_t index);
     void ShowTime(fluxmediatypes::Time time);
     // Plays on from the frame shown, paced by the clip's rate, through lastIndex.
-    void Play(std::int64_t lastIndex);
+    void Play(std::int64_t lastIndex, std::uint64_t playSerial);
     void Pause();
     // The box pictures are fitted to, in pixels.
     void SetBox(int width, int height);
@@ -80,6 +81,7 @@ private:
     bool playing_ = false;
     bool restartClock_ = false;
     std::int64_t lastIndex_ = kToTheEnd;
+    std::uint64_t playSerial_ = 0;
     int boxWidth_ = 0;
     int boxHeight_ = 0;
     bool quit_ = false;

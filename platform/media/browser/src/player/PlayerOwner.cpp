@@ -65,6 +65,7 @@ public:
         rate_ = 0;
         frameCount_ = 0;
         position_ = 0;
+        followsFrames_ = false;
         start_ = 0;
         in_ = item.inPoint;
         out_ = item.outPoint;
@@ -103,7 +104,8 @@ public:
         if (position_ >= outIndex)
             ShowIndex(in_ != kTime_Invalid && IndexOf(in_) < outIndex ? IndexOf(in_) : 0);
         playing_ = true;
-        worker_->Play(position_ < outIndex ? outIndex : last);
+        followsFrames_ = true;
+        worker_->Play(position_ < outIndex ? outIndex : last, ++playSerial_);
         ShowPlaying();
     }
 
@@ -187,15 +189,17 @@ public:
         if (generation != generation_)
             return;
         views_.picture->SetPicture({frame.rgba, frame.width, frame.height});
-        // While paused the position is the one asked; the frame shown catches up with it.
-        if (playing_) {
+        // Frames of play (also the last, arriving just after a pause) move the position; after a
+        // step or a scrub the position is the one asked and the picture catches up with it.
+        if (followsFrames_) {
             position_ = frame.index;
             ShowPosition();
         }
     }
 
-    void PlayingStopped(std::uint64_t generation) override {
-        if (generation != generation_)
+    void PlayingStopped(std::uint64_t generation, std::uint64_t playSerial) override {
+        // The end of an earlier play must not stop the one started since.
+        if (generation != generation_ || playSerial != playSerial_)
             return;
         playing_ = false;
         ShowPlaying();
@@ -208,7 +212,7 @@ private:
         void ClipOpened(std::uint64_t g, double rate, std::int64_t count) override { impl.ClipOpened(g, rate, count); }
         void ClipFailed(std::uint64_t g, const std::string& reason) override { impl.ClipFailed(g, reason); }
         void FrameDecoded(std::uint64_t g, const PlaybackFrame& frame) override { impl.FrameDecoded(g, frame); }
-        void PlayingStopped(std::uint64_t g) override { impl.PlayingStopped(g); }
+        void PlayingStopped(std::uint64_t g, std::uint64_t serial) override { impl.PlayingStopped(g, serial); }
         Impl& impl;
     };
 
@@ -247,6 +251,7 @@ private:
     void ShowIndex(std::int64_t index) {
         index = std::clamp<std::int64_t>(index, 0, LastIndex());
         position_ = index;
+        followsFrames_ = false;
         worker_->ShowFrame(index);
         ShowPosition();
     }
@@ -290,6 +295,8 @@ private:
     std::int64_t position_ = 0;
     Time start_ = 0; // asked before the clip opened
     bool playing_ = false;
+    bool followsFrames_ = false;
+    std::uint64_t playSerial_ = 0;
     Time in_ = kTime_Invalid;
     Time out_ = kTime_Invalid;
     MarksFunction marksChanged_;

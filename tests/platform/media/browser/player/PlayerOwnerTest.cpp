@@ -254,6 +254,11 @@ TEST_F(PlayerOwnerTest, PlayRunsToTheOutPointAndEveryPlayerStopsOnRequest) {
     AppFrame::PlayerControl::StopAllPlayers();
     EXPECT_FALSE(player_->IsPlaying());
     EXPECT_EQ(Button("player.play").GetText(), u"Play");
+    // A frame of play still in flight moves the position with the picture: marks set now are
+    // at the frame the person sees.
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    Fnd::GetDefaultQueue().Drain();
+    EXPECT_EQ(player_->GetPosition(), (*Picture().GetPicture().bytes)[0] * kFrame);
 }
 
 } // namespace
