@@ -11,6 +11,7 @@
 #include "Mid/ClipPlayback.h"
 #include "Mid/PlayerOwner.h"
 #include "fluxui/controls/UI_FrameView.h"
+#include "fluxui/controls/UI_StaticText.h"
 #include "fluxui/controls/UI_TextButton.h"
 
 namespace igd::test {
@@ -182,6 +183,11 @@ TEST_F(PlayerOwnerTest, InAndOutCommandsReachThePlayerOnTheChainAndItsParentKeep
     EXPECT_EQ(marks_.out, 12 * kFrame);
     EXPECT_EQ(marks_.rate, kFrame);
     EXPECT_EQ(marks_.heard, 2);
+    const auto text = [&](const char* id) {
+        return dynamic_cast<fluxui::controls::UI_StaticText&>(*player_->GetView()->UI_FindNodeByID(id)).GetValue();
+    };
+    EXPECT_EQ(text("player.marks"), u"In 00:00:00:05  Out 00:00:00:12");
+    EXPECT_EQ(text("player.timecode"), u"00:00:00:12");
 
     // The pane above still answers its own command while the player is the target.
     EXPECT_TRUE(AppFrame::Commander::ExecuteFromTarget(AppFrame::Command(30205)));
