@@ -3,6 +3,7 @@
 #include "builders/StandardBuilders.h"
 #include "fluxui/controls/UI_Checkbox.h"
 #include "fluxui/controls/UI_Divider.h"
+#include "fluxui/controls/UI_FrameView.h"
 #include "fluxui/controls/UI_ListView.h"
 #include "fluxui/controls/UI_NumberEdit.h"
 #include "fluxui/controls/UI_OutlineBox.h"
@@ -11,6 +12,7 @@
 #include "fluxui/controls/UI_Popup.h"
 #include "fluxui/controls/UI_ScrollView.h"
 #include "fluxui/controls/UI_SectionView.h"
+#include "fluxui/controls/UI_Slider.h"
 #include "fluxui/controls/UI_SplitterView.h"
 #include "fluxui/controls/UI_StaticText.h"
 #include "fluxui/controls/UI_TextButton.h"
@@ -53,6 +55,8 @@ BuilderRegistry MakeStandard() {
     registry.Register("UI_TextButton", Is<UI_TextButton>(), MakeTextButtonBuilder());
     registry.Register("UI_PictureButton", Is<UI_PictureButton>(), MakePictureButtonBuilder());
     registry.Register("UI_StaticText", Is<UI_StaticText>(), MakeStaticTextBuilder());
+    registry.Register("UI_FrameView", Is<UI_FrameView>(), MakeFrameViewBuilder());
+    registry.Register("UI_Slider", Is<UI_Slider>(), MakeSliderBuilder());
     registry.Register("UI_Divider", Is<UI_Divider>(), MakeDividerBuilder());
     registry.Register("UI_OutlineBox", Is<UI_OutlineBox>(), MakeOutlineBoxBuilder());
     registry.Register("UI_ScrollBar", Is<UI_ScrollBar>(), MakeScrollBarBuilder());

@@ -25,4 +25,8 @@ BuilderPtr MakeSectionViewBuilder();
 BuilderPtr MakeSplitterBuilder();
 BuilderPtr MakeListViewBuilder();
 
+// The preview player's picture and scrub bar.
+BuilderPtr MakeFrameViewBuilder();
+BuilderPtr MakeSliderBuilder();
+
 } // namespace igd::qt

@@ -51,4 +51,9 @@ bool Decoder::Receive(AVFrame& frame) {
     return false;
 }
 
+void Decoder::Flush() {
+    avcodec_flush_buffers(context_);
+    drained_ = false;
+}
+
 } // namespace Av

@@ -22,6 +22,8 @@ public:
     void Send(const AVPacket* packet);
     // The next decoded frame into frame; false when the decoder needs more packets or is drained.
     bool Receive(AVFrame& frame);
+    // Forgets what was sent and not yet received, as a seek needs; a drained decoder takes packets again.
+    void Flush();
 
     int Errors() const { return errors_; }
     const AVCodecContext& Context() const { return *context_; }

@@ -41,6 +41,8 @@ void VideoDecoder::SeekBefore(double seconds) {
     const auto target = StartOf(*stream_) + std::llround(seconds / av_q2d(stream_->time_base));
     // A file that cannot seek is read from its start instead.
     av_seek_frame(&input_.Context(), stream_->index, target, AVSEEK_FLAG_BACKWARD);
+    decoder_->Flush();
+    atEnd_ = false;
 }
 
 bool VideoDecoder::Next(AVFrame& frame) {

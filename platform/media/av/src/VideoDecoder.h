@@ -14,8 +14,8 @@ class VideoDecoder {
 public:
     explicit VideoDecoder(AvFormatInput& input);
 
-    // Moves to the last key frame at or before the time (seconds from the stream's start). Only
-    // before the first Next: nothing decoded is flushed.
+    // Moves to the last key frame at or before the time (seconds from the stream's start); what
+    // was decoded before and not yet taken is dropped.
     void SeekBefore(double seconds);
     // The next frame into frame; false at the end of the stream.
     bool Next(AVFrame& frame);
