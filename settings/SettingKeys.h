@@ -12,6 +12,7 @@
 #include "Proj/IPreferences.h"
 #include "Proj/PreferenceAccess.h"
 #include "QL/TaskPreferences.h"
+#include "fluxmediabrowser/BrowserPreferenceKeys.h"
 
 namespace IGD {
 
@@ -119,6 +120,15 @@ inline constexpr PreferenceKeyDef<bool> kMinimumMetadataDialogEnable{"DLG.Minimu
                                                                      true};
 // The task service's key; the transcode sections read it when they open.
 inline constexpr PreferenceKeyDef<bool> kKeepTranscodeState{QL::kPrefsKeepTranscodeState, false};
+// The media browser's own; it reads them when it opens.
+inline constexpr PreferenceKeyDef<std::u16string_view> kBrowserFavoriteDirectories{
+    fluxmediabrowser::kPrefsFavoriteDirectories, u""};
+inline constexpr PreferenceKeyDef<std::u16string_view> kBrowserRecentDirectories{
+    fluxmediabrowser::kPrefsRecentDirectories, u""};
+inline constexpr std::array<std::string_view, 2> kBrowserViewModeNames{"list", "icons"};
+inline constexpr PreferenceKeyDef<std::u16string_view> kBrowserViewMode{
+    fluxmediabrowser::kPrefsViewMode, u"list", KeyShape::kPlain, {}, kBrowserViewModeNames};
+inline constexpr PreferenceKeyDef<std::u16string_view> kBrowserColumns{fluxmediabrowser::kPrefsColumns, u""};
 // Reserved: nothing reads or writes it.
 inline constexpr std::string_view kTransferCurrentKey = "IngestDialog.transfer.current";
 
@@ -191,6 +201,10 @@ inline constexpr std::array kDialogKeys = {
     Describe(kMainDialogSplitterPercent),
     Describe(kMinimumMetadataDialogEnable),
     Describe(kKeepTranscodeState),
+    Describe(kBrowserFavoriteDirectories),
+    Describe(kBrowserRecentDirectories),
+    Describe(kBrowserViewMode),
+    Describe(kBrowserColumns),
 };
 
 // The key of a backup's value: the name and the backup's number, "...Enabled1" for the first.

@@ -36,12 +36,13 @@ private:
     fluxui::ui::UI_Node& pane_;
 };
 
-// Every clip listed has its facts and thumbnail, or is known to have none.
+// Every clip listed has been read: its facts and thumbnail arrive together, and a sound-only clip
+// has facts and no picture.
 bool Settled(const fluxmediabrowser::MediaBrowserModel& model) {
     if (model.IsListing())
         return false;
     for (const fluxmediabrowser::MediaEntry& entry : model.Entries())
-        if (!entry.folder && !entry.factsUnavailable && (!entry.facts || !entry.thumbnail))
+        if (!entry.folder && !entry.factsUnavailable && !entry.facts)
             return false;
     return true;
 }

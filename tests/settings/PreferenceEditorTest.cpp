@@ -22,8 +22,9 @@ TEST(ListPreferences, ExpandsTheBackupsAndListsAsFarAsTheStoredCountsReach) {
         return std::find(keys.begin(), keys.end(), key) - keys.begin();
     };
 
-    // 20 plain keys, the primary's count and 5 items, 2 backups of 5 keys and a count, 7 dialog keys.
-    EXPECT_EQ(entries.size(), 20u + 6u + 2u * 6u + 7u);
+    // 20 plain keys, the primary's count and 5 items, 2 backups of 5 keys and a count, 7 dialog keys, 4
+    // of the media browser.
+    EXPECT_EQ(entries.size(), 20u + 6u + 2u * 6u + 7u + 4u);
     EXPECT_LT(at(K("Primary.DestPathMRU") + K("PathsMRUItem4")), at(K("Pimary.NeedSubFolder")));
     EXPECT_LT(at(K("Local.Backup.Count")), at(K("Local.Backup.Enabled1")));
     EXPECT_LT(at(K("Local.Backup.NeedSubFolder1")), at(K("Local.Backup.Enabled2")));

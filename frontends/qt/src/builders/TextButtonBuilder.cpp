@@ -1,3 +1,4 @@
+#include <QPointer>
 #include <QPushButton>
 
 #include "IgdQt/QtStrings.h"
@@ -19,7 +20,13 @@ public:
         // dialog around the tree must not press another.
         button->setAutoDefault(false);
         QObject::connect(button, &QPushButton::clicked, button,
-                         [ref = fluxui::ui::UI_NodeRef(&node)] { NodeAs<UI_TextButton>(*ref).Press(); });
+                         [ref = fluxui::ui::UI_NodeRef(&node), widget = QPointer<QPushButton>(button)] {
+                             NodeAs<UI_TextButton>(*ref).Press();
+                             // A click toggles a checkable button by itself; the model says whether
+                             // it stays down (a mode button pressed again stays on).
+                             if (widget)
+                                 widget->setChecked(NodeAs<UI_TextButton>(*ref).IsDownState());
+                         });
         return button;
     }
 
@@ -30,6 +37,10 @@ public:
         // The default look only: which button Return presses is the toolkit's decision.
         button.setDefault(model.HasDefaultAppearance());
         button.setFlat(false);
+        // A button shown held down (the mode a pair of buttons switches between) stays pressed in.
+        if (model.IsDownState())
+            button.setCheckable(true);
+        button.setChecked(model.IsDownState());
         ApplyFontSize(button, model);
     }
 };

@@ -4,7 +4,12 @@
 
 #include <cstdlib>
 
+#include <chrono>
+#include <thread>
+
+#include "Av/ClipPlaybackInstall.h"
 #include "Fnd/RunLoop.h"
+#include "Mid/ClipPlayback.h"
 #include "Mid/PlayerOwner.h"
 #include "Proj/Backend.h"
 #include "Proj/PreferenceStore.h"
@@ -203,6 +208,7 @@ TEST_F(MediaBrowserViewTest, OnePlayerFollowsTheSelectedClipAndItsMarksReachTheI
     tree.MakeFolder("clips");
     MakeTestClip(tree.NativePath("clips/a.mov"));
     MakeTestClip(tree.NativePath("clips/b.mov"));
+    Av::InstallClipPlayback();
     std::vector<Fnd::WString> asked;
     Mid::PlayerOwnerRef player;
     mb::SetRequestMBPlayerOwnerSharedFxn([&](fluxui::ui::UI_SubView& parent, const Mid::PlayerItem& item, bool,
@@ -225,6 +231,12 @@ TEST_F(MediaBrowserViewTest, OnePlayerFollowsTheSelectedClipAndItsMarksReachTheI
     ASSERT_EQ(asked, std::vector<Fnd::WString>{tree.Path("clips/a.mov")}) << "one player, handed each clip";
     EXPECT_EQ(player->GetView()->UI_GetParentNode(), view->UI_FindNodeByID(mb::kPlayerAreaID));
 
+    // Marks need the clip open: the player reads it on its own thread.
+    for (int turn = 0; turn < 2000 && player->GetFrameRate() == 0; ++turn) {
+        Fnd::GetDefaultQueue().Drain();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    ASSERT_NE(player->GetFrameRate(), 0) << "the second clip opened in the player";
     player->SetInPoint();
     player->Scrub(fluxmediatypes::kTicksPerSecond / 2);
     player->SetOutPoint();
@@ -241,6 +253,9 @@ TEST_F(MediaBrowserViewTest, OnePlayerFollowsTheSelectedClipAndItsMarksReachTheI
     media.SetSelection({0, 1}, true);
     EXPECT_FALSE(player->GetView()->UI_IsShown()) << "two clips selected: nothing to preview";
     EXPECT_EQ(asked.size(), 1u);
+    player.reset();
+    mb::SetRequestMBPlayerOwnerSharedFxn({});
+    Mid::ClipPlaybackFactory::Install(nullptr);
 }
 
 } // namespace

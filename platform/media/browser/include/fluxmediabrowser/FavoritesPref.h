@@ -4,11 +4,10 @@
 #include <vector>
 
 #include "Fnd/WString.h"
+#include "fluxmediabrowser/BrowserPreferenceKeys.h"
 
 namespace fluxmediabrowser {
 
-inline constexpr const char* kPrefsFavoriteDirectories = "IGD.MediaBrowser.FavoriteDirectories";
-inline constexpr const char* kPrefsRecentDirectories = "IGD.MediaBrowser.RecentDirectories";
 // Recent directories kept; the oldest goes first.
 inline constexpr std::size_t kMaxRecentDirectories = 10;
 

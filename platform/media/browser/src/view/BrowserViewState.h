@@ -3,13 +3,11 @@
 #include <optional>
 #include <vector>
 
+#include "fluxmediabrowser/BrowserPreferenceKeys.h"
 #include "fluxmediabrowser/MediaEntry.h"
 #include "fluxui/controls/UI_ListView.h"
 
 namespace fluxmediabrowser {
-
-inline constexpr const char* kPrefsViewMode = "IGD.MediaBrowser.ViewMode";
-inline constexpr const char* kPrefsColumns = "IGD.MediaBrowser.Columns";
 
 struct BrowserViewState {
     std::optional<fluxui::controls::ListViewMode> mode;
