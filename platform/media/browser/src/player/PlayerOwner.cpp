@@ -51,7 +51,8 @@ public:
         RequireViews();
         views_.SetClipRect(clipRect);
         if (worker_) {
-            worker_->SetBox(int(std::lround(clipRect.width)), int(std::lround(clipRect.height)));
+            const fluxcore::geom::RectF picture = views_.picture->UI_GetLocalRectF(true);
+            worker_->SetBox(int(std::lround(picture.width)), int(std::lround(picture.height)));
             if (HasClip() && !playing_)
                 worker_->ShowFrame(position_);
         }

@@ -68,7 +68,11 @@ PlayerViews PlayerViews::Build(const RectF& playerRect, bool showsControls) {
 }
 
 void PlayerViews::SetClipRect(const RectF& clipRect) {
-    picture->UI_SetLocalRectF(clipRect);
+    // The transport keeps its place under the picture whatever rect the owner asks for.
+    const float bottom = std::max(0.0f, root->UI_GetLocalRectF().height - (HasControls() ? kBarHeight : 0.0f));
+    RectF rect = clipRect;
+    rect.height = std::max(0.0f, std::min(rect.Bottom(), bottom) - rect.top);
+    picture->UI_SetLocalRectF(rect);
 }
 
 std::vector<UI_InteractiveControlView*> PlayerViews::Controls() const {
