@@ -1,6 +1,7 @@
 #include "BrowseWindow.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QImage>
@@ -70,9 +71,10 @@ bool WaitUntilSettled(const fluxmediabrowser::MediaBrowserModel& model, int limi
 
 } // namespace
 
-int RunBrowseWindow(const QString& directory, bool iconView, const QString& screenshotFile) {
+int RunBrowseWindow(const QString& directory, IGD::MediaPaneView view, const QString& screenshotFile) {
+    const QString absolute = directory.isEmpty() ? directory : QDir::cleanPath(QDir::current().absoluteFilePath(directory));
     IGD::MediaPanePreview preview =
-        IGD::BuildMediaPanePreview(Fnd::FromUTF8(directory.toStdString()), kPaneWidth, kPaneHeight, iconView);
+        IGD::BuildMediaPanePreview(Fnd::FromUTF8(absolute.toStdString()), kPaneWidth, kPaneHeight, view);
     qt::NodePresenter presenter(preview.pane, nullptr, qt::PictureSource(IGD::IngestResourceManager()));
     QWidget* window = presenter.RootWidget();
     window->setWindowTitle(QStringLiteral("Ingest: media"));

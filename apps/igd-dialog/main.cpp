@@ -3,7 +3,7 @@
 //     igd-dialog --gallery                      a window showing every layout, live
 //     igd-dialog --gallery --screenshot DIR     every layout rendered to DIR/<layout>.png
 //     igd-dialog --gallery --show ENTRY         the window, opened on one entry
-//     igd-dialog --browse [PATH] [--icons] [--screenshot FILE]
+//     igd-dialog --browse [PATH] [--view list|icons] [--screenshot FILE]
 //                                               the media pane alone on PATH (home when none)
 //     --vault [--vault-server NAME]             the project lives on a collaboration server
 #include <CLI/CLI.hpp>
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
     std::string screenshotDirectory;
     bool browse = false;
     std::string browsePath;
-    bool iconView = false;
+    std::string browseView;
     float width = 360.0f;
     bool vault = false;
     std::string vaultServer;
@@ -49,7 +49,8 @@ int main(int argc, char** argv) {
                                         "Open the media pane alone on PATH (your home folder when none)")
                              ->type_name("PATH")
                              ->expected(0, 1);
-    cli.add_flag("--icons", iconView, "With --browse: start in icon view");
+    cli.add_option("--view", browseView, "With --browse: start in this view (default: the one last chosen)")
+        ->check(CLI::IsMember({"list", "icons"}));
     std::string firstEntry;
     cli.add_option("--show", firstEntry, "With --gallery: open on the entry of this title, e.g. \"Transfer\"")
         ->type_name("ENTRY");
@@ -97,7 +98,10 @@ int main(int argc, char** argv) {
 
     int status = 0;
     if (browse) {
-        status = igd::dialog::RunBrowseWindow(QString::fromStdString(browsePath), iconView,
+        const IGD::MediaPaneView view = browseView == "icons" ? IGD::MediaPaneView::Icons
+                                        : browseView == "list" ? IGD::MediaPaneView::List
+                                                               : IGD::MediaPaneView::Remembered;
+        status = igd::dialog::RunBrowseWindow(QString::fromStdString(browsePath), view,
                                               QString::fromStdString(screenshotDirectory));
     } else if (!screenshotDirectory.empty()) {
         const int failures =

@@ -13,10 +13,12 @@ struct MediaPanePreview {
     fluxmediabrowser::MediaBrowserView* browser = nullptr; // inside pane
 };
 
+enum class MediaPaneView { Remembered, List, Icons };
+
 // The top view with its browser over the project the host opened, the favourites read, the
-// directory opened (home when empty), in icon view when asked. The pane is the command target
-// and the provider of players until it is destroyed.
+// directory opened (home when empty), in the view asked (the one the person last chose when
+// Remembered). The pane is the command target and the provider of players until it is destroyed.
 IGD_EXPORT MediaPanePreview BuildMediaPanePreview(const Fnd::WString& directory, float width, float height,
-                                                  bool iconView);
+                                                  MediaPaneView view);
 
 } // namespace IGD

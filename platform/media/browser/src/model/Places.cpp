@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "fluxcore/ZString.h"
@@ -100,7 +101,7 @@ Fnd::WString NameOf(const Fnd::WString& path) {
 std::vector<Place> ParseMountedVolumes(std::string_view mountInfo, const RemovableQuery& isRemovable) {
     std::vector<Place> removable;
     std::vector<Place> fixed;
-    std::vector<std::string> seen;
+    std::set<std::string> seen;
     std::istringstream lines{std::string(mountInfo)};
     for (std::string line; std::getline(lines, line);) {
         const std::vector<std::string_view> fields = Fields(line);
@@ -117,9 +118,8 @@ std::vector<Place> ParseMountedVolumes(std::string_view mountInfo, const Removab
         // A bind mount of a folder is no volume of its own; a root filesystem on a subvolume is.
         if (root != "/" && mountPoint != "/")
             continue;
-        if (std::find(seen.begin(), seen.end(), mountPoint) != seen.end())
+        if (!seen.insert(mountPoint).second)
             continue;
-        seen.push_back(mountPoint);
         Place place;
         place.kind = Place::Kind::Volume;
         place.path = Fnd::FromUTF8(mountPoint);

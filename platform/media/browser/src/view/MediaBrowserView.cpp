@@ -59,7 +59,9 @@ public:
         }
         mediaView_->SetIconSize(kIconSize);
         directoryList_->SetShowsHeader(false);
-        directoryList_->SetColumns({{"name", fluxcore::Localize("$$$/MediaBrowser/Places=Places"), kDirectoryListWidth}});
+        // Narrower than the list: the last column stretches to fill it, and a column as wide as
+        // the list would leave room for a scroll bar only.
+        directoryList_->SetColumns({{"name", fluxcore::Localize("$$$/MediaBrowser/Places=Places"), kDirectoryListWidth / 2}});
         RefreshPlaces();
         ShowColumns();
         ShowMode();
