@@ -43,7 +43,7 @@ boost::intrusive_ptr<UI_ListView> AddList(fluxui::ui::UI_SubView& parent, const 
 class MediaBrowserView::Impl {
 public:
     Impl(MediaBrowserView& view, MediaBrowserConfiguration configuration, bool withPlayer, bool remembersState)
-        : view_(view), station_(NextStationID()), model_(station_), bar_(view),
+        : station_(NextStationID()), model_(station_), bar_(view),
           directoryList_(AddList(view, kDirectoryListID)), mediaView_(AddList(view, kMediaViewID)),
           remembersState_(remembersState) {
         if (withPlayer)
@@ -275,7 +275,6 @@ private:
             player_->FollowSelection();
     }
 
-    MediaBrowserView& view_;
     Fnd::StationID station_;
     MediaBrowserModel model_;
     BrowserBar bar_;
