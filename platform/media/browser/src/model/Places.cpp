@@ -74,9 +74,13 @@ bool IsSystemMountPoint(std::string_view mountPoint) {
     return StartsWith(mountPoint, "/run/") && !StartsWith(mountPoint, "/run/media/");
 }
 
+// Trailing slashes name no component of their own; a path of slashes alone names itself.
 std::string LastComponent(const std::string& path) {
-    const std::size_t slash = path.find_last_of('/');
-    return slash == std::string::npos ? path : path.substr(slash + 1);
+    const std::size_t end = path.find_last_not_of('/');
+    if (end == std::string::npos)
+        return path;
+    const std::size_t slash = path.find_last_of('/', end);
+    return path.substr(slash == std::string::npos ? 0 : slash + 1, end - (slash == std::string::npos ? 0 : slash + 1) + 1);
 }
 
 bool ReadsTrue(const std::string& file) {
