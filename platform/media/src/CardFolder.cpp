@@ -54,7 +54,11 @@ Fnd::WString ToWide(const fs::path& path) {
     return Fnd::FromUTF8(path.string());
 }
 
-std::vector<Entry> List(const fs::path& folder) {
+namespace {
+
+thread_local ListingMemo* t_memo = nullptr;
+
+std::vector<Entry> ReadFolder(const fs::path& folder) {
     std::vector<Entry> entries;
     std::error_code error;
     fs::directory_iterator it(folder, error);
@@ -70,15 +74,47 @@ std::vector<Entry> List(const fs::path& folder) {
     return entries;
 }
 
+} // namespace
+
+ListingMemo::ListingMemo() : owner_(t_memo == nullptr) {
+    if (owner_)
+        t_memo = this;
+}
+
+ListingMemo::~ListingMemo() {
+    if (owner_)
+        t_memo = nullptr;
+}
+
+ListingMemo* ListingMemo::Active() { return t_memo; }
+
+const std::vector<Entry>& ListingMemo::Listing(const fs::path& folder) {
+    auto found = listings_.find(folder);
+    if (found == listings_.end())
+        found = listings_.emplace(folder, ReadFolder(folder)).first;
+    return found->second;
+}
+
+std::vector<Entry> List(const fs::path& folder) {
+    if (ListingMemo* memo = ListingMemo::Active())
+        return memo->Listing(folder);
+    return ReadFolder(folder);
+}
+
 std::optional<fs::path> Child(const fs::path& folder, std::string_view name) {
     // The exact spelling is the common case and costs one stat.
     std::error_code error;
     if (fs::exists(folder / std::string(name), error))
         return folder / std::string(name);
-    for (const Entry& entry : List(folder))
-        if (EqualsNoCase(entry.name, name))
-            return entry.path;
-    return std::nullopt;
+    const auto find = [name](const std::vector<Entry>& entries) -> std::optional<fs::path> {
+        for (const Entry& entry : entries)
+            if (EqualsNoCase(entry.name, name))
+                return entry.path;
+        return std::nullopt;
+    };
+    if (ListingMemo* memo = ListingMemo::Active())
+        return find(memo->Listing(folder));
+    return find(ReadFolder(folder));
 }
 
 std::optional<fs::path> ChildFolder(const fs::path& folder, std::string_view name) {

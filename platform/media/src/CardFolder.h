@@ -3,6 +3,7 @@
 // copies made by some tools lower case, and both must read alike.
 #include <filesystem>
 #include <initializer_list>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,6 +32,25 @@ struct Entry {
 
 // The entries of a folder sorted by name (byte order); empty when it cannot be read.
 std::vector<Entry> List(const fs::path& folder);
+
+// While one is alive on a thread, each folder is read once: every card family looks for its own
+// structure in the same folders, and a plain folder of thousands of files was read by each. The
+// outermost memo of a thread serves; the folders must not change while it lives.
+class ListingMemo {
+public:
+    ListingMemo();
+    ~ListingMemo();
+    ListingMemo(const ListingMemo&) = delete;
+    ListingMemo& operator=(const ListingMemo&) = delete;
+
+    // The listing of folder: read now, or kept from before.
+    const std::vector<Entry>& Listing(const fs::path& folder);
+    static ListingMemo* Active();
+
+private:
+    bool owner_ = false;
+    std::map<fs::path, std::vector<Entry>> listings_;
+};
 // The child of folder whose name equals name without regard to case.
 std::optional<fs::path> Child(const fs::path& folder, std::string_view name);
 std::optional<fs::path> ChildFolder(const fs::path& folder, std::string_view name);

@@ -41,6 +41,7 @@ card::fs::path NormalRoot(const Fnd::WString& root) {
 } // namespace
 
 struct CardScanScope::Scans {
+    card::ListingMemo listings;
     std::vector<card::fs::path> openCards;
     std::map<std::pair<const CardProvider*, Fnd::WString>, CardScan> cards;
     std::map<std::tuple<const ProviderWrapper*, Fnd::WString, std::set<std::string>>,
