@@ -198,6 +198,16 @@ TEST_F(MediaBrowserViewTest, TheDirectoryListStartsAtHomeAndOpensAPlace) {
     EXPECT_EQ(view->GetCurrentDirPath(), tree.Path("home"));
     EXPECT_EQ(RowNames(*view), std::vector<std::string>{"clips"});
 
+    // The star adds the folder shown to the favourites, listed before the recent ones; again takes it out.
+    auto& star = Control<fluxui::controls::UI_TextButton>(*view, mb::kFavoriteButtonID);
+    star.Press();
+    EXPECT_EQ(mb::FavoriteDirectories(), std::vector<Fnd::WString>{tree.Path("home")});
+    EXPECT_EQ(places.GetRows()[places.GetRowCount() - 2].key, tree.NativePath("home"));
+    EXPECT_EQ(star.GetText(), u"\u2605");
+    star.Press();
+    EXPECT_TRUE(mb::FavoriteDirectories().empty());
+    EXPECT_EQ(star.GetText(), u"\u2606");
+
     view->OnClearRecentDirectories();
     EXPECT_TRUE(mb::RecentDirectories().empty());
     EXPECT_NE(places.GetRows().back().key, tree.NativePath("home/clips"));

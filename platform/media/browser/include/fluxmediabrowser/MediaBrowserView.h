@@ -23,6 +23,7 @@ inline constexpr const char* kMediaViewID = "MediaBrowserMediaView";
 inline constexpr const char* kSearchFieldID = "MediaBrowserSearch";
 inline constexpr const char* kPathTextID = "MediaBrowserPath";
 inline constexpr const char* kParentButtonID = "MediaBrowserParentButton";
+inline constexpr const char* kFavoriteButtonID = "MediaBrowserFavoriteButton";
 inline constexpr const char* kListViewButtonID = "MediaBrowserListViewButton";
 inline constexpr const char* kIconViewButtonID = "MediaBrowserIconViewButton";
 inline constexpr const char* kCheckAllButtonID = "MediaBrowserCheckAllButton";

@@ -24,6 +24,7 @@ constexpr float kSearchMinimum = 80.0f;
 BrowserBar::BrowserBar(fluxui::ui::UI_SubView& parent)
     : parentButton(Add(parent, new fluxui::controls::UI_TextButton(fluxcore::Localize("$$$/MediaBrowser/Parent=Up")),
                        kParentButtonID)),
+      favoriteButton(Add(parent, new fluxui::controls::UI_TextButton(u"\u2606"), kFavoriteButtonID)),
       pathText(Add(parent, new fluxui::controls::UI_StaticText, kPathTextID)),
       listButton(Add(parent, new fluxui::controls::UI_TextButton(fluxcore::Localize("$$$/MediaBrowser/ListView=List")),
                      kListViewButtonID)),
@@ -51,13 +52,14 @@ void BrowserBar::Layout(const fluxcore::geom::RectF& rect) {
         left += width + kGap;
     };
     // The buttons keep their width while they fit; a narrow bar narrows them all alike.
-    constexpr float kButtons = 40.0f + 2 * 56.0f + 2 * 88.0f + 110.0f;
-    const float room = std::max(0.0f, rect.width - 9 * kGap);
+    constexpr float kButtons = 40.0f + 28.0f + 2 * 56.0f + 2 * 88.0f + 110.0f;
+    const float room = std::max(0.0f, rect.width - 10 * kGap);
     const float scale = std::clamp((room - kSearchMinimum) / kButtons, 0.0f, 1.0f);
     const float spare = room - kButtons * scale;
     const float search = std::clamp(spare - 160.0f, std::min(kSearchMinimum, spare), kSearchWidth);
     const float path = std::max(0.0f, spare - search);
     place(*parentButton, 40.0f * scale);
+    place(*favoriteButton, 28.0f * scale);
     place(*pathText, path);
     place(*listButton, 56.0f * scale);
     place(*iconButton, 56.0f * scale);

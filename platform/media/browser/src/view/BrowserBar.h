@@ -1,5 +1,5 @@
 #pragma once
-// The bar above the browser: up to the parent folder, where the browser is, list or icons, check
+// The bar above the browser: up to the parent folder, the folder as a favourite, where the browser is, list or icons, check
 // all and uncheck all, the columns shown, and the search field.
 #include <boost/intrusive_ptr.hpp>
 
@@ -22,6 +22,8 @@ struct BrowserBar {
     void Layout(const fluxcore::geom::RectF& rect);
 
     boost::intrusive_ptr<fluxui::controls::UI_TextButton> parentButton;
+    // Adds the folder shown to the favourites, or takes it out.
+    boost::intrusive_ptr<fluxui::controls::UI_TextButton> favoriteButton;
     boost::intrusive_ptr<fluxui::controls::UI_StaticText> pathText;
     boost::intrusive_ptr<fluxui::controls::UI_TextButton> listButton;
     boost::intrusive_ptr<fluxui::controls::UI_TextButton> iconButton;

@@ -110,6 +110,7 @@ public:
 private:
     void WireBar() {
         bar_.parentButton->NotifyWhenChanged([this](const auto&) { model_.OpenParentDirectory(); });
+        bar_.favoriteButton->NotifyWhenChanged([this](const auto&) { ToggleFavorite(); });
         bar_.listButton->NotifyWhenChanged([this](const auto&) { SetMode(ListViewMode::List); });
         bar_.iconButton->NotifyWhenChanged([this](const auto&) { SetMode(ListViewMode::Icons); });
         bar_.checkAllButton->NotifyWhenChanged([this](const auto&) { model_.CheckAll(); });
@@ -160,6 +161,29 @@ private:
         directoryList_->NotifyWhenActivated([this](std::size_t row) { OpenPlace(row); });
     }
 
+    void ToggleFavorite() {
+        const Fnd::WString& current = model_.GetCurrentDirPath();
+        if (current.empty())
+            return;
+        std::vector<Fnd::WString>& favorites = FavoriteDirectories();
+        if (const auto found = std::find(favorites.begin(), favorites.end(), current); found != favorites.end())
+            favorites.erase(found);
+        else
+            favorites.push_back(current);
+        WriteFavoritesPref();
+        RefreshPlaces();
+        ShowFavorite();
+    }
+
+    void ShowFavorite() {
+        const std::vector<Fnd::WString>& favorites = FavoriteDirectories();
+        const bool favorite = std::find(favorites.begin(), favorites.end(), model_.GetCurrentDirPath()) != favorites.end();
+        bar_.favoriteButton->SetText(favorite ? u"\u2605" : u"\u2606");
+        bar_.favoriteButton->UI_SetToolTip(
+            favorite ? fluxcore::Localize("$$$/MediaBrowser/RemoveFavoriteTip=Take this folder out of the favourites")
+                     : fluxcore::Localize("$$$/MediaBrowser/AddFavoriteTip=Add this folder to the favourites"));
+    }
+
     void OpenPlace(std::size_t row) {
         if (row < places_.size() && places_[row].path != model_.GetCurrentDirPath())
             model_.OpenDirectory(Fnd::WString(places_[row].path));
@@ -207,7 +231,10 @@ private:
         case MediaModelChange::Kind::Reset:
             ShowAllRows();
             bar_.pathText->SetValue(model_.GetCurrentDirPath());
-            MarkCurrentPlace();
+            ShowFavorite();
+            // Cards come and go and the favourites are read after the view is made: the places
+            // are read again each time another folder opens.
+            RefreshPlaces();
             ShowSelection();
             break;
         case MediaModelChange::Kind::Appended:

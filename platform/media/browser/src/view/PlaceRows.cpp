@@ -13,6 +13,9 @@ std::vector<fluxui::controls::ListRow> MakePlaceRows(const std::vector<Place>& p
         Fnd::WString name = place.name.empty() ? place.path : place.name;
         if (place.kind == Place::Kind::Volume && place.removable)
             name = fluxcore::Localize("$$$/MediaBrowser/Removable=@0 (removable)", {name});
+        // Without headings between the groups, a favourite is told from a recent folder by its star.
+        if (place.kind == Place::Kind::Favorite)
+            name = u"\u2605 " + name;
         row.cells = {std::move(name)};
         row.folder = true;
         rows.push_back(std::move(row));
