@@ -5,6 +5,7 @@
 // is on the commander chain; the browser hears the marks through the marks function.
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "AppFrame/Commander.h"
 #include "Fnd/WString.h"
@@ -19,6 +20,9 @@ namespace Mid {
 struct PlayerItem {
     Fnd::WString mediaPath; // the file the pictures are read from
     Fnd::WString name;      // the clip's name, shown while nothing is decoded
+    // The timecode of the clip's first frame ("HH:MM:SS:FF"); the player counts from it, as the
+    // camera did. Empty counts from zero.
+    std::string startTimecode;
     // Marks already set on the clip; invalid for none.
     fluxmediatypes::Time inPoint = fluxmediatypes::kTime_Invalid;
     fluxmediatypes::Time outPoint = fluxmediatypes::kTime_Invalid;

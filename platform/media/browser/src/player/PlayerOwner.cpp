@@ -279,8 +279,11 @@ private:
         if (!views_.HasControls())
             return;
         views_.scrub->SetValue(position_);
-        views_.timecode->SetValue(HasClip() ? FrameTimecode(position_, rate_) : Fnd::WString());
-        views_.marks->SetValue(MarksText(in_, out_, frameTicks_, rate_));
+        // Counted from the camera's timecode of the first frame, as the picture and the clip's
+        // column show it.
+        const std::int64_t start = TimecodeFrames(item_.startTimecode, rate_);
+        views_.timecode->SetValue(HasClip() ? FrameTimecode(start + position_, rate_) : Fnd::WString());
+        views_.marks->SetValue(MarksText(in_, out_, frameTicks_, rate_, start));
     }
 
     PlayerOwner& owner_;

@@ -46,7 +46,8 @@ void PreviewPlayer::FollowSelection() {
             player_->GetView()->UI_Show(true);
         return;
     }
-    const Mid::PlayerItem item{clip->path, clip->displayName, clip->marks.inPoint, clip->marks.outPoint};
+    const Mid::PlayerItem item{clip->path, clip->displayName, clip->facts ? clip->facts->startTimecode : std::string(),
+                               clip->marks.inPoint, clip->marks.outPoint};
     if (!player_) {
         const RequestMBPlayerOwnerFxn& factory = GetRequestMBPlayerOwnerSharedFxn();
         if (!factory)

@@ -127,8 +127,8 @@ protected:
         const auto& picture = Picture().GetPicture();
         return !picture.IsEmpty() && (*picture.bytes)[0] == frame && (*picture.bytes)[1] == tag;
     }
-    void Load(const char* path = "A001.mov") {
-        player_->SetProjectItem({Fnd::FromASCII(path), u"A001"});
+    void Load(const char* path = "A001.mov", std::string startTimecode = {}) {
+        player_->SetProjectItem({Fnd::FromASCII(path), u"A001", std::move(startTimecode)});
         ASSERT_TRUE(DrainUntil([&] { return player_->GetFrameRate() != 0 && !Picture().GetPicture().IsEmpty(); }));
     }
 
@@ -169,7 +169,8 @@ TEST_F(PlayerOwnerTest, InAndOutCommandsReachThePlayerOnTheChainAndItsParentKeep
     ASSERT_TRUE(AppFrame::Commander::QueryFromTarget(AppFrame::Command(12065), status));
     EXPECT_FALSE(status.enabled) << "no clip, no marks";
 
-    Load();
+    // The texts count from the camera's timecode of the first frame.
+    Load("A001.mov", "10:00:00:00");
     for (int id : {12065, 12066, 12071}) {
         status = {};
         EXPECT_TRUE(AppFrame::Commander::QueryFromTarget(AppFrame::Command(id), status));
@@ -186,8 +187,8 @@ TEST_F(PlayerOwnerTest, InAndOutCommandsReachThePlayerOnTheChainAndItsParentKeep
     const auto text = [&](const char* id) {
         return dynamic_cast<fluxui::controls::UI_StaticText&>(*player_->GetView()->UI_FindNodeByID(id)).GetValue();
     };
-    EXPECT_EQ(text("player.marks"), u"In 00:00:00:05  Out 00:00:00:12");
-    EXPECT_EQ(text("player.timecode"), u"00:00:00:12");
+    EXPECT_EQ(text("player.marks"), u"In 10:00:00:05  Out 10:00:00:12");
+    EXPECT_EQ(text("player.timecode"), u"10:00:00:12");
 
     // The pane above still answers its own command while the player is the target.
     EXPECT_TRUE(AppFrame::Commander::ExecuteFromTarget(AppFrame::Command(30205)));
