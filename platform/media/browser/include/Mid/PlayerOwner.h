@@ -22,7 +22,7 @@ struct PlayerItem {
     Fnd::WString name;      // the clip's name, shown while nothing is decoded
     // The timecode of the clip's first frame ("HH:MM:SS:FF"); the player counts from it, as the
     // camera did. Empty counts from zero.
-    std::string startTimecode;
+    std::string startTimecode = {};
     // Marks already set on the clip; invalid for none.
     fluxmediatypes::Time inPoint = fluxmediatypes::kTime_Invalid;
     fluxmediatypes::Time outPoint = fluxmediatypes::kTime_Invalid;
