@@ -46,6 +46,13 @@ public:
     void SaveDestinations();
     // Every member back to its default, except the presets and their paths.
     void ResetToDefaults();
+
+    // Fills the session's import-only flag, destinations (a fresh copy of each enabled record, its
+    // path the head of its recent paths), verify mode and template values from the settings.
+    void ApplyToDialogData(IIngestDialogData& session) const;
+    // Seeds the settings from a session a host made: its destinations replace the records (each
+    // path joins the recent paths stored for its place), transfer shows on, the templates follow.
+    void ReadFromDialogData(IIngestDialogData& session);
     // What IngestDialogTerminate does: the destinations go and both presets are released.
     void Terminate();
 
