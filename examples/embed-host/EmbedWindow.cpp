@@ -78,12 +78,18 @@ void EmbedWindow::BuildWidgets() {
     auto* title = new QLabel(QStringLiteral("Ingested by this host"), central);
     QFont titleFont = title->font();
     titleFont.setBold(true);
-    titleFont.setPointSizeF(titleFont.pointSizeF() * 1.3);
+    if (titleFont.pointSizeF() > 0)
+        titleFont.setPointSizeF(titleFont.pointSizeF() * 1.3);
+    else
+        titleFont.setPixelSize(titleFont.pixelSize() * 13 / 10);
     title->setFont(titleFont);
     left->addWidget(title);
     ingested_ = new QListWidget(central);
     ingested_->setFixedWidth(kListWidth);
     ingested_->setWordWrap(true);
+    // A record of what happened, not something to choose from.
+    ingested_->setSelectionMode(QAbstractItemView::NoSelection);
+    ingested_->setFocusPolicy(Qt::NoFocus);
     left->addWidget(ingested_);
     columns->addLayout(left);
 
