@@ -1,20 +1,8 @@
 # Installs the build into a scratch prefix, builds the consumer host against it, and runs its
 # ingest of a file into a folder. Called by ctest with BUILD_DIR, SOURCE_DIR, WORK_DIR, GENERATOR.
-file(REMOVE_RECURSE ${WORK_DIR})
+include(${CMAKE_CURRENT_LIST_DIR}/../support/InstalledHost.cmake)
+install_and_build_host()
 file(MAKE_DIRECTORY ${WORK_DIR}/media ${WORK_DIR}/out ${WORK_DIR}/home)
-set(prefix ${WORK_DIR}/prefix)
-
-function(run_step)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
-  if(NOT result EQUAL 0)
-    message(FATAL_ERROR "failed: ${ARGN}\n${out}\n${err}")
-  endif()
-  message(STATUS "${out}")
-endfunction()
-
-run_step(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
-run_step(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${prefix})
-run_step(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 file(WRITE ${WORK_DIR}/media/A001C001.MOV "a clip's bytes\n")
 set(ENV{IGD_HOME} ${WORK_DIR}/home)
 run_step(${WORK_DIR}/build/igd_consumer ${WORK_DIR}/media/A001C001.MOV ${WORK_DIR}/out

@@ -1,21 +1,9 @@
 # Installs the build into a scratch prefix, builds the embedding example against it, and lets it
 # ingest a generated clip through the settings of its Ingest view, offscreen. Called by ctest with
 # BUILD_DIR, SOURCE_DIR (the example), SAMPLE_MEDIA_TOOL, WORK_DIR and GENERATOR.
-file(REMOVE_RECURSE ${WORK_DIR})
+include(${CMAKE_CURRENT_LIST_DIR}/../support/InstalledHost.cmake)
+install_and_build_host()
 file(MAKE_DIRECTORY ${WORK_DIR}/media ${WORK_DIR}/out ${WORK_DIR}/home)
-set(prefix ${WORK_DIR}/prefix)
-
-function(run_step)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
-  if(NOT result EQUAL 0)
-    message(FATAL_ERROR "failed (${result}): ${ARGN}\n${out}\n${err}")
-  endif()
-  set(step_output "${out}" PARENT_SCOPE)
-endfunction()
-
-run_step(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
-run_step(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${prefix})
-run_step(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 
 run_step(${SAMPLE_MEDIA_TOOL} ${WORK_DIR}/media plain --clips 1)
 file(GLOB clip ${WORK_DIR}/media/PLAIN/*.mov)
