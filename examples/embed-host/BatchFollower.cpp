@@ -24,10 +24,13 @@ std::string Megabytes(std::uint64_t bytes) {
 std::string FileLine(const FileOutcomeMessage& file) {
     const std::string name = FileName(file.source);
     switch (file.status) {
-    case FileStatus::Copied:
+    case FileStatus::Copied: {
+        const std::string copy = Fnd::ToDisplayUTF8(file.finalPath.empty() ? file.target : file.finalPath);
         return file.verifiedBy == VerifiedBy::NotVerified
-                   ? name + " copied, not verified"
-                   : name + " copied and verified (" + file.checksumAlgorithm + " " + file.checksum + ")";
+                   ? name + " copied to " + copy + ", not verified"
+                   : name + " copied to " + copy + " and verified (" + file.checksumAlgorithm + " " +
+                         file.checksum + ")";
+    }
     case FileStatus::Transcoded:
         return name + " transcoded";
     case FileStatus::Skipped:
