@@ -1,5 +1,6 @@
 #include "EmbedWindow.h"
 
+#include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -96,6 +97,7 @@ void EmbedWindow::BuildWidgets() {
     pane_ = new QWidget(central);
     pane_->setMinimumSize(kPaneWidth, kPaneHeight);
     pane_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    pane_->installEventFilter(this);
     columns->addWidget(pane_, 1);
 
     auto* bottom = new QHBoxLayout;
@@ -111,9 +113,10 @@ void EmbedWindow::BuildWidgets() {
     setCentralWidget(central);
 }
 
-void EmbedWindow::resizeEvent(QResizeEvent* event) {
-    QMainWindow::resizeEvent(event);
-    FitViewToPane();
+bool EmbedWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == pane_ && event->type() == QEvent::Resize)
+        FitViewToPane();
+    return QMainWindow::eventFilter(watched, event);
 }
 
 // The view lays its sections out in the space it is given; the presenter's widget follows it.

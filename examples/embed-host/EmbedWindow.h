@@ -37,7 +37,8 @@ public:
     void IngestFile();
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
+    // The pane's resizes, which the layout makes after the window's own.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     static void SeedSettings(const QString& destinationFolder);
