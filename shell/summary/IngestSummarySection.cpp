@@ -11,7 +11,11 @@ namespace IGD {
 
 IngestSummarySection::IngestSummarySection()
     : SectionViewEx(fluxcore::Localize("$$$/Quillon/Libraries/IngestDialog/IngestSummaryTitle=Ingest Options Summary"),
-                    "") {}
+                    "") {
+    // Measured now: open, a titled section keeps a margin under its header even with no lines,
+    // and the tree's walk measures only sections that have children.
+    UpdateSectionLayout();
+}
 
 IngestSummarySection::~IngestSummarySection() {
     // Never added: the bin is named in the dialog's caption. Removing is harmless and keeps the
