@@ -8,10 +8,7 @@
 #include <QWidget>
 #include <iostream>
 
-#include "IGD/LayoutPreview.h"
 #include "IGD/MediaPanePreview.h"
-#include "IgdQt/NodePresenter.h"
-#include "IgdQt/PictureSource.h"
 #include "WindowSupport.h"
 #include "fluxmediabrowser/FavoritesPref.h"
 
@@ -50,13 +47,8 @@ int RunBrowseWindow(const QString& directory, IGD::MediaPaneView view, const QSt
     const QString absolute = directory.isEmpty() ? directory : QDir::cleanPath(QDir::current().absoluteFilePath(directory));
     IGD::MediaPanePreview preview =
         IGD::BuildMediaPanePreview(Fnd::FromUTF8(absolute.toStdString()), kPaneWidth, kPaneHeight, view);
-    qt::NodePresenter presenter(preview.pane, nullptr, qt::PictureSource(IGD::IngestResourceManager()));
-    QWidget* window = presenter.RootWidget();
-    window->setWindowTitle(QStringLiteral("Ingest: media"));
-    window->setAutoFillBackground(true);
-    FollowSize follow(*preview.pane);
-    window->installEventFilter(&follow);
-    window->show();
+    PaneWindow paneWindow(preview.pane, QStringLiteral("Ingest: media"));
+    QWidget* window = paneWindow.Widget();
 
     int status = 0;
     if (screenshotFile.isEmpty()) {

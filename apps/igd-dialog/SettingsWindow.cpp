@@ -5,10 +5,7 @@
 #include <QWidget>
 #include <iostream>
 
-#include "IGD/LayoutPreview.h"
 #include "IGD/SettingsPanePreview.h"
-#include "IgdQt/NodePresenter.h"
-#include "IgdQt/PictureSource.h"
 #include "WindowSupport.h"
 
 namespace igd::dialog {
@@ -22,13 +19,8 @@ constexpr float kOpeningHeight = 640.0f;
 
 int RunSettingsWindow(float width, float height, const QString& screenshotFile) {
     const IGD::SettingsPanePreview preview = IGD::BuildSettingsPanePreview(kOpeningWidth, kOpeningHeight);
-    qt::NodePresenter presenter(preview.pane, nullptr, qt::PictureSource(IGD::IngestResourceManager()));
-    QWidget* window = presenter.RootWidget();
-    window->setWindowTitle(QStringLiteral("Ingest: options"));
-    window->setAutoFillBackground(true);
-    FollowSize follow(*preview.pane);
-    window->installEventFilter(&follow);
-    window->show();
+    PaneWindow paneWindow(preview.pane, QStringLiteral("Ingest: options"));
+    QWidget* window = paneWindow.Widget();
     ProcessEventsFor(300);
     window->resize(static_cast<int>(width), static_cast<int>(height));
 

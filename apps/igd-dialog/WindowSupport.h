@@ -8,6 +8,9 @@
 #include <QThread>
 #include <QWidget>
 
+#include "IGD/LayoutPreview.h"
+#include "IgdQt/NodePresenter.h"
+#include "IgdQt/PictureSource.h"
 #include "fluxui/ui/UI_Node.h"
 
 namespace igd::dialog {
@@ -26,6 +29,24 @@ public:
 
 private:
     fluxui::ui::UI_Node& pane_;
+};
+
+// A pane shown in a window of its own, titled, whose size it follows.
+class PaneWindow {
+public:
+    PaneWindow(const fluxui::ui::UI_NodeRef& pane, const QString& title)
+        : presenter_(pane, nullptr, qt::PictureSource(IGD::IngestResourceManager())), follow_(*pane) {
+        QWidget* window = presenter_.RootWidget();
+        window->setWindowTitle(title);
+        window->setAutoFillBackground(true);
+        window->installEventFilter(&follow_);
+        window->show();
+    }
+    QWidget* Widget() const { return presenter_.RootWidget(); }
+
+private:
+    qt::NodePresenter presenter_;
+    FollowSize follow_;
 };
 
 inline void ProcessEventsFor(int milliseconds) {
