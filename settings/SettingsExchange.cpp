@@ -17,8 +17,9 @@ namespace {
 // the record's own destination may still carry a path the person browsed away from.
 IngestDestinationRef SessionCopyOf(const DestinationSetting& record) {
     IngestDestinationRef copy(new IngestDestination(*record.destination));
-    copy->SetDestinationPath(record.pathsMRU.empty() ? Fnd::WString()
-                                                     : Mid::Utilities::AddBootVolumePath(record.pathsMRU.front()));
+    copy->SetDestinationPath(record.pathsMRU.empty()
+                                 ? Fnd::WString()
+                                 : Mid::Utilities::AddBootVolumePath(record.pathsMRU.front()));
     copy->SetEnabled(record.enabled);
     return copy;
 }
@@ -37,7 +38,8 @@ void IngestSettingsController::ApplyToDialogData(IIngestDialogData& session) con
     if (localTransfer || remoteCopy || hosted) {
         for (const DestinationSetting& record : destinations_) {
             if (!record.destination)
-                throw std::logic_error("IngestSettingsController: a destination record without its destination");
+                throw std::logic_error(
+                    "IngestSettingsController: a destination record without its destination");
             record.destination->SetEnabled(record.enabled);
             if (record.enabled || hosted)
                 session.AddDestination(SessionCopyOf(record));
@@ -82,7 +84,8 @@ void IngestSettingsController::ReadFromDialogData(IIngestDialogData& session) {
 
         // The stored list, not a list of this run, so that the host's path joins what the person
         // chose before and SaveDestinations keeps both.
-        record.pathsMRU = ReadRecentPathList(preferences, RecentPathListPrefix(static_cast<std::uint32_t>(i)));
+        record.pathsMRU =
+            ReadRecentPathList(preferences, RecentPathListPrefix(static_cast<std::uint32_t>(i)));
         const Fnd::WString& path = source.GetDestinationPath();
         if (std::find(record.pathsMRU.begin(), record.pathsMRU.end(), path) == record.pathsMRU.end())
             record.AddPathToMRU(path);

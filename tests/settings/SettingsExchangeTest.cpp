@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "pipeline/session/IngestDialogData.h"
 #include "tests/settings/SettingsFixture.h"
 
 namespace igd::test {
@@ -64,7 +63,8 @@ protected:
             const int index = static_cast<int>(i + 1);
             Put("Local.Backup.Enabled" + std::to_string(index), row.backups[i].front() == '+');
             if (row.backups[i].size() > 1)
-                StoreListOf(K("Local.Backup.DestPathMRU") + std::to_string(index), {row.backups[i].substr(1)});
+                StoreListOf(K("Local.Backup.DestPathMRU") + std::to_string(index),
+                            {row.backups[i].substr(1)});
         }
     }
 };

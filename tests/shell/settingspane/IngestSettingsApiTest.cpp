@@ -30,8 +30,8 @@ PresetRef PresetAt(QL::_QLPresetCategory category, std::u16string_view name, std
 Fnd::WString SavedUserPreset(QL::_QLPresetCategory category, const Fnd::WString& name) {
     const auto manager = QL::InstantiateQLPresetManager(category);
     const bool rename = category == QL::kQLPresetCategoryRename;
-    const PresetRef preset =
-        Preset(category, {Field(rename ? QL::kQLFieldCustomText : QL::kQLFieldMetadata, u"x", u"scene")}, name);
+    const PresetRef preset = Preset(
+        category, {Field(rename ? QL::kQLFieldCustomText : QL::kQLFieldMetadata, u"x", u"scene")}, name);
     EXPECT_EQ(manager->SavePreset(preset, name, u"", false, name), QL::kPresetOK);
     return preset->GetPath();
 }
@@ -56,7 +56,8 @@ protected:
     static IngestDialogDataRef HostSession(std::initializer_list<std::u16string_view> paths) {
         IngestDialogDataRef session = IngestDialogDataRef::Query(CreateIngestDialogData());
         session->SetRenamePreset(PresetAt(QL::kQLPresetCategoryRename, u"Seeded", u"/host/Seeded.irp"));
-        session->SetMetadataPreset(PresetAt(QL::kQLPresetCategoryMetadata, u"SeededMeta", u"/host/Seeded.imp"));
+        session->SetMetadataPreset(
+            PresetAt(QL::kQLPresetCategoryMetadata, u"SeededMeta", u"/host/Seeded.imp"));
         for (std::u16string_view path : paths) {
             const IngestDestinationRef destination(new IngestDestination());
             destination->SetDestinationPath(Fnd::WString(path));
