@@ -1,5 +1,7 @@
 #include "shell/settingspane/IngestSettingsContainerView.h"
 
+#include <algorithm>
+
 #include "shell/resources/IngestResources.h"
 #include "transfer/SectionTree.h"
 
@@ -32,7 +34,8 @@ void IngestSettingsContainerView::UI_SizeChanged(const RectF& localRect) {
     if (!scrollView_)
         return;
     RectF content = scrollView_->GetContentRectF();
-    content.width = localRect.width - scrollView_->GetScrollBarSize();
+    // A host may build the view before it gives it a size.
+    content.width = std::max(0.0f, localRect.width - scrollView_->GetScrollBarSize());
     // One unit more than measured, so that the outline of the last section stays in sight.
     content.height = sectionContainer_->GetSectionSize().y + 1.0f;
     scrollView_->SetContentRectF(content);
