@@ -20,10 +20,6 @@ DestinationSetting MakeRecord(bool primary, TranscodeSettingRef transcode) {
     return setting;
 }
 
-std::string IndexedPrefix(std::uint32_t index) {
-    return std::string(kLocalBackupDestPathMRU.name) + std::to_string(index);
-}
-
 // A record may have lost its transcode setting to a host; it then stores as "no transcode".
 struct StoredTranscode {
     bool enabled = false;
@@ -41,6 +37,12 @@ StoredTranscode TranscodeToStore(const DestinationSetting& setting) {
 
 } // namespace
 
+std::string RecentPathListPrefix(std::uint32_t index) {
+    if (index == 0)
+        return std::string(kPrimaryDestPathMRU.name);
+    return std::string(kLocalBackupDestPathMRU.name) + std::to_string(index);
+}
+
 DestinationSetting LoadPrimaryDestination(Proj::IPreferences& preferences) {
     auto transcode = std::make_shared<QL::IngestTask::TranscodeSetting>();
     transcode->enabled = kPrimaryTranscode.defaultValue;
@@ -51,7 +53,7 @@ DestinationSetting LoadPrimaryDestination(Proj::IPreferences& preferences) {
     ReadPreference(preferences, kPrimaryTranscodeExporter, transcode->exporterName);
     ReadPreference(preferences, kPrimaryTranscodePreset, transcode->presetName);
     ReadPreference(preferences, kPrimaryConcatenatePreset, transcode->concatenate);
-    std::vector<Fnd::WString> paths = ReadRecentPathList(preferences, kPrimaryDestPathMRU.name);
+    std::vector<Fnd::WString> paths = ReadRecentPathList(preferences, RecentPathListPrefix(0));
     bool needSubFolder = kPrimaryNeedSubFolder.defaultValue;
     ReadPreference(preferences, kPrimaryNeedSubFolder, needSubFolder);
 
@@ -72,7 +74,7 @@ DestinationSetting LoadBackupDestination(Proj::IPreferences& preferences, std::u
     ReadPreference(preferences, IndexedKey(kLocalBackupTranscodePreset.name, index), transcode->presetName);
     bool enabled = kLocalBackupEnabled.defaultValue;
     ReadPreference(preferences, IndexedKey(kLocalBackupEnabled.name, index), enabled);
-    std::vector<Fnd::WString> paths = ReadRecentPathList(preferences, IndexedPrefix(index));
+    std::vector<Fnd::WString> paths = ReadRecentPathList(preferences, RecentPathListPrefix(index));
     bool needSubFolder = kLocalBackupNeedSubFolder.defaultValue;
     ReadPreference(preferences, IndexedKey(kLocalBackupNeedSubFolder.name, index), needSubFolder);
 
@@ -91,7 +93,7 @@ void StorePrimaryDestination(Proj::IPreferences& preferences, const DestinationS
     WritePreference(preferences, kPrimaryTranscodeExporter, transcode.exporterName);
     WritePreference(preferences, kPrimaryTranscodePreset, transcode.presetName);
     WritePreference(preferences, kPrimaryConcatenatePreset, transcode.concatenate);
-    StoreRecentPathList(preferences, kPrimaryDestPathMRU.name, setting.pathsMRU);
+    StoreRecentPathList(preferences, RecentPathListPrefix(0), setting.pathsMRU);
     WritePreference(preferences, kPrimaryNeedSubFolder, setting.needSubFolder);
 }
 
@@ -105,7 +107,7 @@ void StoreBackupDestination(Proj::IPreferences& preferences, const DestinationSe
                     transcode.exporterName);
     WritePreference(preferences, IndexedKey(kLocalBackupTranscodePreset.name, index), transcode.presetName);
     WritePreference(preferences, IndexedKey(kLocalBackupEnabled.name, index), setting.enabled);
-    StoreRecentPathList(preferences, IndexedPrefix(index), setting.pathsMRU);
+    StoreRecentPathList(preferences, RecentPathListPrefix(index), setting.pathsMRU);
     WritePreference(preferences, IndexedKey(kLocalBackupNeedSubFolder.name, index), setting.needSubFolder);
 }
 

@@ -3,16 +3,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QEvent>
 #include <QImage>
 #include <QThread>
 #include <QWidget>
 #include <iostream>
 
-#include "IGD/LayoutPreview.h"
 #include "IGD/MediaPanePreview.h"
-#include "IgdQt/NodePresenter.h"
-#include "IgdQt/PictureSource.h"
+#include "WindowSupport.h"
 #include "fluxmediabrowser/FavoritesPref.h"
 
 namespace igd::dialog {
@@ -20,22 +17,6 @@ namespace {
 
 constexpr float kPaneWidth = 1100.0f;
 constexpr float kPaneHeight = 720.0f;
-
-// The window's size is the pane's: a person resizing the window resizes the pane.
-class FollowSize : public QObject {
-public:
-    explicit FollowSize(fluxui::ui::UI_Node& pane) : pane_(pane) {}
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Resize) {
-            const QSize size = static_cast<QWidget*>(watched)->size();
-            pane_.UI_SetLocalRectF({0, 0, static_cast<float>(size.width()), static_cast<float>(size.height())});
-        }
-        return false;
-    }
-
-private:
-    fluxui::ui::UI_Node& pane_;
-};
 
 // Every clip listed has been read: its facts and thumbnail arrive together, and a sound-only clip
 // has facts and no picture.
@@ -46,15 +27,6 @@ bool Settled(const fluxmediabrowser::MediaBrowserModel& model) {
         if (!entry.folder && !entry.factsUnavailable && !entry.facts)
             return false;
     return true;
-}
-
-void ProcessEventsFor(int milliseconds) {
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < milliseconds) {
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
-        QThread::msleep(5);
-    }
 }
 
 bool WaitUntilSettled(const fluxmediabrowser::MediaBrowserModel& model, int limitMilliseconds) {
@@ -75,13 +47,8 @@ int RunBrowseWindow(const QString& directory, IGD::MediaPaneView view, const QSt
     const QString absolute = directory.isEmpty() ? directory : QDir::cleanPath(QDir::current().absoluteFilePath(directory));
     IGD::MediaPanePreview preview =
         IGD::BuildMediaPanePreview(Fnd::FromUTF8(absolute.toStdString()), kPaneWidth, kPaneHeight, view);
-    qt::NodePresenter presenter(preview.pane, nullptr, qt::PictureSource(IGD::IngestResourceManager()));
-    QWidget* window = presenter.RootWidget();
-    window->setWindowTitle(QStringLiteral("Ingest: media"));
-    window->setAutoFillBackground(true);
-    FollowSize follow(*preview.pane);
-    window->installEventFilter(&follow);
-    window->show();
+    PaneWindow paneWindow(preview.pane, QStringLiteral("Ingest: media"));
+    QWidget* window = paneWindow.Widget();
 
     int status = 0;
     if (screenshotFile.isEmpty()) {

@@ -5,6 +5,8 @@
 //     igd-dialog --gallery --show ENTRY         the window, opened on one entry
 //     igd-dialog --browse [PATH] [--view list|icons] [--screenshot FILE]
 //                                               the media pane alone on PATH (home when none)
+//     igd-dialog --settings [--width W] [--height H] [--screenshot FILE]
+//                                               the settings pane with its bar, every section open
 //     --vault [--vault-server NAME]             the project lives on a collaboration server
 #include <CLI/CLI.hpp>
 #include <QApplication>
@@ -25,6 +27,7 @@
 #include "IgdQt/QtRunLoop.h"
 #include "BrowseWindow.h"
 #include "LayoutGallery.h"
+#include "SettingsWindow.h"
 #include "Mid/Project.h"
 #include "Proj/PreferenceStore.h"
 #include "Proj/Project.h"
@@ -38,12 +41,14 @@ int main(int argc, char** argv) {
     std::string browsePath;
     std::string browseView;
     float width = 360.0f;
+    float height = 640.0f;
+    bool settings = false;
     bool vault = false;
     std::string vaultServer;
     cli.add_flag("--gallery", gallery, "Open a window that shows each layout built from the archive");
     cli.add_option("--screenshot", screenshotDirectory,
                    "With --gallery: render each layout offscreen to DIR/<layout>.png and exit; with "
-                   "--browse: write the window to FILE once the browser has settled, and exit")
+                   "--browse or --settings: write the window to FILE once it has settled, and exit")
         ->type_name("DIR|FILE");
     auto* browseOption = cli.add_option("--browse", browsePath,
                                         "Open the media pane alone on PATH (your home folder when none)")
@@ -54,7 +59,12 @@ int main(int argc, char** argv) {
     std::string firstEntry;
     cli.add_option("--show", firstEntry, "With --gallery: open on the entry of this title, e.g. \"Transfer\"")
         ->type_name("ENTRY");
-    cli.add_option("--width", width, "Width of the dialog the layouts are shown in, in units")
+    cli.add_flag("--settings", settings,
+                 "Open the settings pane with its bar and every section open, over the stored settings");
+    cli.add_option("--width", width,
+                   "Width of the dialog the layouts are shown in, or of the settings window, in units")
+        ->check(CLI::Range(120.0f, 2000.0f));
+    cli.add_option("--height", height, "With --settings: height of the window, in units")
         ->check(CLI::Range(120.0f, 2000.0f));
     cli.add_flag("--vault", vault, "The project lives on a collaboration server")->envname("IGD_VAULT_MODE");
     cli.add_option("--vault-server", vaultServer, "The collaboration server logged in to (default: none)")
@@ -62,8 +72,8 @@ int main(int argc, char** argv) {
         ->envname("IGD_VAULT_SERVER");
     CLI11_PARSE(cli, argc, argv);
     browse = browseOption->count() > 0;
-    if (gallery == browse) {
-        std::cerr << "igd-dialog: open one of --gallery or --browse\n" << cli.help();
+    if (int(gallery) + int(browse) + int(settings) != 1) {
+        std::cerr << "igd-dialog: open one of --gallery, --browse or --settings\n" << cli.help();
         return 2;
     }
 
@@ -97,7 +107,9 @@ int main(int argc, char** argv) {
     SetFileDialogFactory(std::make_shared<igd::qt::QtFileDialogFactory>());
 
     int status = 0;
-    if (browse) {
+    if (settings) {
+        status = igd::dialog::RunSettingsWindow(width, height, QString::fromStdString(screenshotDirectory));
+    } else if (browse) {
         const IGD::MediaPaneView view = browseView == "icons" ? IGD::MediaPaneView::Icons
                                         : browseView == "list" ? IGD::MediaPaneView::List
                                                                : IGD::MediaPaneView::Remembered;

@@ -7,6 +7,7 @@ namespace AppFrame {
 fluxui::sketcher::ColorRGBA ColorManager::GetColor(ColorName name) {
     switch (name) {
     case kColor_PanelBackground:
+    case kColor_SettingsPaneBackground:
         return {0.196f, 0.196f, 0.196f, 1.0f};
     case kColor_PanelDivider:
         return {0.118f, 0.118f, 0.118f, 1.0f};
@@ -27,7 +28,7 @@ namespace fluxui::ui {
 sketcher::ColorRGBA GetColor(int number) {
     const bool listed =
         (number >= AppFrame::kColor_PanelBackground && number <= AppFrame::kColor_DisabledText) ||
-        number == AppFrame::kColor_SectionOutline;
+        number == AppFrame::kColor_SectionOutline || number == AppFrame::kColor_SettingsPaneBackground;
     if (!listed)
         throw std::invalid_argument("GetColor: no such colour");
     return AppFrame::ColorManager::GetColor(static_cast<AppFrame::ColorName>(number));

@@ -10,6 +10,8 @@ enum ColorName {
     kColor_DisabledText,
     // The outline around a titled option section; its number is fixed by the sections that ask.
     kColor_SectionOutline = 4000054,
+    // The ground of the settings pane; the same as the panel's, under the number the pane asks for.
+    kColor_SettingsPaneBackground = 277,
 };
 
 // The named colours of the application's theme.

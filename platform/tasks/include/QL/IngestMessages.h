@@ -33,4 +33,16 @@ struct CancelIngestMessage : Fnd::MessageT<CancelIngestMessage> {
     static constexpr std::string_view kTypeName = "QL::CancelIngestMessage";
 };
 
+// The project library's answer to a dialog that asked where its clips will land. The two ids are
+// those of the request, so that a dialog takes only its own answer.
+struct UpdateTargetBinMessage : Fnd::MessageT<UpdateTargetBinMessage> {
+    static constexpr std::string_view kTypeName = "QL::UpdateTargetBinMessage";
+    UpdateTargetBinMessage() = default;
+    UpdateTargetBinMessage(fluxcore::utility::Guid one, fluxcore::utility::Guid two, Fnd::WString bin)
+        : requestOne(one), requestTwo(two), binName(std::move(bin)) {}
+    fluxcore::utility::Guid requestOne;
+    fluxcore::utility::Guid requestTwo;
+    Fnd::WString binName;
+};
+
 } // namespace QL

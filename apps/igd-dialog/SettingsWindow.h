@@ -1,0 +1,12 @@
+#pragma once
+#include <QString>
+
+namespace igd::dialog {
+
+// The settings pane in the dialog's form, with its Cancel and Ingest bar and every section open,
+// in a window of its own until the window closes. The window opens at its default size and is then
+// resized to width by height, as a person dragging its edge would. With a screenshot file, writes
+// the window to the file and closes. Answers the exit status.
+int RunSettingsWindow(float width, float height, const QString& screenshotFile);
+
+} // namespace igd::dialog
