@@ -3,6 +3,7 @@
 # toolkit never include the subsystems built on them. Called by ctest with ROOT.
 set(rules
   "apps|pipeline/|settings/|shell/|templates/|transfer/|filedialogs/|host/"
+  "examples|pipeline/|settings/|shell/|templates/|transfer/|filedialogs/|host/"
   "settings|pipeline/|shell/|templates/|transfer/|filedialogs/"
   "filedialogs|pipeline/|settings/|templates/|transfer/"
   "host|pipeline/|settings/|shell/|templates/|transfer/|filedialogs/"
