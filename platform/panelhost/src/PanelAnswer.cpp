@@ -13,7 +13,12 @@ void AppendEscaped(Fnd::WString& out, Fnd::WStringView text) {
         case u'>': out += u"&gt;"; break;
         case u'"': out += u"&quot;"; break;
         case u'\'': out += u"&apos;"; break;
-        default: out += c;
+        default:
+            // XML 1.0 has no way to carry these; a pasted control character is dropped rather
+            // than making the whole answer unreadable.
+            if ((c < 0x20 && c != u'\t' && c != u'\n' && c != u'\r') || c == 0xFFFE || c == 0xFFFF)
+                break;
+            out += c;
         }
     }
 }

@@ -111,6 +111,7 @@ TEST_F(LocalStageTest, TheFormIsAToolkitTreeOfLabelsFieldsBoxAndButtons) {
 TEST_F(LocalStageTest, OkPostsTheAnswerWithNamespacesKeywordsFlagsAndEscapedValues) {
     const Fnd::WString awkward = u"Tom & \"Jerry\" <Shorts> 'n'";
     Type("field.production", awkward);
+    Type("field.scene", u"4\u0001B"); // a pasted control character cannot travel in XML
     Type("field.keywords", u" night, exterior;; rain ,");
     Control<UI_Checkbox>("field.hero").Press();
     Control<UI_Checkbox>("applyToAllDestinations").Press();
@@ -137,7 +138,7 @@ TEST_F(LocalStageTest, OkPostsTheAnswerWithNamespacesKeywordsFlagsAndEscapedValu
     EXPECT_EQ(Attr(shoot, u"URI"), u"http://ns.example.com/shoot/");
     EXPECT_EQ(Attr(shoot, u"prefix"), u"shoot");
     EXPECT_EQ(Text(Child(*shoot, u"production")), awkward);
-    EXPECT_EQ(Text(Child(*shoot, u"scene")), u"");
+    EXPECT_EQ(Text(Child(*shoot, u"scene")), u"4B");
     EXPECT_EQ(Attr(cam, u"URI"), u"http://ns.example.com/cam/");
     EXPECT_EQ(Text(Child(*cam, u"hero")), u"true");
     const xercesc::DOMElement* keywords = Child(*minimum, u"keywords");
