@@ -5,8 +5,21 @@ namespace {
 
 constexpr Fnd::WStringView kRootName = u"panelAnswer";
 
+bool IsHighSurrogate(char16_t c) { return c >= 0xD800 && c <= 0xDBFF; }
+bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+
 void AppendEscaped(Fnd::WString& out, Fnd::WStringView text) {
-    for (char16_t c : text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        // A character outside the basic plane travels as its pair; half a pair, as a broken paste
+        // leaves it, cannot be written in XML at all and is dropped like a control character.
+        if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+            out += c;
+            out += text[++i];
+            continue;
+        }
+        if (IsHighSurrogate(c) || IsLowSurrogate(c))
+            continue;
         switch (c) {
         case u'&': out += u"&amp;"; break;
         case u'<': out += u"&lt;"; break;

@@ -111,7 +111,8 @@ TEST_F(LocalStageTest, TheFormIsAToolkitTreeOfLabelsFieldsBoxAndButtons) {
 TEST_F(LocalStageTest, OkPostsTheAnswerWithNamespacesKeywordsFlagsAndEscapedValues) {
     const Fnd::WString awkward = u"Tom & \"Jerry\" <Shorts> 'n'";
     Type("field.production", awkward);
-    Type("field.scene", u"4\u0001B"); // a pasted control character cannot travel in XML
+    // A pasted control character and half a surrogate pair cannot travel in XML; a whole pair can.
+    Type("field.scene", u"4\u0001B\xD83C\U0001F3AC");
     Type("field.keywords", u" night, exterior;; rain ,");
     Control<UI_Checkbox>("field.hero").Press();
     Control<UI_Checkbox>("applyToAllDestinations").Press();
@@ -138,7 +139,7 @@ TEST_F(LocalStageTest, OkPostsTheAnswerWithNamespacesKeywordsFlagsAndEscapedValu
     EXPECT_EQ(Attr(shoot, u"URI"), u"http://ns.example.com/shoot/");
     EXPECT_EQ(Attr(shoot, u"prefix"), u"shoot");
     EXPECT_EQ(Text(Child(*shoot, u"production")), awkward);
-    EXPECT_EQ(Text(Child(*shoot, u"scene")), u"4B");
+    EXPECT_EQ(Text(Child(*shoot, u"scene")), u"4B\U0001F3AC");
     EXPECT_EQ(Attr(cam, u"URI"), u"http://ns.example.com/cam/");
     EXPECT_EQ(Text(Child(*cam, u"hero")), u"true");
     const xercesc::DOMElement* keywords = Child(*minimum, u"keywords");
