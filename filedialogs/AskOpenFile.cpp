@@ -13,6 +13,7 @@
 #include "AppFrame/PlayerControl.h"
 #include "AppFrame/Workspace.h"
 #include "fluxui/ui/UI_NodeManager.h"
+#include "AppFrame/Application.h"
 
 namespace IGD {
 namespace {
@@ -20,7 +21,11 @@ namespace {
 // Hosts of this kind run their own modal state around our dialogs.
 constexpr int kHostKindManagingItsWindows = 8;
 
+// The application's window, or, in a host without an application object, the workspace's.
 fluxui::ui::OS_Window* MainWindow() {
+    if (AppFrame::Application* application = AppFrame::Application::Instance())
+        if (fluxui::ui::OS_Window* window = application->GetMainWindow())
+            return window;
     AppFrame::Workspace* workspace = AppFrame::Workspace::Instance();
     return workspace && workspace->GetPtr() ? workspace->GetPtr()->GetMainTopLevelWindow() : nullptr;
 }

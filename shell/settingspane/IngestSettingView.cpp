@@ -1,9 +1,7 @@
 #include "shell/settingspane/IngestSettingView.h"
 
-#include <atomic>
-#include <string>
-
 #include "AppFrame/ColorManager.h"
+#include "Fnd/StationRegistry.h"
 #include "host/HostKind.h"
 
 namespace IGD {
@@ -18,16 +16,10 @@ constexpr float kTopMargin = 6.0f;
 constexpr float kBarReserve = 60.0f;
 constexpr float kBarHeight = 40.0f;
 
-// The foundation has no registry of stations; a name no other view takes does the same.
-Fnd::StationID NewUniqueStation() {
-    static std::atomic<unsigned> next{0};
-    return Fnd::StationID("IngestSettingView-" + std::to_string(++next));
-}
-
 } // namespace
 
 IngestSettingView::IngestSettingView(fluxui::sketcher::SupplierInterface* supplier, fluxui::ui::UI_Dialog* dialog)
-    : supplier_(supplier), dialog_(dialog), station_(NewUniqueStation()) {}
+    : supplier_(supplier), dialog_(dialog), station_(Fnd::StationRegistry::RegisterUniqueStation("IngestSettingView")) {}
 
 void IngestSettingView::Build(bool withBar) {
     containerView_ = new IngestSettingsContainerView(supplier_);

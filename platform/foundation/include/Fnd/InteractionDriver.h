@@ -62,6 +62,12 @@ public:
     // Returns when the session has a close requested. A driver that cannot show windows closes it
     // as the person would, so nothing is ever confirmed unasked.
     virtual void RunModal(IModalSession& session) { session.CloseByUser(); }
+    // A modal run that the caller drives in its own loop: Begin shows the window, each During lets
+    // the person (and the run loop) act once without waiting, End takes the window away. A driver
+    // that cannot show windows closes the session at its first turn, as the person would.
+    virtual void BeginModal(IModalSession& session) {}
+    virtual void ModalDuring(IModalSession& session) { session.CloseByUser(); }
+    virtual void EndModal(IModalSession& session) {}
     // True with the chosen folder; false when cancelled.
     virtual bool AskFolder(const FolderQuestion& question, WString& chosen) { return false; }
     // Shows the file in the desktop's file manager (Fnd/FileManager.h); nothing is asked.

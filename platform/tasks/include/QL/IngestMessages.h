@@ -5,6 +5,7 @@
 #include "Fnd/Listener.h"
 #include "Fnd/Message.h"
 #include "Fnd/WString.h"
+#include "QL/MetadataFieldSet.h"
 #include "fluxcore/Guid.h"
 
 namespace QL {
@@ -43,6 +44,16 @@ struct UpdateTargetBinMessage : Fnd::MessageT<UpdateTargetBinMessage> {
     fluxcore::utility::Guid requestOne;
     fluxcore::utility::Guid requestTwo;
     Fnd::WString binName;
+};
+
+// The minimum metadata step is over, with or without a panel: the dialog goes on only on success,
+// with what the panel answered.
+struct MiniMetadataFinishedMessage : Fnd::MessageT<MiniMetadataFinishedMessage> {
+    static constexpr std::string_view kTypeName = "QL::MiniMetadataFinishedMessage";
+    MiniMetadataFinishedMessage() = default;
+    MiniMetadataFinishedMessage(bool ok, MinimumMetadataResult answer) : success(ok), result(std::move(answer)) {}
+    bool success = false;
+    MinimumMetadataResult result;
 };
 
 } // namespace QL

@@ -20,6 +20,31 @@ int OS_Dialog::RunModal() {
     return response_;
 }
 
+void OS_Dialog::BeginModal() {
+    if (running_)
+        throw std::logic_error("OS_Dialog::BeginModal: the dialog is running already");
+    running_ = true;
+    closeRequested_ = false;
+    try {
+        Fnd::GetInteractionDriver().BeginModal(*this);
+    } catch (...) {
+        running_ = false;
+        throw;
+    }
+}
+
+void OS_Dialog::ModalDuring() {
+    if (running_ && !closeRequested_)
+        Fnd::GetInteractionDriver().ModalDuring(*this);
+}
+
+void OS_Dialog::EndModal() {
+    if (!running_)
+        return;
+    running_ = false;
+    Fnd::GetInteractionDriver().EndModal(*this);
+}
+
 void OS_Dialog::PostClose() {
     if (closeRequested_)
         return;

@@ -15,6 +15,11 @@ public:
     virtual int RunModal();
     // Asks the loop to end at its next turn.
     void PostClose();
+    // The same run, turned by the caller: Begin, then During at each turn of the caller's loop until
+    // a close is requested, then End. Begin throws when a run is going on.
+    void BeginModal();
+    void ModalDuring();
+    void EndModal();
     bool IsRunningModal() const { return running_; }
 
     void SetMinimumSize(fluxcore::geom::PointI size);
