@@ -91,13 +91,5 @@ TEST(MinimumMetadataAnswerTest, AnUnreadableDocumentOrAMisplacedHolderAddsNothin
     }
 }
 
-TEST(MinimumMetadataAnswerTest, ReadingAddsToWhatTheResultHolds) {
-    QL::MinimumMetadataResult result;
-    result.keywords.insert(u"earlier");
-    ReadMinimumMetadataAnswer(u"<a><minimumMetadata><keywords><keyword>later</keyword></keywords></minimumMetadata></a>",
-                              result);
-    EXPECT_EQ(result.keywords, (std::set<Fnd::WString>{u"earlier", u"later"}));
-}
-
 } // namespace
 } // namespace igd::test

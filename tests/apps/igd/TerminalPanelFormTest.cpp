@@ -1,5 +1,5 @@
-// A panel's form worked on the terminal: given values first, the rest asked, required ones until
-// answered, and OK pressed only when the form is complete.
+// A panel's form worked on a terminal: given values first, the rest asked, required ones until
+// answered. Without a terminal the refusal is proven through igd itself (IngestPanelCommandTest).
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -58,29 +58,6 @@ TEST(TerminalPanelForm, OnATerminalWhatIsNotGivenIsAskedAndARequiredFieldUntilAn
     EXPECT_NE(out.str().find("Production is required."), std::string::npos) << out.str();
     EXPECT_NE(out.str().find("Please answer y or n."), std::string::npos);
     EXPECT_EQ(out.str().find("Scene"), std::string::npos) << "a given value is not asked again";
-}
-
-TEST(TerminalPanelForm, WithoutATerminalGivenValuesSufficeOrTheMissingOnesAreNamedAndThePanelCancelled) {
-    {
-        Form form;
-        std::istringstream in;
-        std::ostringstream out;
-        EXPECT_TRUE(WorkPanelOnTerminal(*form.window, {{"production", "P"}, {"applyToAllDestinations", "false"}}, in,
-                                        out, false));
-        EXPECT_EQ(form.pressed, "ok");
-        EXPECT_FALSE(form.applyAll->IsChecked());
-        EXPECT_EQ(out.str(), "");
-    }
-    for (const PanelValues& values : {PanelValues{}, PanelValues{{"production", ""}}}) {
-        Form form;
-        std::istringstream in("typed but never read\n");
-        std::ostringstream out;
-        EXPECT_FALSE(WorkPanelOnTerminal(*form.window, values, in, out, false));
-        EXPECT_EQ(form.pressed, "cancel");
-        EXPECT_NE(out.str().find("the panel \"Shoot\" needs Production (production)"), std::string::npos)
-            << out.str();
-        EXPECT_EQ(form.Value("production"), u"");
-    }
 }
 
 } // namespace
