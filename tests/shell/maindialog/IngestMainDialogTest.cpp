@@ -287,17 +287,6 @@ TEST_F(MainDialogTest, AFinishedIngestAdvancesTheRenameCounterByItsItems) {
     EXPECT_EQ(IngestSettingsController::GetInstance()->GetUserDefAutoIncStartNumber(), 10u);
 }
 
-TEST_F(MainDialogTest, CancelIsTheOnlyResponseThatSubmitsNothing) {
-    Open([&](IngestMainDialog& dialog) {
-        Tick(dialog, {0});
-        UseDestinations({"out"});
-        dialog.GetSettingView()->GetControlView()->GetCancelButton()->Press();
-    });
-    EXPECT_FALSE(stayedOpen);
-    EXPECT_TRUE(tasks->Tasks().empty());
-    EXPECT_TRUE(starts.empty());
-}
-
 TEST_F(MainDialogTest, CancelWhileATemplateIsEditedAsksAndNoKeepsEverything) {
     Open([&](IngestMainDialog& dialog) {
         IngestSettingsController::GetInstance()->SetEnableRenameTemplate(true);
