@@ -30,6 +30,10 @@ public:
     const QL::MinimumMetadataResult& GetResult() const { return result_; }
     bool IsCancelled() const { return cancelled_; }
 
+protected:
+    // Return belongs to the panel's fields: it must not close the dialog.
+    bool OnReturnKey() override { return true; }
+
 private:
     void OnStageEvent(std::int32_t code, std::int32_t stageID);
     void OnPanelbusEvent(const Fnd::WString& type, const Fnd::WString& data);

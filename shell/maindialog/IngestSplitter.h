@@ -10,6 +10,10 @@ public:
     using UI_SplitterView::UI_SplitterView;
     const char* UI_GetClassName() const override { return "IngestSplitter"; }
     void UI_Draw(fluxui::sketcher::Sketcher& sketcher) override;
+
+private:
+    // The application has one skin.
+    static constexpr int kCurrentSkin = 0;
 };
 
 } // namespace IGD

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "Fnd/RunLoop.h"
+
 namespace igd::test {
 
 void ScriptedInteractionDriver::QueueExistingPathAnswer(int action, bool applyToAll) {
@@ -54,6 +56,21 @@ void ScriptedInteractionDriver::RunModal(Fnd::IModalSession& session) {
         ADD_FAILURE() << "the scripted work left \"" << Fnd::ToUTF8(session.ModalTitle()) << "\" open";
         session.CloseByUser();
     }
+}
+
+void ScriptedInteractionDriver::ModalDuring(Fnd::IModalSession& session) {
+    Fnd::GetDefaultQueue().Drain();
+    if (session.IsCloseRequested())
+        return;
+    if (modalTurns_.empty()) {
+        ADD_FAILURE() << "unscripted modal turn of \"" << Fnd::ToUTF8(session.ModalTitle()) << "\"";
+        session.CloseByUser();
+        return;
+    }
+    const auto action = std::move(modalTurns_.front());
+    modalTurns_.pop_front();
+    action(session);
+    Fnd::GetDefaultQueue().Drain();
 }
 
 bool ScriptedInteractionDriver::AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) {

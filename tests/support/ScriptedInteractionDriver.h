@@ -38,11 +38,21 @@ public:
     // The next modal run is worked by this function, as the person would work the window (type,
     // press OK); the session is the toolkit dialog being run, to be cast to its class.
     void QueueModal(std::function<void(Fnd::IModalSession&)> work) { modalWork_.push_back(std::move(work)); }
+    // The next turn of a caller-turned modal run (BeginModal, ModalDuring..., EndModal) is worked by
+    // this function, e.g. fill a panel's fields and press its OK (support/PanelTurns.h). Each turn
+    // first and last lets the run loop through, so what the window posted is heard in the same
+    // turn; a turn with nothing queued, while the window is still open, is a failure and closes it.
+    void QueueModalTurn(std::function<void(Fnd::IModalSession&)> action) {
+        modalTurns_.push_back(std::move(action));
+    }
 
     int AskMessageBox(const Fnd::MessageBoxRequest& request) override;
     Fnd::ExistingPathAnswer AskExistingPath(const Fnd::ExistingPathQuestion& question) override;
     // A modal run without queued work is a failure, and cancelled.
     void RunModal(Fnd::IModalSession& session) override;
+    void BeginModal(Fnd::IModalSession& session) override { ++modalBegins_; }
+    void ModalDuring(Fnd::IModalSession& session) override;
+    void EndModal(Fnd::IModalSession& session) override { ++modalEnds_; }
     bool AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) override;
     // Recorded, never shown: a test must not open the desktop's file manager.
     void RevealFile(const Fnd::WString& path) override { reveals_.push_back(path); }
@@ -52,10 +62,14 @@ public:
     const std::vector<Fnd::ExistingPathQuestion>& ExistingPathQuestions() const { return existingPaths_; }
     const std::vector<Fnd::FolderQuestion>& FolderQuestions() const { return folders_; }
     const std::vector<Fnd::WString>& Reveals() const { return reveals_; }
+    // Caller-turned modal runs begun and ended.
+    int ModalBegins() const { return modalBegins_; }
+    int ModalEnds() const { return modalEnds_; }
 
     // Answers queued and not asked for yet.
     std::size_t UnusedAnswers() const {
-        return boxAnswers_.size() + existingPathAnswers_.size() + folderAnswers_.size() + modalWork_.size();
+        return boxAnswers_.size() + existingPathAnswers_.size() + folderAnswers_.size() + modalWork_.size() +
+               modalTurns_.size();
     }
 
 private:
@@ -67,6 +81,9 @@ private:
     std::vector<Fnd::FolderQuestion> folders_;
     std::vector<Fnd::WString> reveals_;
     std::deque<std::function<void(Fnd::IModalSession&)>> modalWork_;
+    std::deque<std::function<void(Fnd::IModalSession&)>> modalTurns_;
+    int modalBegins_ = 0;
+    int modalEnds_ = 0;
 };
 
 // Installs a fresh ScriptedInteractionDriver for its lifetime and then restores the default

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 
+#include "fluxcore/geom/Matrix.h"
 #include "fluxui/ui/UI_Node.h"
 
 namespace fluxui::ui {
@@ -26,6 +27,10 @@ public:
     // The window with the handle, null if it is gone.
     static OS_Window* UI_GetWindow(PlatformWindow handle);
     float GetViewScaleFactor() const { return scale_; }
+    // Maps the content's units into the client area; identity unless the host zooms a window's
+    // content. Views sized from the client area map back through its inverse.
+    const fluxcore::geom::MatrixF& UI_GetContentMatrix() const { return contentMatrix_; }
+    void UI_SetContentMatrix(const fluxcore::geom::MatrixF& matrix) { contentMatrix_ = matrix; }
     void SetViewScaleFactor(float scale) { scale_ = scale; }
 
     void SetTitle(const Fnd::WString& title);
@@ -45,6 +50,7 @@ private:
     fluxcore::geom::RectI structure_;
     int titleBarHeight_ = 0;
     float scale_ = 1.0f;
+    fluxcore::geom::MatrixF contentMatrix_;
     PlatformWindow handle_;
 };
 

@@ -10,14 +10,24 @@ UI_Dialog::UI_Dialog(sketcher::SupplierInterface* supplier, Fnd::WString title, 
 
 int UI_Dialog::RunModal() {
     const int response = OS_Dialog::RunModal();
+    RunPostCloseCallback(response);
+    return response;
+}
+
+void UI_Dialog::RunPostCloseCallback(int response) {
+    // A copy: the callback may set another one, or drop the dialog's hold on itself.
     const PostCloseFunctionPtr function = postClose_;
     if (function && *function)
         (*function)(response);
-    return response;
 }
 
 void UI_Dialog::DefaultCloseCancel() {
     SetResponse(kDialogResponseCancel);
+    PostClose();
+}
+
+void UI_Dialog::DefaultCloseOk() {
+    SetResponse(kDialogResponseOK);
     PostClose();
 }
 
@@ -36,13 +46,17 @@ bool UI_Dialog::UI_DoKeyboardEvent(UI_Node* target, const KeyboardEvent& event) 
         PressCancel();
         return true;
     }
-    if (event.key == Key::Return) {
-        if (controls::UI_Button* button = FindDefaultButton(*this)) {
-            button->Press();
-            return true;
-        }
-    }
+    if (event.key == Key::Return)
+        return OnReturnKey();
     return false;
+}
+
+bool UI_Dialog::OnReturnKey() {
+    controls::UI_Button* button = FindDefaultButton(*this);
+    if (!button)
+        return false;
+    button->Press();
+    return true;
 }
 
 void UI_Dialog::CloseByUser() {

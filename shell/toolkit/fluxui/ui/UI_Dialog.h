@@ -29,6 +29,8 @@ public:
     int GetResponse() const { return response_; }
     // Ends the dialog as cancelled.
     virtual void DefaultCloseCancel();
+    // Ends the dialog as confirmed (response 1).
+    virtual void DefaultCloseOk();
     void SetPostCloseCallback(PostCloseFunctionPtr function) { postClose_ = std::move(function); }
     void SetPostCloseCallback(PostCloseFunction function) {
         postClose_ = std::make_shared<PostCloseFunction>(std::move(function));
@@ -39,6 +41,13 @@ public:
 
     bool UI_DoKeyboardEvent(UI_Node* target, const KeyboardEvent& event) override;
     void CloseByUser() override;
+
+protected:
+    // Return pressed anywhere in the dialog: presses the default button. Answers whether the key
+    // was taken.
+    virtual bool OnReturnKey();
+    // What RunModal does once the run is over; a dialog that turns its own modal run calls it.
+    void RunPostCloseCallback(int response);
 
 private:
     void PressCancel();
