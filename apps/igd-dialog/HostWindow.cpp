@@ -69,7 +69,7 @@ HostWindow::HostWindow(std::string projectPath)
     column->addLayout(bar);
     column->addWidget(outcome_);
     setCentralWidget(content);
-    resize(900, 600);
+    resize(1280, 800);
 
     AppFrame::Workspace::Install(std::make_shared<fluxworkspace::workspace::Workspace>(&standIn));
     AppFrame::Application::Install(std::make_shared<HostApplication>(standIn));

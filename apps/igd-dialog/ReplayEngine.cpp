@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
 #include <QMessageBox>
@@ -63,7 +64,7 @@ ReplayEngine::Front ReplayEngine::FindFront() const {
         return {host_.tree ? host_.tree() : nullptr, host_.widget ? host_.widget() : nullptr, false};
     if (auto* dialog = dynamic_cast<qt::ToolkitDialog*>(modal))
         return {&dialog->Presenter().RootNode(), dialog, false};
-    return {nullptr, modal, qobject_cast<QMessageBox*>(modal) != nullptr};
+    return {nullptr, modal, qobject_cast<QMessageBox*>(modal) != nullptr, qobject_cast<QFileDialog*>(modal) != nullptr};
 }
 
 bool ReplayEngine::Settled() {
@@ -132,6 +133,9 @@ void ReplayEngine::Tick() {
         case StepKind::Answer:
             Answer(step, front);
             break;
+        case StepKind::Choose:
+            Choose(step, front);
+            break;
         case StepKind::Dump:
             if (front.tree)
                 for (const std::string& line : DescribeControls(*front.tree))
@@ -154,14 +158,21 @@ void ReplayEngine::Tick() {
 
 bool ReplayEngine::StepReady(const ReplayStep& step, const Front& front) {
     const bool wantsBox = step.kind == StepKind::Answer;
+    const bool wantsFileDialog = step.kind == StepKind::Choose;
     const bool anyWindow = step.kind == StepKind::Screenshot || step.kind == StepKind::Quit;
-    if (wantsBox && !front.isBox) {
+    if ((wantsBox && !front.isBox) || (wantsFileDialog && !front.isFileDialog)) {
         if (stepClock_.elapsed() > options_.boxLimitMs)
-            Fail(step, "no message box came; in front is \"" + WindowTitle(front.widget) + "\"");
+            Fail(step, std::string("no ") + (wantsBox ? "message box" : "file dialog") + " came; in front is \"" +
+                           WindowTitle(front.widget) + "\"");
         return false;
     }
-    if (wantsBox || anyWindow)
+    if (wantsBox || wantsFileDialog || anyWindow)
         return true;
+    if (front.isFileDialog) {
+        if (settledClock_.elapsed() > options_.controlLimitMs)
+            Fail(step, "a file dialog is in the way: \"" + WindowTitle(front.widget) + "\"");
+        return false;
+    }
     if (front.isBox) {
         // A box in front of a step that works a control: the person must answer it first.
         if (settledClock_.elapsed() > options_.controlLimitMs) {
@@ -268,6 +279,20 @@ void ReplayEngine::Answer(const ReplayStep& step, const Front& front) {
         offered += (offered.empty() ? "" : ", ") + ButtonText(*button);
     }
     Fail(step, "the box \"" + box->text().toStdString() + "\" has no button \"" + step.text + "\", only " + offered);
+}
+
+void ReplayEngine::Choose(const ReplayStep& step, const Front& front) {
+    auto* dialog = static_cast<QFileDialog*>(front.widget);
+    const QString path = QDir::cleanPath(QDir::current().absoluteFilePath(QString::fromStdString(step.text)));
+    // A folder is chosen by going into it, as the person does before pressing Choose.
+    if (dialog->fileMode() == QFileDialog::Directory)
+        dialog->setDirectory(path);
+    else
+        dialog->selectFile(path);
+    // What the person's Return does: the dialog's own acceptance, which checks the choice.
+    QMetaObject::invokeMethod(dialog, "accept", Qt::DirectConnection);
+    if (dialog->isVisible())
+        Fail(step, "the file dialog \"" + WindowTitle(dialog) + "\" did not take " + path.toStdString());
 }
 
 void ReplayEngine::Fail(const ReplayStep& step, const std::string& message) {

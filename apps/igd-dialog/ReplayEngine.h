@@ -62,6 +62,7 @@ private:
         fluxui::ui::UI_Node* tree = nullptr;
         QWidget* widget = nullptr;
         bool isBox = false;
+        bool isFileDialog = false;
     };
 
     void Tick();
@@ -73,6 +74,7 @@ private:
     void Act(const ReplayStep& step);
     void Screenshot(const ReplayStep& step, const Front& front);
     void Answer(const ReplayStep& step, const Front& front);
+    void Choose(const ReplayStep& step, const Front& front);
     void Fail(const ReplayStep& step, const std::string& message);
     void Finish(int status);
     Front FindFront() const;

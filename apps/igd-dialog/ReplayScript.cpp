@@ -18,7 +18,7 @@ struct StepSpec {
     Words words;
 };
 
-constexpr std::array<StepSpec, 12> kSteps{{
+constexpr std::array<StepSpec, 13> kSteps{{
     {StepKind::Ingest, "ingest", Words::None},
     {StepKind::Browse, "browse", Words::Rest},
     {StepKind::Tick, "tick", Words::Rest},
@@ -27,6 +27,7 @@ constexpr std::array<StepSpec, 12> kSteps{{
     {StepKind::Set, "set", Words::ControlAndRest},
     {StepKind::Type, "type", Words::ControlAndRest},
     {StepKind::Answer, "answer", Words::Rest},
+    {StepKind::Choose, "choose", Words::Rest},
     {StepKind::Screenshot, "screenshot", Words::Rest},
     {StepKind::WaitBatch, "wait-batch", Words::None},
     {StepKind::Dump, "dump", Words::None},

@@ -16,6 +16,7 @@ enum class StepKind {
     Set,        // give control ID the value: text, number, popup row text, checkbox on or off
     Type,       // type TEXT into the text edit ID, a key at a time
     Answer,     // press the button of that text in the next message box
+    Choose,     // choose PATH in the next file or folder dialog
     Screenshot, // write the window in front to FILE
     WaitBatch,  // until the batch that was started has ended; fails if anything failed
     Dump,       // print the controls of the window in front, for whoever writes a replay
