@@ -139,7 +139,8 @@ void TypeIntoControl(UI_Node& control, const std::string& reference, const std::
     RequireEnabled(control, reference);
     edit->UI_GainKeyboardFocus();
     const Fnd::WString wide = Fnd::FromUTF8(text);
-    Fnd::WString typed = edit->GetValue();
+    // The person selects what the field holds and types over it.
+    Fnd::WString typed;
     for (char16_t key : wide) {
         typed.push_back(key);
         edit->TypeText(typed);

@@ -30,7 +30,7 @@ void PressControl(fluxui::ui::UI_Node& control, const std::string& reference);
 // A checkbox takes on or off, a popup the text of one of its rows, a text or number edit the
 // text, committed as when the person leaves the field.
 void SetControl(fluxui::ui::UI_Node& control, const std::string& reference, const std::string& value);
-// Typed into a text edit one key at a time, then committed.
+// Typed over what a text edit holds, one key at a time, then committed.
 void TypeIntoControl(fluxui::ui::UI_Node& control, const std::string& reference, const std::string& text);
 // Ticks or unticks the shown row whose name, or file name, is name.
 void TickRow(fluxmediabrowser::MediaBrowserView& browser, const std::string& name, bool tick);
