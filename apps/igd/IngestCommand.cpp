@@ -48,14 +48,15 @@ struct IngestOptions {
     std::string bin;
     std::string onConflict = "ask";
     std::string stitch;
+    std::vector<std::string> panelValues;
     bool json = false;
 };
 
 // Restores the default driver, which cancels every question, when the command ends.
 struct TerminalQuestions {
-    explicit TerminalQuestions(const std::string& onConflict) {
+    TerminalQuestions(const std::string& onConflict, PanelValues panelValues) {
         Fnd::SetInteractionDriver(std::make_shared<TerminalInteractionDriver>(
-            std::cin, std::cerr, isatty(STDIN_FILENO) != 0, ConflictActionOf(onConflict)));
+            std::cin, std::cerr, isatty(STDIN_FILENO) != 0, ConflictActionOf(onConflict), std::move(panelValues)));
     }
     ~TerminalQuestions() { Fnd::SetInteractionDriver(nullptr); }
 };
@@ -166,14 +167,28 @@ int RunIngest(const IngestOptions& options) {
     run.bin = Fnd::FromUTF8(options.bin);
     run.json = options.json;
     run.setAsideUnreadableJournal = true;
-    const TerminalQuestions questions(options.onConflict);
+    PanelValues panelValues;
+    for (const std::string& value : options.panelValues) {
+        const std::size_t equals = value.find('=');
+        if (equals == std::string::npos || equals == 0) {
+            std::cerr << "igd: --panel takes KEY=VALUE, not \"" << value << "\"\n";
+            return kExitBadInput;
+        }
+        panelValues[value.substr(0, equals)] = value.substr(equals + 1);
+    }
+    const TerminalQuestions questions(options.onConflict, std::move(panelValues));
     std::vector<IGD::IngestDialogDataRef> sessions = IGD::GatherIngestSources(IGD::DistinctIngestSources(sources));
     const bool clipsLeftOut = ReportRefusedCardFiles("igd ingest");
     // With nothing gathered the handler still runs once, to say so as the dialog would.
     if (sessions.empty())
         sessions.push_back(IGD::IngestDialogDataRef::Query(IGD::CreateIngestDialogData()));
     IGD::ApplyIngestChoices(sessions, choices);
-    if (!IGD::CheckIngestSessions(sessions, Fnd::Date::Now()) || !IGD::CompleteIngestSessions(sessions)) {
+    if (!IGD::CheckIngestSessions(sessions, Fnd::Date::Now())) {
+        RemoveMadeFolders(made);
+        return kExitFailure;
+    }
+    const std::optional<QL::MinimumMetadataResult> minimumMetadata = IGD::AskMinimumMetadata(sessions);
+    if (!minimumMetadata || !IGD::CompleteIngestSessions(sessions, *minimumMetadata)) {
         RemoveMadeFolders(made);
         return kExitFailure;
     }
@@ -223,6 +238,10 @@ void RegisterIngestCommands(CLI::App& app, CommandTable& table) {
         "it, the stored template when renaming is on in the stored settings");
     command->add_option("--metadata-preset", options->metadataPreset,
                         "write the values of this metadata template into each clip's XMP");
+    command->add_option("--panel", options->panelValues,
+                        "KEY=VALUE: a field of the site's minimum-metadata panel (keys as the form names them, "
+                        "e.g. production, keywords as a comma-separated list, applyToAllDestinations as true or "
+                        "false); repeat for more; the rest is asked on a terminal");
     command->add_option("--set", options->values,
                         "KEY=VALUE: the value of the template field with that key; repeat for more");
     command

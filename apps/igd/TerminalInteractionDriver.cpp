@@ -2,7 +2,9 @@
 
 #include <string>
 
+#include "Fnd/RunLoop.h"
 #include "QL/CopySetting.h"
+#include "fluxui/ui/OS_Dialog.h"
 
 namespace igd {
 
@@ -63,6 +65,23 @@ TerminalInteractionDriver::AskExistingPath(const Fnd::ExistingPathQuestion& ques
     }
     answer.proceed = true;
     return answer;
+}
+
+void TerminalInteractionDriver::ModalDuring(Fnd::IModalSession& session) {
+    Fnd::GetDefaultQueue().Drain();
+    if (session.IsCloseRequested())
+        return;
+    auto* window =
+        dynamic_cast<fluxui::ui::OS_Dialog*>(fluxui::ui::OS_Window::UI_GetWindow(session.ModalPlatformWindow()));
+    if (!window || unworked_ != &session) {
+        // Nothing the terminal can show, or a form already worked that did not end: closed as the
+        // person would close it.
+        session.CloseByUser();
+        return;
+    }
+    unworked_ = nullptr;
+    WorkPanelOnTerminal(*window, panelValues_, in_, out_, interactive_);
+    Fnd::GetDefaultQueue().Drain();
 }
 
 } // namespace igd

@@ -69,6 +69,14 @@ IGD_EXPORT PresetRef StoredRenameTemplate();
 // items numbered across all of them. False after one box when the ingest must not go on.
 IGD_EXPORT bool CheckIngestSessions(const std::vector<IngestDialogDataRef>& sessions, Fnd::Date now);
 
+// The minimum metadata of the site's panel, asked for the sessions' items (full paths, in order)
+// between the checks and the completion. Waits for the panel's answer, draining the default run
+// loop (a modeless panel until it answers or is unloaded). Answers nothing when the ingest must not
+// go on: the panel was cancelled, closed without an answer, or went away; an empty result when no
+// panel is asked for.
+IGD_EXPORT std::optional<QL::MinimumMetadataResult>
+AskMinimumMetadata(const std::vector<IngestDialogDataRef>& sessions);
+
 // After the minimum metadata is known: the custom data and the copy decisions go into every
 // session, and the stored start number of a custom counter moves on. False when the user gave up
 // at a target that exists; nothing is then submitted and the counter stays.

@@ -45,6 +45,9 @@ bool CanUseNativeDialogs() {
 
 } // namespace
 
+QtInteractionDriver::QtInteractionDriver(PictureSource pictures) : pictures_(pictures) {}
+QtInteractionDriver::~QtInteractionDriver() = default;
+
 QWidget* QtInteractionDriver::DialogParent() {
     if (QWidget* modal = QApplication::activeModalWidget())
         return modal;
@@ -127,6 +130,34 @@ void QtInteractionDriver::RunModal(Fnd::IModalSession& session) {
     }
     ToolkitDialog dialog(*window, DialogParent(), pictures_);
     dialog.RunUntilClosed();
+}
+
+void QtInteractionDriver::BeginModal(Fnd::IModalSession& session) {
+    auto* window = dynamic_cast<fluxui::ui::OS_Dialog*>(
+        fluxui::ui::OS_Window::UI_GetWindow(session.ModalPlatformWindow()));
+    if (!window)
+        return;
+    auto dialog = std::make_unique<ToolkitDialog>(*window, DialogParent(), pictures_);
+    dialog->ShowModal();
+    turned_[&session] = std::move(dialog);
+}
+
+void QtInteractionDriver::ModalDuring(Fnd::IModalSession& session) {
+    if (!turned_.count(&session)) {
+        // Nothing shown, so nobody can answer: closed as the person would close it.
+        session.CloseByUser();
+        return;
+    }
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
+
+void QtInteractionDriver::EndModal(Fnd::IModalSession& session) {
+    const auto found = turned_.find(&session);
+    if (found == turned_.end())
+        return;
+    const std::unique_ptr<ToolkitDialog> dialog = std::move(found->second);
+    turned_.erase(found);
+    dialog->End();
 }
 
 bool QtInteractionDriver::AskFolder(const Fnd::FolderQuestion& question, Fnd::WString& chosen) {

@@ -33,14 +33,22 @@ ToolkitDialog::~ToolkitDialog() = default;
 void ToolkitDialog::RunUntilClosed() {
     if (window_.IsCloseRequested())
         return;
-    show();
-    raise();
-    activateWindow();
+    ShowModal();
     QEventLoop loop;
     loop_ = &loop;
     if (!window_.IsCloseRequested())
         loop.exec(QEventLoop::DialogExec);
     loop_ = nullptr;
+    End();
+}
+
+void ToolkitDialog::ShowModal() {
+    show();
+    raise();
+    activateWindow();
+}
+
+void ToolkitDialog::End() {
     // Where the person left the window, title bar included, for the caller to remember.
     window_.SetTitleBarHeight(geometry().top() - frameGeometry().top());
     const QRect frame = frameGeometry();

@@ -210,12 +210,19 @@ TEST_F(DirectTest, GivingUpAnExistingFileQuestionEndsTheRequest) {
 TEST_F(DirectTest, DoIngestOneMediaTakesADirectFileAsASingleFileClipAndCalledAgainResubmitsIt) {
     auto session = NewSession();
     AddDestination(*session, "out", true);
+    // A host that asked for the minimum metadata itself puts it in the session; no panel is shown.
+    QL::IngestCustomData custom = session->GetCustomData();
+    custom.minimumMetadata.keywords.insert(u"beach");
+    custom.minimumMetadata.applyToAllDestinations = true;
+    session->SetCustomData(custom);
 
     const Guid first = IGD::DoIngestOneMedia(tree.Path("in/clip.MOV"), session, {}, true);
 
     ASSERT_EQ(session->GetSelectedItems().size(), 1u);
     ASSERT_EQ(Kinds(), KindList{TaskKind::Copy});
     EXPECT_EQ(tasks->Tasks()[0].batch, first);
+    EXPECT_EQ(tasks->Tasks()[0].customData.minimumMetadata.keywords, std::set<Fnd::WString>{u"beach"});
+    EXPECT_TRUE(tasks->Tasks()[0].customData.minimumMetadata.applyToAllDestinations);
     const Strings moves{"in/clip.MOV > out/clip.MOV", "in/clip.MOV.xmp > out/clip.MOV.xmp",
                         "in/clip.xmp > out/clip.xmp"};
     EXPECT_EQ(Moves(UnitAt(CopyAt(0))), moves);

@@ -18,6 +18,10 @@ public:
 
     // Shows the dialog and runs a nested event loop until the window has a close requested.
     void RunUntilClosed();
+    // The same run without the nested loop, for a caller that turns its own: Show, then End once
+    // the window has a close requested.
+    void ShowModal();
+    void End();
     NodePresenter& Presenter() const { return *presenter_; }
 
     // The window's close box: the toolkit decides, as for its own close box.
