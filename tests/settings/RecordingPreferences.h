@@ -39,6 +39,10 @@ public:
     // Writing this key throws, as a full disk would.
     std::string failing;
     std::vector<Call> calls;
+    // Values written to last until the process ends; a suite whose code writes such values says
+    // so, every other one fails on them.
+    bool allowSessionValues = false;
+    std::map<std::string, Proj::PreferenceData> sessionValues;
 
     std::vector<std::string> KeysOf(Op op) const {
         std::vector<std::string> keys;
@@ -58,6 +62,8 @@ public:
     void Refresh() override { calls.push_back({Op::kRefresh, {}}); }
     bool GetValue(const Proj::PreferenceKey& key, Proj::SerializeableValueBase& value) override {
         calls.push_back({Op::kGet, key.str()});
+        if (const auto session = sessionValues.find(key.str()); session != sessionValues.end())
+            return value.SetData(session->second);
         const auto found = values.find(key.str());
         return found != values.end() && value.SetData(found->second);
     }
@@ -66,8 +72,13 @@ public:
         calls.push_back({Op::kSet, key.str()});
         if (key.str() == failing)
             throw std::runtime_error("disk full");
-        if (!persistent)
+        if (!persistent && !allowSessionValues)
             throw std::logic_error("preferences are written persistent only");
+        if (!persistent) {
+            if (locked.count(key.str()) == 0)
+                sessionValues[key.str()] = value.GetData();
+            return;
+        }
         // Like the real store: a locked key keeps its value even when a caller forgets to ask.
         if (locked.count(key.str()) == 0)
             values[key.str()] = value.GetData();
