@@ -14,6 +14,7 @@
 #include "IgdQt/QtStrings.h"
 #include "IgdQt/ToolkitDialog.h"
 #include "ReplayControls.h"
+#include "WindowSupport.h"
 #include "fluxmediabrowser/MediaBrowserView.h"
 
 namespace igd::dialog {
@@ -22,17 +23,6 @@ namespace {
 constexpr int kTickMs = 20;
 // Round trips of the run loop with nothing left before them that make a view settled.
 constexpr int kQuietRounds = 2;
-
-// Every clip listed has been read; a sound-only clip has facts and no picture.
-bool BrowserSettled(fluxmediabrowser::MediaBrowserView& browser) {
-    const fluxmediabrowser::MediaBrowserModel& model = browser.GetModel();
-    if (model.IsListing())
-        return false;
-    for (const fluxmediabrowser::MediaEntry& entry : model.Entries())
-        if (!entry.folder && !entry.factsUnavailable && !entry.facts)
-            return false;
-    return true;
-}
 
 std::string ButtonText(const QAbstractButton& button) {
     return button.text().remove(QLatin1Char('&')).toStdString();
@@ -72,7 +62,7 @@ bool ReplayEngine::Settled() {
         if (markersPosted_ >= kQuietRounds) {
             const Front front = FindFront();
             fluxmediabrowser::MediaBrowserView* browser = front.tree ? FindMediaBrowser(*front.tree) : nullptr;
-            if (!browser || BrowserSettled(*browser))
+            if (!browser || BrowserSettled(browser->GetModel()))
                 return true;
         }
         ++markersPosted_;
