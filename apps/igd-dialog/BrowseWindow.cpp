@@ -18,21 +18,10 @@ namespace {
 constexpr float kPaneWidth = 1100.0f;
 constexpr float kPaneHeight = 720.0f;
 
-// Every clip listed has been read: its facts and thumbnail arrive together, and a sound-only clip
-// has facts and no picture.
-bool Settled(const fluxmediabrowser::MediaBrowserModel& model) {
-    if (model.IsListing())
-        return false;
-    for (const fluxmediabrowser::MediaEntry& entry : model.Entries())
-        if (!entry.folder && !entry.factsUnavailable && !entry.facts)
-            return false;
-    return true;
-}
-
 bool WaitUntilSettled(const fluxmediabrowser::MediaBrowserModel& model, int limitMilliseconds) {
     QElapsedTimer timer;
     timer.start();
-    while (!Settled(model)) {
+    while (!BrowserSettled(model)) {
         if (timer.elapsed() > limitMilliseconds)
             return false;
         QApplication::processEvents(QEventLoop::AllEvents, 20);

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <iostream>
 
+#include "HostSession.h"
 #include "IGD/SettingsPanePreview.h"
 #include "WindowSupport.h"
 
@@ -17,13 +18,20 @@ constexpr float kOpeningHeight = 640.0f;
 
 } // namespace
 
-int RunSettingsWindow(float width, float height, const QString& screenshotFile) {
+int RunSettingsWindow(float width, float height, const QString& screenshotFile, const std::vector<ReplayStep>& replay,
+                      const ReplayOptions& options) {
     const IGD::SettingsPanePreview preview = IGD::BuildSettingsPanePreview(kOpeningWidth, kOpeningHeight);
     PaneWindow paneWindow(preview.pane, QStringLiteral("Ingest: options"));
     QWidget* window = paneWindow.Widget();
     ProcessEventsFor(300);
     window->resize(static_cast<int>(width), static_cast<int>(height));
 
+    if (!replay.empty()) {
+        ReplayHost host;
+        host.tree = [&preview] { return preview.pane.get(); };
+        host.widget = [window] { return window; };
+        return RunReplay(replay, std::move(host), options);
+    }
     if (screenshotFile.isEmpty())
         return QApplication::exec();
     ProcessEventsFor(700);

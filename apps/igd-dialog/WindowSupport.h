@@ -11,6 +11,7 @@
 #include "IGD/LayoutPreview.h"
 #include "IgdQt/NodePresenter.h"
 #include "IgdQt/PictureSource.h"
+#include "fluxmediabrowser/MediaBrowserModel.h"
 #include "fluxui/ui/UI_Node.h"
 
 namespace igd::dialog {
@@ -48,6 +49,17 @@ private:
     qt::NodePresenter presenter_;
     FollowSize follow_;
 };
+
+// Every clip listed has been read: its facts and thumbnail arrive together, and a sound-only clip
+// has facts and no picture.
+inline bool BrowserSettled(const fluxmediabrowser::MediaBrowserModel& model) {
+    if (model.IsListing())
+        return false;
+    for (const fluxmediabrowser::MediaEntry& entry : model.Entries())
+        if (!entry.folder && !entry.factsUnavailable && !entry.facts)
+            return false;
+    return true;
+}
 
 inline void ProcessEventsFor(int milliseconds) {
     QElapsedTimer timer;

@@ -1,5 +1,8 @@
 // igd-dialog: the desktop host of the library's dialogs.
 //
+//     igd-dialog [--project FILE] [--replay FILE [--screenshot DIR]]
+//                                               a host window over the project, with an Ingest
+//                                               button; a replay drives it and its dialogs
 //     igd-dialog --gallery                      a window showing every layout, live
 //     igd-dialog --gallery --screenshot DIR     every layout rendered to DIR/<layout>.png
 //     igd-dialog --gallery --show ENTRY         the window, opened on one entry
@@ -8,6 +11,7 @@
 //     igd-dialog --settings [--width W] [--height H] [--screenshot FILE]
 //                                               the settings pane with its bar, every section open
 //     --vault [--vault-server NAME]             the project lives on a collaboration server
+//     --settings --replay FILE                  a replay of the settings window
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <cstdlib>
@@ -26,6 +30,7 @@
 #include "IGD/IngestDialogApi.h"
 #include "IgdQt/QtRunLoop.h"
 #include "BrowseWindow.h"
+#include "HostSession.h"
 #include "LayoutGallery.h"
 #include "SettingsWindow.h"
 #include "Mid/Project.h"
@@ -45,10 +50,13 @@ int main(int argc, char** argv) {
     bool settings = false;
     bool vault = false;
     std::string vaultServer;
+    std::string projectPath;
+    std::string replayPath;
     cli.add_flag("--gallery", gallery, "Open a window that shows each layout built from the archive");
     cli.add_option("--screenshot", screenshotDirectory,
                    "With --gallery: render each layout offscreen to DIR/<layout>.png and exit; with "
-                   "--browse or --settings: write the window to FILE once it has settled, and exit")
+                   "--browse or --settings: write the window to FILE once it has settled, and exit; with "
+                   "--replay: the folder of the replay's screenshots")
         ->type_name("DIR|FILE");
     auto* browseOption = cli.add_option("--browse", browsePath,
                                         "Open the media pane alone on PATH (your home folder when none)")
@@ -70,22 +78,48 @@ int main(int argc, char** argv) {
     cli.add_option("--vault-server", vaultServer, "The collaboration server logged in to (default: none)")
         ->type_name("NAME")
         ->envname("IGD_VAULT_SERVER");
+    cli.add_option("--project", projectPath, "The project the host window shows and ingests into (default: "
+                                             "$IGD_HOME/project.igdproj, created when absent)")
+        ->type_name("FILE");
+    cli.add_option("--replay", replayPath,
+                   "Drive the host window, or the --settings window, and their dialogs by the steps of FILE")
+        ->type_name("FILE");
     CLI11_PARSE(cli, argc, argv);
     browse = browseOption->count() > 0;
-    if (int(gallery) + int(browse) + int(settings) != 1) {
-        std::cerr << "igd-dialog: open one of --gallery, --browse or --settings\n" << cli.help();
+    if (int(gallery) + int(browse) + int(settings) > 1) {
+        std::cerr << "igd-dialog: open at most one of --gallery, --browse or --settings\n" << cli.help();
         return 2;
     }
+    const bool host = !gallery && !browse && !settings;
+    if (!replayPath.empty() && !host && !settings) {
+        std::cerr << "igd-dialog: --replay drives the host window or the --settings window\n";
+        return 2;
+    }
+    std::vector<igd::dialog::ReplayStep> replay;
+    if (!replayPath.empty()) {
+        try {
+            replay = igd::dialog::ReadReplayScript(replayPath);
+        } catch (const igd::dialog::ReplayScriptError& error) {
+            std::cerr << "igd-dialog: " << replayPath << ": " << error.what() << "\n";
+            return 2;
+        }
+    }
+    if (projectPath.empty())
+        projectPath = Proj::DefaultProjectPath();
+    igd::dialog::ReplayOptions replayOptions;
+    if (!replay.empty())
+        replayOptions.screenshotFolder = QString::fromStdString(screenshotDirectory);
 
     // Gallery screenshots need no display; offscreen, they come out the same on every machine. The
     // browse window's screenshot is taken on the display it runs on, a real X server under xvfb-run.
     if (gallery && !screenshotDirectory.empty())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    AppFrame::DocumentManager::SetInstance(std::make_shared<AppFrame::FixedDocumentManager>(vault));
+    AppFrame::DocumentManager::SetInstance(
+        std::make_shared<AppFrame::FixedDocumentManager>(vault, Fnd::FromUTF8(projectPath)));
     if (!vaultServer.empty())
         VaultClient::IVaultCDataServer::SetLoggedInServer(VaultClient::MakeNamedServer(Fnd::FromUTF8(vaultServer)));
-    Mid::SetProject(Proj::MakeProjectOfFile(Proj::DefaultProjectPath()));
+    Mid::SetProject(Proj::MakeProjectOfFile(projectPath));
     QApplication::setApplicationName(QStringLiteral("igd-dialog"));
     igd::qt::ApplyDialogStyle(application);
     // The format and preset menus of transcoding destinations list what this FFmpeg can write.
@@ -107,8 +141,12 @@ int main(int argc, char** argv) {
     SetFileDialogFactory(std::make_shared<igd::qt::QtFileDialogFactory>());
 
     int status = 0;
-    if (settings) {
-        status = igd::dialog::RunSettingsWindow(width, height, QString::fromStdString(screenshotDirectory));
+    if (host) {
+        status = igd::dialog::RunHost(projectPath, replay, replayOptions);
+    } else if (settings) {
+        status = igd::dialog::RunSettingsWindow(width, height,
+                                                replay.empty() ? QString::fromStdString(screenshotDirectory) : QString(),
+                                                replay, replayOptions);
     } else if (browse) {
         const IGD::MediaPaneView view = browseView == "icons" ? IGD::MediaPaneView::Icons
                                         : browseView == "list" ? IGD::MediaPaneView::List
