@@ -5,7 +5,9 @@
 #include "Fnd/StationUtils.h"
 #include "IGD/IngestSequence.h"
 #include "IGD/MinimumMetadataApi.h"
+#include "Proj/PreferenceAccess.h"
 #include "QL/IngestMessages.h"
+#include "panels/ShowMinimumMetadataPanel.h"
 
 namespace IGD {
 namespace {
@@ -37,7 +39,11 @@ std::vector<Fnd::WString> ItemPaths(const std::vector<IngestDialogDataRef>& sess
 
 std::optional<QL::MinimumMetadataResult> AskMinimumMetadata(const std::vector<IngestDialogDataRef>& sessions) {
     FinishedListener listener;
-    const boost::intrusive_ptr<fluxui::ui::UI_Dialog> modeless = DoMinimumMetadataDialog(ItemPaths(sessions));
+    const boost::intrusive_ptr<fluxui::ui::UI_Dialog> modeless =
+        Proj::GetPreferences() ? DoMinimumMetadataDialog(ItemPaths(sessions))
+                               // A host running on defaults, its preferences unreadable, still asks: a
+                               // site that installed a panel wants its metadata.
+                               : ShowMinimumMetadataPanel(ItemPaths(sessions));
     Fnd::GetDefaultQueue().Drain();
     // A modeless panel answers on its own time; without a dialog to wait on, a modal one has
     // ended, and no message by now means it closed without an answer.

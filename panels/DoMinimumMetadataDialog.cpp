@@ -9,6 +9,7 @@
 #include "fluxcore/Guid.h"
 #include "panels/MinimumMetadataDialog.h"
 #include "panels/MinimumMetadataFinished.h"
+#include "panels/ShowMinimumMetadataPanel.h"
 #include "settings/SettingKeys.h"
 
 namespace IGD {
@@ -56,6 +57,10 @@ boost::intrusive_ptr<fluxui::ui::UI_Dialog> DoMinimumMetadataDialog(const std::v
         PostMinimumMetadataFinished(true, {});
         return {};
     }
+    return ShowMinimumMetadataPanel(filePaths);
+}
+
+boost::intrusive_ptr<fluxui::ui::UI_Dialog> ShowMinimumMetadataPanel(const std::vector<Fnd::WString>& filePaths) {
     PanelkitManager::IExtensionRef extension = FindMinimumMetadataExtension();
     if (!extension) {
         PostMinimumMetadataFinished(true, {});

@@ -23,7 +23,7 @@ namespace {
 
 // An installed library finds the shipped panels beside itself, wherever the prefix was moved; a
 // library in a build tree reads them from the source tree.
-std::string ShippedPanelsFolder() {
+std::string ShippedPanelsBesideLibrary() {
     Dl_info info{};
     if (dladdr(reinterpret_cast<void*>(&DefaultPanelFolders), &info) != 0 && info.dli_fname != nullptr) {
         std::error_code error;
@@ -146,9 +146,12 @@ PanelFolders DefaultPanelFolders() {
     const std::string sitePanels = Fnd::IgdHomeDirectory() + "/site/panels";
     folders.roots.push_back(std::filesystem::is_directory(sitePanels, error) ? sitePanels : "/etc/igd/panels");
     folders.roots.push_back(Fnd::IgdHomeDirectory() + "/panels");
-    const char* shipped = std::getenv("IGD_SHIPPED_PANELS");
-    folders.roots.push_back(shipped && *shipped ? shipped : ShippedPanelsFolder());
     return folders;
+}
+
+std::string ShippedPanelsFolder() {
+    const char* shipped = std::getenv("IGD_SHIPPED_PANELS");
+    return shipped && *shipped ? shipped : ShippedPanelsBesideLibrary();
 }
 
 std::shared_ptr<PanelHost> MakeLocalPanelHost(const PanelFolders& folders) {

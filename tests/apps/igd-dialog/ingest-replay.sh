@@ -14,7 +14,9 @@ mkdir -p "$work/Main" "$work/Backup" "$work/shots"
 export IGD_HOME="$work/home"
 unset QT_QPA_PLATFORM
 "$make_media" "$work/media" xavcs p2 --clips 3 >/dev/null
-"$igd" prefs set DLG.MinimumMetadataDialog.Enable true >/dev/null
+# The shipped metadata panel, turned on as a user turns it on.
+mkdir -p "$IGD_HOME/panels"
+cp -r "$here/../../../resources/panels/minimum-metadata" "$IGD_HOME/panels/"
 (cd "$work" && xvfb-run -a -s "-screen 0 1600x1000x24" "$dialog" --replay "$here/ingest.replay" --screenshot shots)
 
 fail() { echo "$*" >&2; exit 1; }

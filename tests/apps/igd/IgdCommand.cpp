@@ -15,9 +15,6 @@ void ExecIgd(const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
-    // The shipped minimum-metadata panel would refuse every ingest that names no production; a
-    // test that wants the shipped panels sets IGD_SHIPPED_PANELS to "" (the default folders).
-    ::setenv("IGD_SHIPPED_PANELS", "/nonexistent/igd-test-panels", 0);
     ::execv(IGD_BINARY, argv.data());
     ::_exit(127);
 }

@@ -14,9 +14,11 @@ constexpr char16_t kShoot[] = u"http://ns.igd.local/shoot/1.0/";
 
 class IngestPanelCommandTest : public IgdCommandTest {
 protected:
-    // The shipped panels, as an installed igd finds them.
-    IngestPanelCommandTest() { ::setenv("IGD_SHIPPED_PANELS", "", 1); }
-    ~IngestPanelCommandTest() override { ::unsetenv("IGD_SHIPPED_PANELS"); }
+    // The shipped panel, turned on as a user turns it on: copied into the user's panels.
+    IngestPanelCommandTest() {
+        std::filesystem::create_directories(home.Path() + "/panels");
+        std::filesystem::copy(IGD_SHIPPED_PANELS_SOURCE "/minimum-metadata", home.Path() + "/panels/minimum-metadata");
+    }
 
     Ran Ingest(std::vector<std::string> options) {
         MakeP2Card(/*withIcons=*/false);

@@ -12,7 +12,7 @@
 #include "IGD/MinimumMetadataApi.h"
 #include "IgdQt/QtInteractionDriver.h"
 #include "IgdQt/QtRunLoop.h"
-#include "PanelkitManager/PanelHost.h"
+#include "PanelkitManager/LocalPanelHost.h"
 #include "Proj/Backend.h"
 #include "Proj/PreferenceStore.h"
 #include "QL/IngestMessages.h"
@@ -37,7 +37,8 @@ TEST(MinimumMetadataQtTest, TheShippedPanelIsTypedIntoAndConfirmedInAModalWindow
     ScopedIgdHome home;
     Proj::ScopedBackend backend(Fnd::InterfaceRef<Proj::IPreferences>(
         Proj::PreferenceStore::Open(Proj::PreferenceStore::DefaultPath()).get()));
-    PanelkitManager::PanelHost::Install(nullptr);
+    PanelkitManager::PanelHost::Install(
+        PanelkitManager::MakeLocalPanelHost({{PanelkitManager::ShippedPanelsFolder()}}));
     auto loop = igd::qt::QtRunLoop::Install();
     Fnd::SetInteractionDriver(std::make_shared<igd::qt::QtInteractionDriver>());
     FinishedRecorder recorder;

@@ -17,7 +17,7 @@ namespace {
 TEST(PanelScreenshotTest, TheShippedPanelRendersWithEveryControlInside) {
     EnsureQtApplication();
     ScopedIgdHome home; // no panels of this machine's user
-    auto host = PanelkitManager::MakeLocalPanelHost(PanelkitManager::DefaultPanelFolders());
+    auto host = PanelkitManager::MakeLocalPanelHost({{PanelkitManager::ShippedPanelsFolder()}});
     PanelkitManager::IExtensionRef panel;
     for (std::size_t i = 0; i < host->GetNumExtensions() && !panel; ++i)
         if (host->GetExtensionByIndex(i)->GetExtensionID().find("minimumMetadata") != std::string::npos)

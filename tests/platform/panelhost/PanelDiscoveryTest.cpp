@@ -73,22 +73,24 @@ TEST(PanelDiscoveryTest, EachBrokenPanelIsSkippedWithOneLineNamingIt) {
         EXPECT_NE(errors.find(tree.NativePath("p/") + folder), std::string::npos) << folder;
 }
 
-TEST(PanelDiscoveryTest, DefaultFoldersAreSiteUserThenTheShippedMinimumMetadataPanel) {
+TEST(PanelDiscoveryTest, DefaultFoldersAreTheSiteThenTheUserAndNeverTheShippedOnes) {
     ScopedIgdHome home;
     home.MakeFile("site/panels/s/manifest.xml", Manifest("site.panel"));
     home.MakeFile("site/panels/s/form.xml", kForm);
     home.MakeFile("panels/u/manifest.xml", Manifest("user.panel"));
     home.MakeFile("panels/u/form.xml", kForm);
     const PanelFolders folders = DefaultPanelFolders();
-    ASSERT_EQ(folders.roots.size(), 3u);
+    ASSERT_EQ(folders.roots.size(), 2u);
     EXPECT_EQ(folders.roots[0], home.Path() + "/site/panels");
     EXPECT_EQ(folders.roots[1], home.Path() + "/panels");
     auto host = MakeLocalPanelHost(folders);
     const std::vector<std::string> ids = Ids(*host);
-    ASSERT_EQ(ids.size(), 3u);
+    ASSERT_EQ(ids.size(), 2u);
     EXPECT_EQ(ids[0], "site.panel");
     EXPECT_EQ(ids[1], "user.panel");
-    EXPECT_NE(ids[2].find(Fnd::ToUTF8(GetMinimumMetadataIDStr())), std::string::npos) << ids[2];
+    const std::vector<std::string> shipped = Ids(*MakeLocalPanelHost({{ShippedPanelsFolder()}}));
+    ASSERT_EQ(shipped.size(), 1u);
+    EXPECT_NE(shipped[0].find(Fnd::ToUTF8(GetMinimumMetadataIDStr())), std::string::npos) << shipped[0];
 }
 
 } // namespace

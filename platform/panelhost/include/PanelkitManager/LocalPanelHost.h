@@ -21,10 +21,14 @@ struct PanelFolders {
     std::vector<std::string> roots;
 };
 
-// The site's panels ($IGD_HOME/site/panels, else /etc/igd/panels), the user's ($IGD_HOME/panels),
-// then the shipped ones ($IGD_SHIPPED_PANELS, else beside the installed library, else the source
-// tree).
+// The site's panels ($IGD_HOME/site/panels, else /etc/igd/panels), then the user's
+// ($IGD_HOME/panels). A panel asks before every ingest, so none runs that a site or a user did not
+// put there: the shipped panels are copied into one of these folders to be used.
 PanelFolders DefaultPanelFolders();
+
+// Where the shipped panels are: $IGD_SHIPPED_PANELS, else share/igd/panels beside the installed
+// library, else the source tree's resources/panels.
+std::string ShippedPanelsFolder();
 
 // Reads the panels once. A panel that cannot be read is skipped with one line on stderr naming
 // its folder and why.
