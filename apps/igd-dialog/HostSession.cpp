@@ -51,7 +51,8 @@ int RunReplay(const std::vector<ReplayStep>& replay, ReplayHost host, const Repl
     return QApplication::exec();
 }
 
-int RunHost(const std::string& projectPath, const std::vector<ReplayStep>& replay, const ReplayOptions& options) {
+int RunHost(const std::string& projectPath, const Fnd::WString& defaultBin, const std::vector<ReplayStep>& replay,
+            const ReplayOptions& options) {
     std::unique_ptr<HostTaskService> tasks;
     try {
         tasks = std::make_unique<HostTaskService>(projectPath);
@@ -62,7 +63,7 @@ int RunHost(const std::string& projectPath, const std::vector<ReplayStep>& repla
     IGD::IngestDialogRegister();
     int status = 0;
     {
-        HostWindow window(projectPath);
+        HostWindow window(projectPath, defaultBin);
         window.show();
         window.activateWindow();
         if (replay.empty()) {

@@ -10,9 +10,10 @@
 
 namespace igd::dialog {
 
-// Runs the host window on the project file until it is closed, or until the replay ends when
+// Runs the host window on the project file (ingesting into defaultBin while no bin is chosen) until it is closed, or until the replay ends when
 // replay holds steps. Answers the exit status.
-int RunHost(const std::string& projectPath, const std::vector<ReplayStep>& replay, const ReplayOptions& options);
+int RunHost(const std::string& projectPath, const Fnd::WString& defaultBin, const std::vector<ReplayStep>& replay,
+            const ReplayOptions& options);
 
 // Runs the event loop under a replay of a window whose host is given, and answers 0 when every
 // step ran. A failure inside a modal window ends the process at once with status 1: the modal

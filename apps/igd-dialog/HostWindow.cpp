@@ -37,8 +37,8 @@ private:
 
 } // namespace
 
-HostWindow::HostWindow(std::string projectPath)
-    : projectPath_(std::move(projectPath)), standIn_(new fluxui::ui::OS_Window(nullptr)),
+HostWindow::HostWindow(std::string projectPath, Fnd::WString defaultBin)
+    : projectPath_(std::move(projectPath)), defaultBin_(std::move(defaultBin)), standIn_(new fluxui::ui::OS_Window(nullptr)),
       bins_(new QTreeWidget), ingest_(new QPushButton(tr("Ingest…"))), progressLine_(new QLabel),
       progressBar_(new QProgressBar), outcome_(new QListWidget), batch_([this] { ShowBatch(); }) {
     const QString projectName = qt::ToQString(Mid::GetProject()->GetName());
@@ -46,7 +46,7 @@ HostWindow::HostWindow(std::string projectPath)
     auto& standIn = static_cast<fluxui::ui::OS_Window&>(*standIn_);
     standIn.SetTitle(qt::FromQString(windowTitle()));
 
-    bins_->setHeaderLabels({tr("Name"), tr("Format")});
+    bins_->setHeaderLabels({tr("Name"), tr("File")});
     bins_->header()->setStretchLastSection(false);
     bins_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     ingest_->setObjectName(QStringLiteral("ingest"));
@@ -85,7 +85,7 @@ HostWindow::~HostWindow() {
 Fnd::WString HostWindow::ChosenBin() const {
     const QList<QTreeWidgetItem*> chosen = bins_->selectedItems();
     if (chosen.isEmpty())
-        return {};
+        return defaultBin_;
     return qt::FromQString(chosen.front()->data(0, kBinRole).toString());
 }
 
@@ -112,7 +112,7 @@ void HostWindow::RefreshBins() {
         auto* binItem = new QTreeWidgetItem({bin.empty() ? projectName : qt::ToQString(bin)});
         binItem->setData(0, kBinRole, qt::ToQString(bin));
         for (const Proj::ProjectItem& item : project->Items(&bin)) {
-            auto* row = new QTreeWidgetItem(binItem, {qt::ToQString(item.name), qt::ToQString(item.format)});
+            auto* row = new QTreeWidgetItem(binItem, {qt::ToQString(item.name), qt::ToQString(item.path)});
             row->setData(0, kBinRole, qt::ToQString(bin));
             row->setToolTip(0, qt::ToQString(item.path));
         }

@@ -19,11 +19,12 @@ namespace igd::dialog {
 
 class HostWindow : public QMainWindow {
 public:
-    // projectPath is the project file the window shows and ingests into.
-    explicit HostWindow(std::string projectPath);
+    // projectPath is the project file the window shows and ingests into; defaultBin the bin an
+    // ingest goes to while nothing is chosen in the tree ("" the root bin).
+    explicit HostWindow(std::string projectPath, Fnd::WString defaultBin = {});
     ~HostWindow() override;
 
-    // The bin chosen in the tree: a bin, or the bin of a chosen item; "" (the root) when none.
+    // The bin chosen in the tree: a bin, or the bin of a chosen item; the default bin when none.
     Fnd::WString ChosenBin() const;
     // What the Ingest button does: the dialog for the chosen bin, then the batch it started.
     void Ingest();
@@ -44,6 +45,7 @@ private:
     void ShowBatch();
 
     std::string projectPath_;
+    Fnd::WString defaultBin_;
     fluxui::ui::UI_NodeRef standIn_;
     QTreeWidget* bins_;
     QPushButton* ingest_;

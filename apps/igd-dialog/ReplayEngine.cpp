@@ -126,6 +126,14 @@ void ReplayEngine::Tick() {
         case StepKind::Choose:
             Choose(step, front);
             break;
+        case StepKind::Title:
+            // A caption may change a moment after the window opens, when an answer arrives.
+            if (WindowTitle(front.widget) != step.text) {
+                if (settledClock_.elapsed() > options_.controlLimitMs)
+                    Fail(step, "the window in front is titled \"" + WindowTitle(front.widget) + "\"");
+                return;
+            }
+            break;
         case StepKind::Dump:
             if (front.tree)
                 for (const std::string& line : DescribeControls(*front.tree))
@@ -149,7 +157,8 @@ void ReplayEngine::Tick() {
 bool ReplayEngine::StepReady(const ReplayStep& step, const Front& front) {
     const bool wantsBox = step.kind == StepKind::Answer;
     const bool wantsFileDialog = step.kind == StepKind::Choose;
-    const bool anyWindow = step.kind == StepKind::Screenshot || step.kind == StepKind::Quit;
+    const bool anyWindow =
+        step.kind == StepKind::Screenshot || step.kind == StepKind::Title || step.kind == StepKind::Quit;
     if ((wantsBox && !front.isBox) || (wantsFileDialog && !front.isFileDialog)) {
         if (stepClock_.elapsed() > options_.boxLimitMs)
             Fail(step, std::string("no ") + (wantsBox ? "message box" : "file dialog") + " came; in front is \"" +

@@ -18,7 +18,7 @@ struct StepSpec {
     Words words;
 };
 
-constexpr std::array<StepSpec, 13> kSteps{{
+constexpr std::array<StepSpec, 14> kSteps{{
     {StepKind::Ingest, "ingest", Words::None},
     {StepKind::Browse, "browse", Words::Rest},
     {StepKind::Tick, "tick", Words::Rest},
@@ -29,6 +29,7 @@ constexpr std::array<StepSpec, 13> kSteps{{
     {StepKind::Answer, "answer", Words::Rest},
     {StepKind::Choose, "choose", Words::Rest},
     {StepKind::Screenshot, "screenshot", Words::Rest},
+    {StepKind::Title, "title", Words::Rest},
     {StepKind::WaitBatch, "wait-batch", Words::None},
     {StepKind::Dump, "dump", Words::None},
     {StepKind::Quit, "quit", Words::None},

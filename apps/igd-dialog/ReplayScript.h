@@ -18,6 +18,7 @@ enum class StepKind {
     Answer,     // press the button of that text in the next message box
     Choose,     // choose PATH in the next file or folder dialog
     Screenshot, // write the window in front to FILE
+    Title,      // until the window in front has this title
     WaitBatch,  // until the batch that was started has ended; fails if anything failed
     Dump,       // print the controls of the window in front, for whoever writes a replay
     Quit,

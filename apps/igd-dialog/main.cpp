@@ -1,6 +1,6 @@
 // igd-dialog: the desktop host of the library's dialogs.
 //
-//     igd-dialog [--project FILE] [--replay FILE [--screenshot DIR]]
+//     igd-dialog [--project FILE] [--bin NAME] [--replay FILE [--screenshot DIR]]
 //                                               a host window over the project, with an Ingest
 //                                               button; a replay drives it and its dialogs
 //     igd-dialog --gallery                      a window showing every layout, live
@@ -52,6 +52,7 @@ int main(int argc, char** argv) {
     std::string vaultServer;
     std::string projectPath;
     std::string replayPath;
+    std::string bin;
     cli.add_flag("--gallery", gallery, "Open a window that shows each layout built from the archive");
     cli.add_option("--screenshot", screenshotDirectory,
                    "With --gallery: render each layout offscreen to DIR/<layout>.png and exit; with "
@@ -81,6 +82,9 @@ int main(int argc, char** argv) {
     cli.add_option("--project", projectPath, "The project the host window shows and ingests into (default: "
                                              "$IGD_HOME/project.igdproj, created when absent)")
         ->type_name("FILE");
+    cli.add_option("--bin", bin, "The bin the host window ingests into while none is chosen in its tree (default: "
+                                 "the root bin)")
+        ->type_name("NAME");
     cli.add_option("--replay", replayPath,
                    "Drive the host window, or the --settings window, and their dialogs by the steps of FILE")
         ->type_name("FILE");
@@ -142,7 +146,7 @@ int main(int argc, char** argv) {
 
     int status = 0;
     if (host) {
-        status = igd::dialog::RunHost(projectPath, replay, replayOptions);
+        status = igd::dialog::RunHost(projectPath, Fnd::FromUTF8(bin), replay, replayOptions);
     } else if (settings) {
         status = igd::dialog::RunSettingsWindow(width, height,
                                                 replay.empty() ? QString::fromStdString(screenshotDirectory) : QString(),

@@ -308,6 +308,11 @@ void NodePresenter::UI_NodeChanged(UI_Node& node, NodeChange change) {
             closeHandler_();
         return;
     }
+    // A window's caption belongs to the Qt window that shows it, which may be put up around the
+    // root widget after the tree was presented.
+    if (change == NodeChange::Appearance && &node == root_.get())
+        if (const auto* window = dynamic_cast<const fluxui::ui::OS_Window*>(&node))
+            rootWidget_->window()->setWindowTitle(ToQString(window->GetTitle()));
     const auto found = entries_.find(&node);
     if (found == entries_.end())
         return; // not presented (yet): its parent's Children change will build it whole

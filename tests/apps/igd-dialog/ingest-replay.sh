@@ -17,7 +17,7 @@ unset QT_QPA_PLATFORM
 # The shipped metadata panel, turned on as a user turns it on.
 mkdir -p "$IGD_HOME/panels"
 cp -r "$here/../../../resources/panels/minimum-metadata" "$IGD_HOME/panels/"
-(cd "$work" && xvfb-run -a -s "-screen 0 1600x1000x24" "$dialog" --replay "$here/ingest.replay" --screenshot shots)
+(cd "$work" && xvfb-run -a -s "-screen 0 1600x1000x24" "$dialog" --bin "Day 1" --replay "$here/ingest.replay" --screenshot shots)
 
 fail() { echo "$*" >&2; exit 1; }
 for shot in 01-host 02-cards 03-ticked 04-options 05-panel 06-panel-filled 07-host-after; do
@@ -39,7 +39,7 @@ for clip in C0001 C0002 C0003; do
 done
 listing=$("$igd" project ls "$IGD_HOME/project.igdproj")
 grep -q "^project .*: 3 items" <<<"$listing" || fail "the project does not hold three items: $listing"
-for name in C0001_001 C0002_002 C0003_003; do
-    grep -q "^  $name\$" <<<"$listing" || fail "no item $name in the root bin: $listing"
-done
+# The items of the bin named "Day 1": the lines indented by two between its heading and the next.
+in_bin=$(awk '/^[^ ]/ { bin = $0 } /^  [^ ]/ && bin == "bin Day 1" { print $1 }' <<<"$listing")
+[ "$in_bin" = $'C0001_001\nC0002_002\nC0003_003' ] || fail "the bin Day 1 holds '$in_bin': $listing"
 echo "screenshots: $work/shots"
