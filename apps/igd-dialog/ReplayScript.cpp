@@ -12,13 +12,13 @@ namespace {
 // followed by a value that runs to the end of the line.
 enum class Words { None, Rest, ControlAndRest, Control };
 
-struct StepSpec {
+struct StepForm {
     StepKind kind;
     const char* name;
     Words words;
 };
 
-constexpr std::array<StepSpec, 14> kSteps{{
+constexpr std::array<StepForm, 14> kSteps{{
     {StepKind::Ingest, "ingest", Words::None},
     {StepKind::Browse, "browse", Words::Rest},
     {StepKind::Tick, "tick", Words::Rest},
@@ -52,11 +52,11 @@ std::pair<std::string, std::string> SplitWord(const std::string& text) {
 
 ReplayStep ParseLine(int number, const std::string& line) {
     auto [verb, rest] = SplitWord(line);
-    for (const StepSpec& spec : kSteps) {
-        if (verb != spec.name)
+    for (const StepForm& form : kSteps) {
+        if (verb != form.name)
             continue;
-        ReplayStep step{number, spec.kind, {}, {}};
-        switch (spec.words) {
+        ReplayStep step{number, form.kind, {}, {}};
+        switch (form.words) {
         case Words::None:
             if (!rest.empty())
                 throw ReplayScriptError(number, verb + " takes nothing after it, not \"" + rest + "\"");
@@ -112,9 +112,9 @@ std::vector<ReplayStep> ReadReplayScript(const std::string& path) {
 }
 
 const char* StepName(StepKind kind) {
-    for (const StepSpec& spec : kSteps)
-        if (spec.kind == kind)
-            return spec.name;
+    for (const StepForm& form : kSteps)
+        if (form.kind == kind)
+            return form.name;
     return "?";
 }
 

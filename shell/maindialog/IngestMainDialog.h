@@ -32,6 +32,8 @@ public:
     bool UI_WantsKeyboardFocus() const override { return true; }
     void UI_SizeChanged(const fluxcore::geom::RectF& localRect) override;
     void DefaultCloseCancel() override;
+    // The close box asks as Cancel does, once.
+    void CloseByUser() override { DefaultCloseCancel(); }
     void ListenToMessage(const Fnd::StationID& station, const Fnd::Message& message) override;
 
     IngestTopView* GetTopView() const { return topView_.get(); }
