@@ -7,6 +7,7 @@
 #include "IGD/MinimumMetadataApi.h"
 #include "Proj/PreferenceAccess.h"
 #include "QL/IngestMessages.h"
+#include "pipeline/entry/IngestRequest.h"
 #include "panels/ShowMinimumMetadataPanel.h"
 
 namespace IGD {
@@ -28,9 +29,8 @@ struct FinishedListener : Fnd::Listener {
 std::vector<Fnd::WString> ItemPaths(const std::vector<IngestDialogDataRef>& sessions) {
     std::vector<Fnd::WString> paths;
     for (const IngestDialogDataRef& session : sessions) {
-        const Fnd::WString root = session->GetSourceRoot();
-        for (const SelectedItemRef& item : session->GetSelectedItems())
-            paths.push_back(item->GetFullItemPath(root));
+        const std::vector<Fnd::WString> ofSession = FullItemPaths(*session);
+        paths.insert(paths.end(), ofSession.begin(), ofSession.end());
     }
     return paths;
 }

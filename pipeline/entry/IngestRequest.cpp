@@ -1,5 +1,7 @@
 #include "pipeline/entry/IngestRequest.h"
 
+#include "pipeline/entry/IngestFailure.h"
+
 #include "Fnd/PathUtils.h"
 #include "QL/RoughCut.h"
 #include "fluxcore/Guid.h"
@@ -20,22 +22,11 @@ using fluxcore::Localize;
 
 constexpr int kErrorIcon = 16;
 
-bool ShowIngestFailure(std::string_view message) {
-    AppFrame::MessageBoxW(
-        Localize(message),
-        Localize("$$$/Quillon/Libraries/IngestDialog/IngestDialogErrorTitle=Ingest Failure"),
-        AppFrame::kMessageBoxOK, kErrorIcon, AppFrame::kResultOK);
-    return false;
-}
-
 bool RefuseCounterOverflow(std::uint32_t startNumber) {
-    AppFrame::MessageBoxW(
+    return ShowIngestFailure(
         Localize("$$$/Quillon/Libraries/IngestDialog/CounterOverflowError=The counter starts at @0 and "
                  "would pass 4294967295, the largest number it can hold. Please set a lower start number.",
-                 {Fnd::ToDecimal(std::max<std::uint32_t>(startNumber, 1))}),
-        Localize("$$$/Quillon/Libraries/IngestDialog/IngestDialogErrorTitle=Ingest Failure"),
-        AppFrame::kMessageBoxOK, kErrorIcon, AppFrame::kResultOK);
-    return false;
+                 {Fnd::ToDecimal(std::max<std::uint32_t>(startNumber, 1))}));
 }
 
 bool IsOldFormatRoughCut(const Fnd::WString& path) {
@@ -67,8 +58,8 @@ bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent,
         return false;
     if (session.GetSelectedItems().empty())
         return ShowIngestFailure(
-            "$$$/Quillon/Libraries/IngestDialog/IngestDialogNoSourceSelectedError=Please select a file for "
-            "ingest.");
+            Localize("$$$/Quillon/Libraries/IngestDialog/IngestDialogNoSourceSelectedError=Please select a file "
+                     "for ingest."));
     ComputeApplyFlags(session);
     if (session.IsRenameEnabled() &&
         !NextStartNumber(startNumber, std::uint64_t{firstCounter} - 1 + RenameCounterStep(session)))
@@ -84,9 +75,17 @@ bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent,
         return true;
     const DestinationList destinations = session.GetDestinations();
     if (destinations.empty())
-        return ShowIngestFailure("$$$/Quillon/Libraries/IngestDialog/IngestDialogNoDestinationError=Please "
-                                 "select a destination.");
+        return ShowIngestFailure(Localize(
+            "$$$/Quillon/Libraries/IngestDialog/IngestDialogNoDestinationError=Please select a destination."));
     return RunPreflightChain(session.GetSourceRoot(), items, destinations);
+}
+
+std::vector<Fnd::WString> FullItemPaths(const IIngestDialogData& session) {
+    std::vector<Fnd::WString> paths;
+    const Fnd::WString root = session.GetSourceRoot();
+    for (const SelectedItemRef& item : session.GetSelectedItems())
+        paths.push_back(item->GetFullItemPath(root));
+    return paths;
 }
 
 bool CompleteIngestRequest(IIngestDialogData& session, const QL::MinimumMetadataResult& minimumMetadata) {

@@ -3,6 +3,7 @@
 // plan over: the checks that may stop it, the names, the new clip ids and the copy decisions. The
 // dialog runs it, and so does a host that ingests without one, so that both refuse and ask alike.
 #include <cstdint>
+#include <vector>
 
 #include "Fnd/Date.h"
 #include "IGD/IIngestDialogData.h"
@@ -20,6 +21,9 @@ namespace IGD {
 // counter fields start at startNumber, the settings' start number.
 bool CheckIngestRequest(IIngestDialogData& session, fluxui::ui::UI_Node* parent, Fnd::Date now,
                         std::uint32_t firstCounter, std::uint32_t startNumber);
+
+// The full paths of the session's items, in order: the files a minimum-metadata panel describes.
+std::vector<Fnd::WString> FullItemPaths(const IIngestDialogData& session);
 
 // After the minimum metadata is known: the custom data (with the metadata template's values when
 // it is on) and the copy decisions go into the session. False when the user gave up at a target

@@ -19,6 +19,7 @@
 #include "fluxui/Messagebox.h"
 #include "fluxui/controls/UI_TextEdit.h"
 #include "pipeline/entry/AdvanceRenameCounter.h"
+#include "pipeline/entry/IngestFailure.h"
 #include "pipeline/entry/IngestRequest.h"
 #include "settings/IngestSettingsController.h"
 #include "shell/maindialog/IngestDialogKeys.h"
@@ -53,12 +54,6 @@ float ValidateSplit(float percent) {
     if (percent <= ToPercent(kLowestSplit))
         return ToPercent(kLowestSplit);
     return percent;
-}
-
-void ShowIngestFailure(std::string_view message) {
-    AppFrame::MessageBoxW(Localize(message),
-                          Localize("$$$/Quillon/Libraries/IngestDialog/IngestDialogErrorTitle=Ingest Failure"),
-                          AppFrame::kMessageBoxOK, kErrorIcon, AppFrame::kResultOK);
 }
 
 fluxcore::geom::PointF ScaleOf(const fluxui::ui::OS_Window* parent) {
@@ -184,8 +179,8 @@ void IngestMainDialog::ListenToMessage(const Fnd::StationID& station, const Fnd:
 void IngestMainDialog::OnImportMedia() {
     AppFrame::DocumentManager* documents = AppFrame::DocumentManager::Instance();
     if (documents && documents->GetCurrentDocumentPath() != projectPath_) {
-        ShowIngestFailure("$$$/Quillon/Libraries/IngestDialog/IngestProjectPathChangedError=The target "
-                          "Project/Production has changed. Please re-open the ingest dialog and try again.");
+        ShowIngestFailure(Localize("$$$/Quillon/Libraries/IngestDialog/IngestProjectPathChangedError=The target "
+                                   "Project/Production has changed. Please re-open the ingest dialog and try again."));
         return;
     }
     session_->Reset();
@@ -194,11 +189,7 @@ void IngestMainDialog::OnImportMedia() {
     topView_->Gather(*session_);
     if (!CheckIngestRequest(*session_, this, Fnd::Date::Now(), 1, settings->GetUserDefAutoIncStartNumber()))
         return;
-    std::vector<Fnd::WString> paths;
-    const Fnd::WString root = session_->GetSourceRoot();
-    for (const SelectedItemRef& item : session_->GetSelectedItems())
-        paths.push_back(item->GetFullItemPath(root));
-    metadataDialog_ = DoMinimumMetadataDialog(paths);
+    metadataDialog_ = DoMinimumMetadataDialog(FullItemPaths(*session_));
     // The button must not start a second ingest while the panel asks for the first one's metadata.
     if (metadataDialog_)
         UI_SetDisabled(true);
