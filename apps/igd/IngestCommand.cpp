@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "Assignment.h"
 #include "CardsCommand.h"
 #include "CommandChoices.h"
 #include "CommandLinePaths.h"
@@ -169,12 +170,12 @@ int RunIngest(const IngestOptions& options) {
     run.setAsideUnreadableJournal = true;
     PanelValues panelValues;
     for (const std::string& value : options.panelValues) {
-        const std::size_t equals = value.find('=');
-        if (equals == std::string::npos || equals == 0) {
+        const auto split = SplitAssignment(value);
+        if (!split) {
             std::cerr << "igd: --panel takes KEY=VALUE, not \"" << value << "\"\n";
             return kExitBadInput;
         }
-        panelValues[value.substr(0, equals)] = value.substr(equals + 1);
+        panelValues[split->first] = split->second;
     }
     const TerminalQuestions questions(options.onConflict, std::move(panelValues));
     std::vector<IGD::IngestDialogDataRef> sessions = IGD::GatherIngestSources(IGD::DistinctIngestSources(sources));

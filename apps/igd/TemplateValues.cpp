@@ -1,15 +1,17 @@
 #include "TemplateValues.h"
 
+#include "Assignment.h"
+
 namespace igd {
 
 std::string SetTemplateValues(const std::vector<std::string>& assignments,
                               const std::vector<IGD::PresetRef>& templates) {
     for (const std::string& assignment : assignments) {
-        const std::size_t equals = assignment.find('=');
-        if (equals == std::string::npos || equals == 0)
+        const auto split = SplitAssignment(assignment);
+        if (!split)
             return "--set wants KEY=VALUE, not \"" + assignment + "\"";
-        const Fnd::WString key = Fnd::FromUTF8(assignment.substr(0, equals));
-        const Fnd::WString value = Fnd::FromUTF8(assignment.substr(equals + 1));
+        const Fnd::WString key = Fnd::FromUTF8(split->first);
+        const Fnd::WString value = Fnd::FromUTF8(split->second);
         bool found = false;
         for (const IGD::PresetRef& preset : templates) {
             if (!preset)
@@ -22,7 +24,7 @@ std::string SetTemplateValues(const std::vector<std::string>& assignments,
             }
         }
         if (!found)
-            return "no field of the chosen templates has the key \"" + assignment.substr(0, equals) + "\"";
+            return "no field of the chosen templates has the key \"" + split->first + "\"";
     }
     return {};
 }
